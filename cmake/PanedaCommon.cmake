@@ -1,0 +1,54 @@
+# What every target of the project shares: the language level, warnings, strict Qt and sanitizers,
+# on one interface target that each library links.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+add_library(paneda_common INTERFACE)
+target_include_directories(paneda_common INTERFACE "${PROJECT_SOURCE_DIR}/src")
+target_compile_options(paneda_common INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    $<$<BOOL:${PANEDA_WARNINGS_AS_ERRORS}>:-Werror>)
+target_compile_definitions(paneda_common INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII
+    QT_NO_URL_CAST_FROM_STRING
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_CONTEXTLESS_CONNECT
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+    QT_NO_FOREACH
+    QT_NO_KEYWORDS
+    QT_USE_QSTRINGBUILDER
+    QT_STRICT_ITERATORS
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(PANEDA_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(PANEDA_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# One static library per folder of src/. The source list is explicit; what it may use is its link list.
+function(paneda_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+    add_library(paneda_${name} STATIC ${arg_SOURCES})
+    target_link_libraries(paneda_${name} PUBLIC paneda_common ${arg_LINK})
+    set_target_properties(paneda_${name} PROPERTIES OUTPUT_NAME ${name} AUTOMOC ON AUTOUIC ON)
+endfunction()
+
+# A Qt Test program of one source, registered with ctest under its file name.
+function(paneda_test name)
+    cmake_parse_arguments(arg "" "LABEL" "SOURCES;LINK" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE Qt6::Test paneda_test_support ${arg_LINK})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 120)
+    if(arg_LABEL)
+        set_tests_properties(${name} PROPERTIES LABELS "${arg_LABEL}")
+    endif()
+endfunction()

@@ -1,0 +1,96 @@
+#include "core/file_io.h"
+
+#include "core/text_rules.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace paneda {
+
+namespace {
+
+QStringList ListNames(const QString& folder, QDir::Filters filters) {
+    QStringList names;
+    QDirIterator entries(folder, filters | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        entries.next();
+        const QString name = entries.fileName();
+        if (!name.contains(u'\\'))
+            names.append(name);
+    }
+    std::sort(names.begin(), names.end(),
+              [](const QString& a, const QString& b) { return CompareText(a, b) < 0; });
+    return names;
+}
+
+tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
+    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
+}
+
+} // namespace
+
+QString FileError::Text() const {
+    return Path + QStringLiteral(": ") + Reason;
+}
+
+QString FailureText(const std::vector<FileError>& failures) {
+    QStringList lines;
+    for (const FileError& failure : failures)
+        lines.append(failure.Text());
+    return lines.join(u'\n');
+}
+
+QString FindEntry(const QString& folder, const QString& name) {
+    const QString exact = QDir(folder).filePath(name);
+    if (QFileInfo::exists(exact))
+        return exact;
+    const QStringList names = ListNames(folder, QDir::AllEntries | QDir::Hidden | QDir::System);
+    const auto found = std::find_if(names.begin(), names.end(),
+                                    [&name](const QString& entry) { return SameName(entry, name); });
+    return found == names.end() ? exact : QDir(folder).filePath(*found);
+}
+
+tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 limit) {
+    const QFileInfo info(path);
+    if (!info.exists())
+        return Failure(path, QStringLiteral("The file does not exist."));
+    if (!info.isFile())
+        return Failure(path, QStringLiteral("This is not a file."));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return Failure(path, file.errorString());
+    const QByteArray bytes = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError)
+        return Failure(path, file.errorString());
+    if (bytes.size() > limit)
+        return Failure(path, QStringLiteral("The file is larger than %1 bytes.").arg(limit));
+    return bytes;
+}
+
+FileResult ReplaceFile(const QString& path, const QByteArray& bytes) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        return Failure(path, file.errorString());
+    return {};
+}
+
+FileResult MakeFolder(const QString& path) {
+    if (QFileInfo(path).isDir() || QDir().mkdir(path))
+        return {};
+    return Failure(path, QStringLiteral("The folder cannot be created."));
+}
+
+QStringList ListFolders(const QString& folder) {
+    return ListNames(folder, QDir::Dirs);
+}
+
+QStringList ListFiles(const QString& folder) {
+    return ListNames(folder, QDir::Files);
+}
+
+} // namespace paneda

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <tl/expected.hpp>
+
+#include <vector>
+
+namespace paneda {
+
+// Why a file could not be read or written.
+struct FileError {
+    QString Path;
+    QString Reason;
+
+    // One line for the user: the path and the reason.
+    QString Text() const;
+};
+
+using FileResult = tl::expected<void, FileError>;
+
+// A list of failures as one text, a line each.
+QString FailureText(const std::vector<FileError>& failures);
+
+// The path of the entry of `folder` that has this name in any case of letters. An exact match wins, then the
+// first in byte order. Where there is none: the folder and the name as given.
+QString FindEntry(const QString& folder, const QString& name);
+
+// Whole contents of a regular file. Fails when it does not exist, is no regular file (a pipe would block), is
+// larger than `limit` bytes, or cannot be read.
+tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 limit);
+
+// Replaces a file whole: a temporary file beside it, flushed to the disk, then renamed over it. On failure
+// the old file stays as it was.
+FileResult ReplaceFile(const QString& path, const QByteArray& bytes);
+
+// Makes one folder; a folder that exists is no failure.
+FileResult MakeFolder(const QString& path);
+
+// Names of the folders (files) in a folder, in byte order, without hidden ones. A folder that cannot be read
+// has none. Left out are names that hold a backslash, which the stored form of a path cannot tell from a
+// separator, and names whose bytes are not valid in the file system's encoding.
+QStringList ListFolders(const QString& folder);
+QStringList ListFiles(const QString& folder);
+
+} // namespace paneda

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+namespace paneda {
+
+// A value is cut to this many characters when it is read.
+inline constexpr int kMaxIniValue = 254;
+
+// The text of an INI file with the semantics of Windows profile files.
+//
+// Layout: lines that end in CR LF, LF or CR. "[name]" opens a section, up to the last "]" of the line;
+// "key=value" is a key of the section above it; a line that begins with ";" is a comment; every other line is
+// kept and ignored. Sections and keys compare without regard to case; of several with one name the first
+// counts. Blanks around section, key and value are dropped, and so is a pair of quotes (" or ') around a
+// value. A value ends at a NUL.
+//
+// A text is UTF-8, with or without a mark at its begin; one that is not valid UTF-8 is Windows-1252.
+class IniText {
+public:
+    IniText() = default;
+    explicit IniText(QByteArray bytes);
+
+    // The value of a key, at most kMaxIniValue characters; empty if there is none.
+    QString Value(QStringView section, QStringView key) const;
+
+    // Changes the line of this key, or adds it behind the last line of the section, or adds the section at
+    // the end. All other bytes stay. Line breaks in the value become blanks. A value that Windows-1252 cannot
+    // express turns a text of that encoding into UTF-8, since nothing else would keep every character.
+    void SetValue(QStringView section, QStringView key, QStringView value);
+
+    const QByteArray& Bytes() const { return bytes_; }
+
+private:
+    // The bytes behind a section's heading line, up to the next heading.
+    struct Span {
+        qsizetype Begin = 0;
+        qsizetype End = 0;
+    };
+
+    void IndexSections();
+    void SetInSection(const Span& span, QStringView key, const QString& entry);
+    void AddLines(qsizetype at, const QStringList& lines);
+    void TurnIntoUtf8();
+    const Span* FindSection(QStringView section) const;
+    QString Decode(QByteArrayView bytes) const;
+    QByteArray Encode(const QString& text) const;
+    QByteArray LineEnd() const;
+
+    QByteArray bytes_;
+    bool utf8_ = true;
+    QHash<QString, Span> sections_;
+};
+
+} // namespace paneda

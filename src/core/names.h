@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+namespace paneda {
+
+class Prompts;
+
+// Names in the folder store: "[NNN] <title>" for a folder, "[NNN] <title> [<style>].<extension>" for a
+// button file. The prefix only makes the text order of names the wished one.
+
+// The name without its order prefix, and without the style tag if there is one; the extension stays.
+// "[003] Notepad [x].LNK" gives "Notepad.LNK".
+QString StripOrderPrefix(const QString& text);
+
+// What stands between the last "[" and the last "]." of a file name: the style code. Empty if none.
+QString TagOf(const QString& name);
+
+// What follows the last ".", at most 999 characters; the whole name if it holds no ".".
+QString ExtensionOf(const QString& name);
+
+// The name before its last "."; the whole name if it holds none.
+QString WithoutExtension(const QString& name);
+
+// WithoutExtension for a name that ends in .LNK in any case, else the name.
+QString WithoutLnk(const QString& name);
+
+// Characters that no file name may hold are replaced by "-". Square brackets stay.
+QString SafeFileName(const QString& text);
+
+// The title of a category or group on the panel: what stands behind the first "]", trimmed.
+QString TitleBehindPrefix(const QString& folderName);
+
+// The caption of a button: its file name without prefix, style tag and extension.
+QString ButtonCaption(const QString& fileName);
+
+// "[001] <title>" for position 1: at least three digits, more past 999.
+QString NumberedName(int position, const QString& title);
+
+// Whether the extension is that of a picture, which serves as a button's picture and is no button itself.
+bool IsImageExtension(const QString& extension);
+
+// Nothing is excepted from the duplicate test of ValidateName.
+inline constexpr int kNoException = 99999;
+
+// Why a new title is refused, as told to the user; empty when it is accepted. The duplicate test looks at no
+// case and leaves out titles[exceptIndex]. An empty name is accepted.
+QString NameProblem(const QString& name, const QStringList& titles, int exceptIndex);
+
+// True means refused, after the user has been told why.
+bool ValidateName(const QString& name, const QStringList& titles, int exceptIndex, Prompts& prompts);
+
+} // namespace paneda

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace paneda {
+
+// Questions and notices to the user. The windows show them; a test answers them and reads their texts.
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+
+    // A message with OK alone. An empty title stands for the product's name.
+    virtual void Notice(const QString& text, const QString& title = {}) = 0;
+
+    // A Yes and No question; No is the default button. True for Yes.
+    virtual bool Confirm(const QString& text, const QString& title) = 0;
+};
+
+} // namespace paneda
