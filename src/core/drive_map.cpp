@@ -29,18 +29,24 @@ bool LiesIn(const QString& path, const QString& root) {
 
 } // namespace
 
-DriveMap DriveMap::FromMountPoints(QStringList mountPoints) {
-    DriveMap map;
-    map.hostHasLetters_ = false;
-    map.volumes_.push_back({u'C', QStringLiteral("/")});
+void DriveMap::UseMountPoints(QStringList mountPoints) {
+    hostHasLetters_ = false;
+    if (volumes_.empty())
+        volumes_.push_back({u'C', QStringLiteral("/")});
     std::sort(mountPoints.begin(), mountPoints.end(),
               [](const QString& a, const QString& b) { return CompareText(a, b) < 0; });
-    mountPoints.erase(std::unique(mountPoints.begin(), mountPoints.end()), mountPoints.end());
-    char16_t letter = u'D';
     for (const QString& mountPoint : mountPoints) {
-        if (IsBelowMediaFolder(mountPoint) && letter <= u'Z')
-            map.volumes_.push_back({letter++, mountPoint});
+        const char16_t letter = char16_t(volumes_.back().Letter + 1);
+        const bool known = std::any_of(volumes_.begin(), volumes_.end(),
+                                       [&](const Volume& volume) { return volume.Root == mountPoint; });
+        if (IsBelowMediaFolder(mountPoint) && !known && letter <= u'Z')
+            volumes_.push_back({letter, mountPoint});
     }
+}
+
+DriveMap DriveMap::FromMountPoints(const QStringList& mountPoints) {
+    DriveMap map;
+    map.UseMountPoints(mountPoints);
     return map;
 }
 

@@ -20,10 +20,13 @@ public:
     // A host with drive letters of its own: the stored form is the host's form.
     DriveMap() = default;
 
-    // A host with one root folder. `C:` is that root; each mount point below /media, /run/media and /mnt
-    // takes the next letter from `D:` in byte order of paths. Those that find no letter left are reached
-    // through `C:`.
-    static DriveMap FromMountPoints(QStringList mountPoints);
+    // Makes this the map of a host with one root folder. `C:` is that root; each mount point below /media,
+    // /run/media and /mnt takes the next letter from `D:` in byte order of paths. Those that find no letter
+    // left are reached through `C:`. A volume that the map has from an earlier call keeps its letter, mounted
+    // or not.
+    void UseMountPoints(QStringList mountPoints);
+
+    static DriveMap FromMountPoints(const QStringList& mountPoints);
 
     // The host path of a stored one, with forward slashes. A text that begins with "/" is a host path already
     // and comes back as it stands. A path without drive lies on the drive of `app`, a relative one below

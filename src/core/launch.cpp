@@ -9,6 +9,7 @@ namespace paneda {
 
 namespace {
 
+constexpr QStringView kDriveWord = u"Drive ";
 const QString kSection = QStringLiteral("Properties");
 
 LaunchRequest DriveRequest(const QString& path, const QString& appPath) {
@@ -91,9 +92,14 @@ AfterLaunch DecideAfterLaunch(MouseButton button, int shiftMask, bool hideAfterL
     return hides ? AfterLaunch::Hide : AfterLaunch::Stay;
 }
 
-QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath) {
+QString DriveText(const ButtonEntry& button, const QString& appPath) {
+    const QString text = button.Spare.mid(kDriveWord.size());
+    return text == u"9:" ? QString(appPath.left(1) + u':') : text;
+}
+
+QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath) {
     if (!button.Spare.isEmpty())
-        return button.Spare.mid(6);
+        return DriveText(button, appPath);
     const QString fileName = button.Path.sliced(button.Path.lastIndexOf(u'\\') + 1);
     const QString name = WithoutLnk(StripOrderPrefix(fileName));
     if (ButtonKind(button.Path) != u"PND")

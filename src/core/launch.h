@@ -68,7 +68,11 @@ bool LaunchesOn(MouseButton button);
 // setting.
 AfterLaunch DecideAfterLaunch(MouseButton button, int shiftMask, bool hideAfterLaunch);
 
-// Tool tip of a button: the description of a record, else its file name without prefix and style tag.
-QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath);
+// What a drive button stands for: "C:", the program's own drive for the one named 9.
+QString DriveText(const ButtonEntry& button, const QString& appPath);
+
+// Tool tip of a button: the description of a record, else its file name without prefix and style tag; of a
+// drive button, its drive.
+QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath);
 
 } // namespace paneda

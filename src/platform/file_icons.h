@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/opener.h"
+
+#include <QImage>
+#include <QString>
+
+namespace paneda {
+
+// The desktop's icons for files.
+class FileIcons {
+public:
+    virtual ~FileIcons() = default;
+
+    // The icon of a target as records hold it (stored form, host path or web address), `pixels` wide and high
+    // with alpha. A null image when the desktop has none, or when the target is gone.
+    virtual QImage IconOf(const QString& target, const LaunchPaths& paths, int pixels) = 0;
+};
+
+} // namespace paneda

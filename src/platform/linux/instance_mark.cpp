@@ -1,0 +1,45 @@
+#include "platform/linux/instance_mark.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace paneda {
+
+namespace {
+
+QString MarkPath(const QString& executablePath) {
+    const QFileInfo info(executablePath);
+    const QString path = info.canonicalFilePath().isEmpty() ? executablePath : info.canonicalFilePath();
+    const QByteArray hash =
+        QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex().first(16);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return QDir(folder.isEmpty() ? QDir::tempPath() : folder)
+        .filePath(QStringLiteral("paneda-%1.lock").arg(QLatin1StringView(hash)));
+}
+
+} // namespace
+
+InstanceMark::~InstanceMark() {
+    if (file_ >= 0)
+        ::close(file_);
+}
+
+bool InstanceMark::TryLock(const QString& executablePath) {
+    const QByteArray path = QFile::encodeName(MarkPath(executablePath));
+    // Not inherited: a launched program that outlives the panel must not hold its mark.
+    file_ = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (file_ < 0)
+        return true;
+    return ::flock(file_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+} // namespace paneda

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/instance_lock.h"
+
+namespace paneda {
+
+// A locked file in the user's run-time folder, named after the executable's path. The kernel drops the lock
+// with the process, so that a crash leaves no stale mark.
+class InstanceMark : public InstanceLock {
+public:
+    InstanceMark() = default;
+    ~InstanceMark() override;
+    Q_DISABLE_COPY_MOVE(InstanceMark)
+
+    bool TryLock(const QString& executablePath) override;
+
+private:
+    int file_ = -1;
+};
+
+} // namespace paneda

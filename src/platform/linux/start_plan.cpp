@@ -1,0 +1,180 @@
+#include "platform/linux/start_plan.h"
+
+#include "core/file_io.h"
+#include "core/ini_file.h"
+#include "core/names.h"
+#include "core/text_rules.h"
+#include "platform/linux/desktop_entry.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+namespace paneda {
+
+namespace {
+
+QString FirstInSearchPath(const QStringList& names) {
+    for (const QString& name : names) {
+        const QString path = QStandardPaths::findExecutable(name);
+        if (!path.isEmpty())
+            return path;
+    }
+    return {};
+}
+
+StartPlan OpenByDesktop(const QString& target, const QString& folder) {
+    const QString opener = FirstInSearchPath({QStringLiteral("xdg-open"), QStringLiteral("gio")});
+    if (opener.endsWith(QStringLiteral("/gio")))
+        return {opener, {QStringLiteral("open"), target}, folder};
+    return {opener, {target}, folder};
+}
+
+QString InTerminal(QStringList& arguments) {
+    const QString terminal =
+        FirstInSearchPath({QStringLiteral("x-terminal-emulator"), QStringLiteral("xterm"),
+                           QStringLiteral("konsole"), QStringLiteral("xfce4-terminal")});
+    arguments.prepend(QStringLiteral("-e"));
+    return terminal;
+}
+
+StartPlan PlanCommand(QStringList words, bool terminal, const QString& folder) {
+    if (words.isEmpty())
+        return {};
+    if (terminal) {
+        const QString program = InTerminal(words);
+        return {program, words, folder, true};
+    }
+    return {words.takeFirst(), words, folder, true};
+}
+
+// A folder that is gone must not keep the target from starting.
+QString ExistingFolder(const QString& stored, const LaunchPaths& paths, const QString& fallback) {
+    const QString host = FindTarget(stored, paths);
+    return QFileInfo(host).isDir() ? host : fallback;
+}
+
+StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const QString& folder) {
+    const DesktopEntry entry = ReadDesktopEntry(file);
+    if (entry.Type == u"Link")
+        return OpenByDesktop(entry.Url, folder);
+    // Where nothing else is told, a program starts at home rather than in the folder of application entries.
+    const QString own = QFileInfo(file).absolutePath();
+    const QString start = QDir(folder) == QDir(own) ? QDir::homePath() : folder;
+    const QString working = QFileInfo(entry.Path).isDir() ? entry.Path : start;
+    return PlanCommand(ExpandExec(entry, file, files), entry.Terminal, working);
+}
+
+StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
+    if (IsAddress(request.Target)) {
+        const bool bare = request.Target.startsWith(u"www.", Qt::CaseInsensitive);
+        return OpenByDesktop(bare ? QStringLiteral("http://") + request.Target : request.Target, {});
+    }
+    const QString target = FindTarget(request.Target, paths);
+    const QString folder = ExistingFolder(request.StartIn, paths, QFileInfo(target).absolutePath());
+    const QStringList arguments = QProcess::splitCommand(request.Parameter);
+    switch (KindOf(target)) {
+    case TargetKind::Missing:
+        return {};
+    case TargetKind::DesktopFile:
+        return PlanDesktopFile(target, arguments, folder);
+    case TargetKind::InternetShortcut:
+        return OpenByDesktop(ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), target),
+                             folder);
+    case TargetKind::Program:
+        return PlanCommand(QStringList(target) + arguments, false, folder);
+    case TargetKind::ShellScript:
+        return PlanCommand(QStringList{QStringLiteral("/bin/sh"), target} + arguments, false, folder);
+    case TargetKind::Folder:
+    case TargetKind::Document:
+        return OpenByDesktop(target, folder);
+    }
+    return {};
+}
+
+// The settings of a store that has been to another system may name "firefox.exe".
+StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
+    const QString program = FindTarget(request.Target, paths);
+    if (KindOf(program) == TargetKind::Program)
+        return {program, {request.Parameter}, {}, true};
+    const QString other = QStandardPaths::findExecutable(WithoutExtension(request.Target));
+    if (!other.isEmpty())
+        return {other, {request.Parameter}, {}, true};
+    return OpenByDesktop(request.Parameter, {});
+}
+
+QString WithoutRegardToCase(const QString& hostPath) {
+    QString found = QStringLiteral("/");
+    for (const QString& part : hostPath.split(u'/', Qt::SkipEmptyParts)) {
+        found = FindEntry(found, part);
+        if (!QFileInfo::exists(found))
+            return {};
+    }
+    return found;
+}
+
+} // namespace
+
+bool IsAddress(const QString& target) {
+    static const QRegularExpression address(QStringLiteral("^([a-z][a-z0-9+.-]+:|www\\.)"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    return target.contains(address);
+}
+
+TargetKind KindOf(const QString& hostPath) {
+    const QFileInfo info(hostPath);
+    if (hostPath.isEmpty() || !info.exists())
+        return TargetKind::Missing;
+    if (info.isDir())
+        return TargetKind::Folder;
+    const QString extension = info.suffix().toLower();
+    if (extension == u"desktop")
+        return TargetKind::DesktopFile;
+    if (extension == u"url")
+        return TargetKind::InternetShortcut;
+    if (!info.isExecutable() || !info.isFile())
+        return TargetKind::Document;
+    QFile file(hostPath);
+    const QByteArray begin = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
+    // A program that may be run and not be read is still one.
+    if (begin.isEmpty() && !info.isReadable())
+        return TargetKind::Program;
+    if (begin.startsWith("\x7F"
+                         "ELF") ||
+        begin.startsWith("#!"))
+        return TargetKind::Program;
+    return extension == u"sh" ? TargetKind::ShellScript : TargetKind::Document;
+}
+
+QString FindTarget(const QString& target, const LaunchPaths& paths) {
+    const QString host = paths.Drives.ToHost(target, paths.AppPath);
+    if (host.isEmpty() || QFileInfo::exists(host))
+        return host;
+    if (!target.contains(u'\\') && !target.contains(u'/')) {
+        const QString program = QStandardPaths::findExecutable(target);
+        if (!program.isEmpty())
+            return program;
+    }
+    return WithoutRegardToCase(host);
+}
+
+StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths) {
+    switch (request.What) {
+    case LaunchRequest::Action::Nothing:
+        return {};
+    case LaunchRequest::Action::OpenDrive: {
+        const QString root = paths.Drives.RootOf(request.Target.isEmpty() ? QChar() : request.Target[0]);
+        return root.isEmpty() ? StartPlan() : OpenByDesktop(root, root);
+    }
+    case LaunchRequest::Action::OpenTarget:
+        return PlanTarget(request, paths);
+    case LaunchRequest::Action::OpenBrowser:
+        return PlanBrowser(request, paths);
+    }
+    return {};
+}
+
+} // namespace paneda

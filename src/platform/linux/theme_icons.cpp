@@ -1,0 +1,91 @@
+#include "platform/linux/theme_icons.h"
+
+#include "platform/linux/desktop_entry.h"
+#include "platform/linux/start_plan.h"
+
+#include <QFileInfo>
+#include <QIcon>
+#include <QMimeDatabase>
+#include <QPixmap>
+
+namespace paneda {
+
+namespace {
+
+// Themes that a bare machine is likely to have, for a desktop that names none.
+void ChooseThemeOnce() {
+    static const bool chosen = [] {
+        if (QIcon::themeName().isEmpty() || QIcon::themeName() == u"hicolor")
+            QIcon::setThemeName(QStringLiteral("Adwaita"));
+        QIcon::setFallbackThemeName(QStringLiteral("hicolor"));
+        QIcon::setFallbackSearchPaths(QIcon::fallbackSearchPaths() << QStringLiteral("/usr/share/pixmaps"));
+        return true;
+    }();
+    Q_UNUSED(chosen)
+}
+
+QIcon FirstOf(const QStringList& names) {
+    for (const QString& name : names) {
+        const QIcon icon = QIcon::fromTheme(name);
+        if (!icon.isNull())
+            return icon;
+    }
+    return {};
+}
+
+QIcon EntryIcon(const QString& file) {
+    const QString name = ReadDesktopEntry(file).Icon;
+    if (name.startsWith(u'/'))
+        return QIcon(name);
+    return FirstOf({name, QFileInfo(name).completeBaseName(), QStringLiteral("application-x-executable")});
+}
+
+QIcon MimeIcon(const QString& file) {
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension);
+    return FirstOf({type.iconName(), type.genericIconName(), QStringLiteral("text-x-generic")});
+}
+
+QIcon ProgramIcon(const QString& file) {
+    return FirstOf({QFileInfo(file).completeBaseName(), QStringLiteral("application-x-executable"),
+                    QStringLiteral("system-run")});
+}
+
+QIcon AddressIcon() {
+    return FirstOf(
+        {QStringLiteral("text-html"), QStringLiteral("web-browser"), QStringLiteral("emblem-web")});
+}
+
+QIcon IconFor(const QString& text, const LaunchPaths& paths) {
+    if (IsAddress(text))
+        return AddressIcon();
+    const QString target = FindTarget(text, paths);
+    switch (KindOf(target)) {
+    case TargetKind::Missing:
+        return {};
+    case TargetKind::Folder:
+        return FirstOf({target == u"/" ? QStringLiteral("drive-harddisk") : QStringLiteral("folder"),
+                        QStringLiteral("folder"), QStringLiteral("inode-directory")});
+    case TargetKind::DesktopFile:
+        return EntryIcon(target);
+    case TargetKind::InternetShortcut:
+        return AddressIcon();
+    case TargetKind::Program:
+    case TargetKind::ShellScript:
+        return ProgramIcon(target);
+    case TargetKind::Document:
+        return MimeIcon(target);
+    }
+    return {};
+}
+
+} // namespace
+
+QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, int pixels) {
+    ChooseThemeOnce();
+    const QIcon icon = IconFor(target, paths);
+    if (icon.isNull())
+        return {};
+    return icon.pixmap(QSize(pixels, pixels), 1.0).toImage();
+}
+
+} // namespace paneda

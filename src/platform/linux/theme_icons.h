@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/file_icons.h"
+
+namespace paneda {
+
+// Icons by the MIME database and the icon theme; of a desktop entry, the icon that it names.
+class ThemeIcons : public FileIcons {
+public:
+    QImage IconOf(const QString& target, const LaunchPaths& paths, int pixels) override;
+};
+
+} // namespace paneda

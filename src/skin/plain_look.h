@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/panel_geometry.h"
+
+#include <QImage>
+#include <QRect>
+#include <QString>
+
+#include <functional>
+
+namespace paneda {
+
+// The built-in look of the panel: flat colours, the file's icon, its label. It needs no file.
+
+// Margins, header and bar height of the built-in look.
+PanelMetrics PlainMetrics();
+
+// Hot rectangles in the bottom margin, in pixels of the window.
+struct PlainChrome {
+    QRect Hide;
+    QRect Menu;
+};
+
+PlainChrome PlainChromeOf(const PanelGeometry& geometry);
+
+// Gives a button's icon at a size in pixels; a null image for none.
+using ButtonIconSource = std::function<QImage(const ButtonEntry&, int pixels)>;
+
+// The whole panel with one category opened, of the window's pixel size.
+QImage PaintPlainPanel(const CatalogueList& catalogue, const PanelGeometry& geometry,
+                       const OpenedCategory& opened, const ButtonIconSource& icons);
+
+} // namespace paneda

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/panel_geometry.h"
+
+#include <QPoint>
+#include <QRect>
+
+#include <vector>
+
+namespace paneda {
+
+// A place of the panel that answers to the mouse, in pixels of the window.
+struct HitArea {
+    enum class Kind { None, Bar, Header, Button, Hide, Menu };
+
+    Kind What = Kind::None;
+    int Category = -1;
+    int Group = -1;  // subscript in the category; of a header or button
+    int Button = -1; // subscript in the group; of a button
+    QRect Rect;
+
+    friend bool operator==(const HitArea&, const HitArea&) = default;
+};
+
+// Every bar, and the headers and buttons that the opened category shows.
+std::vector<HitArea> HitAreasOf(const PanelGeometry& geometry, const OpenedCategory& opened);
+
+// The area at a point; one of kind None where there is none. A later area lies above an earlier one.
+HitArea HitTest(const std::vector<HitArea>& areas, const QPoint& point);
+
+} // namespace paneda
