@@ -72,9 +72,10 @@ QString DriveMap::ToStored(const QString& host) const {
         return QString(host).replace(u'/', u'\\');
     if (host.contains(u'\\') || !host.startsWith(u'/'))
         return host;
-    const Volume* best = nullptr;
+    // The root volume comes first and holds every path.
+    const Volume* best = &volumes_.front();
     for (const Volume& volume : volumes_) {
-        if (LiesIn(host, volume.Root) && (!best || volume.Root.size() > best->Root.size()))
+        if (LiesIn(host, volume.Root) && volume.Root.size() > best->Root.size())
             best = &volume;
     }
     QString rest = host.sliced(best->Root == u'/' ? 0 : best->Root.size());
