@@ -7,6 +7,15 @@
 
 namespace paneda {
 
+ButtonEntry FileButton(const QString& groupPath, const QString& fileName, int controlIndex) {
+    return {groupPath + u'\\' + fileName, WithoutExtension(fileName), {}, controlIndex, TagOf(fileName)};
+}
+
+ButtonEntry DriveButton(QChar letter, int controlIndex) {
+    const QString name = QStringLiteral("Drive ") + letter;
+    return {name, name, name + u':', controlIndex, {}};
+}
+
 QString BarTitle(const CategoryEntry& category) {
     if (category.IsTree())
         return IfEmpty(category.TreeName, QStringLiteral("**Right Click**"));

@@ -25,6 +25,12 @@ struct ButtonEntry {
     friend bool operator==(const ButtonEntry&, const ButtonEntry&) = default;
 };
 
+// The entry of a file in a group's folder (stored form).
+ButtonEntry FileButton(const QString& groupPath, const QString& fileName, int controlIndex);
+
+// The entry of a drive; "9" stands for the program's own.
+ButtonEntry DriveButton(QChar letter, int controlIndex);
+
 struct GroupEntry {
     // With its prefix; "My Computer" for the group of drives.
     QString FolderName;

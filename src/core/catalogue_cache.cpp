@@ -3,149 +3,180 @@
 #include "core/checksum.h"
 #include "core/store_layout.h"
 
-#include <QDataStream>
-#include <QIODevice>
+#include <QtEndian>
+
+#include <algorithm>
 
 namespace paneda {
 
 namespace {
 
-constexpr quint64 kMark = 0x50616E65'64614331; // "PanedaC1"
+constexpr QByteArrayView kMark("PanedaC2");
+constexpr qsizetype kChecksumSize = 8;
 constexpr qint64 kMaxCacheFile = 256 * 1024 * 1024;
 
-QDataStream& operator<<(QDataStream& stream, const TwipsSize& size) {
-    return stream << qint32(size.Width) << qint32(size.Height);
+class Writer {
+public:
+    void Number(qint32 value) {
+        const qint32 bytes = qToLittleEndian(value);
+        bytes_.append(reinterpret_cast<const char*>(&bytes), sizeof bytes);
+    }
+    void Text(QStringView text) {
+        Number(qint32(text.size()));
+        const qsizetype begin = bytes_.size();
+        bytes_.resize(begin + text.size() * 2);
+        if (!text.isEmpty())
+            qToLittleEndian<char16_t>(text.utf16(), text.size(), bytes_.data() + begin);
+    }
+    const QByteArray& Bytes() const { return bytes_; }
+
+private:
+    QByteArray bytes_;
+};
+
+// Reads zeros and empty texts, and is not Ok, from the first value on that the bytes do not hold.
+class Reader {
+public:
+    explicit Reader(QByteArrayView bytes) : rest_(bytes) {}
+
+    bool Ok() const { return ok_; }
+    QByteArrayView Rest() const { return rest_; }
+    QByteArrayView Bytes(qsizetype size) {
+        if (size < 0 || size > rest_.size()) {
+            ok_ = false;
+            rest_ = {};
+            return {};
+        }
+        const QByteArrayView taken = rest_.first(size);
+        rest_ = rest_.sliced(size);
+        return taken;
+    }
+    qint32 Number() {
+        const QByteArrayView bytes = Bytes(sizeof(qint32));
+        return bytes.isEmpty() ? 0 : qFromLittleEndian<qint32>(bytes.data());
+    }
+    QString Text() {
+        const QByteArrayView bytes = Bytes(qsizetype(Number()) * 2);
+        QString text(bytes.size() / 2, Qt::Uninitialized);
+        if (!text.isEmpty())
+            qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
+        return text;
+    }
+    // Reads a list's entries by `read`. Stops at the first that the bytes do not hold, whatever number of
+    // entries the list claims.
+    template <class Entry, class Read>
+    void List(std::vector<Entry>& list, Read read) {
+        const qint32 count = Number();
+        list.reserve(std::size_t(std::clamp<qsizetype>(count, 0, rest_.size() / qsizetype(sizeof(Entry)))));
+        for (qint32 i = 0; i < count && ok_; ++i)
+            list.push_back(read());
+    }
+
+private:
+    QByteArrayView rest_;
+    bool ok_ = true;
+};
+
+// The sizes of a record in the order of the file.
+template <class Record, class Action>
+void ForEachSize(Record& record, Action action) {
+    for (auto* size :
+         {&record.GroupHeight, &record.CategoryWallpaper, &record.Bottom, &record.Top, &record.Left,
+          &record.Right, &record.TopLeft, &record.TopRight, &record.BottomLeft, &record.BottomRight})
+        action(*size);
 }
 
-QDataStream& operator>>(QDataStream& stream, TwipsSize& size) {
-    qint32 width = 0;
-    qint32 height = 0;
-    stream >> width >> height;
-    size = {width, height};
-    return stream;
+void WriteButton(Writer& writer, const ButtonEntry& button) {
+    const bool isDrive = !button.Spare.isEmpty();
+    writer.Number(button.ControlIndex);
+    writer.Number(isDrive ? 1 : 0);
+    writer.Text(isDrive ? QStringView(button.Name).last(1)
+                        : QStringView(button.Path).sliced(button.Path.lastIndexOf(u'\\') + 1));
 }
 
-QDataStream& operator<<(QDataStream& stream, const ButtonEntry& button) {
-    const QString fileName = button.Path.sliced(button.Path.lastIndexOf(u'\\') + 1);
-    return stream << fileName << button.Name << button.Spare << qint32(button.ControlIndex) << button.Style;
+void WriteCategory(Writer& writer, const CategoryEntry& category) {
+    writer.Text(category.FolderName);
+    writer.Number(category.TreeNumber.value_or(-1));
+    writer.Text(category.TreeName);
+    writer.Number(qint32(category.Groups.size()));
+    for (const GroupEntry& group : category.Groups) {
+        writer.Text(group.FolderName);
+        writer.Number(group.ControlIndex);
+        writer.Number(qint32(group.Buttons.size()));
+        for (const ButtonEntry& button : group.Buttons)
+            WriteButton(writer, button);
+    }
 }
 
-QDataStream& operator>>(QDataStream& stream, ButtonEntry& button) {
-    qint32 index = 0;
-    stream >> button.Path >> button.Name >> button.Spare >> index >> button.Style;
-    button.ControlIndex = index;
-    return stream;
+ButtonEntry ReadButton(Reader& reader, const QString& groupPath) {
+    const qint32 index = reader.Number();
+    const bool isDrive = reader.Number() != 0;
+    const QString text = reader.Text();
+    return isDrive ? DriveButton(text.isEmpty() ? QChar() : text[0], index)
+                   : FileButton(groupPath, text, index);
 }
 
-QDataStream& operator<<(QDataStream& stream, const GroupEntry& group);
-QDataStream& operator>>(QDataStream& stream, GroupEntry& group);
-QDataStream& operator<<(QDataStream& stream, const CategoryEntry& category);
-QDataStream& operator>>(QDataStream& stream, CategoryEntry& category);
-
-template <class Entry>
-void WriteList(QDataStream& stream, const std::vector<Entry>& list) {
-    stream << quint32(list.size());
-    for (const Entry& entry : list)
-        stream << entry;
+GroupEntry ReadGroup(Reader& reader, const QString& categoryPath) {
+    GroupEntry group;
+    group.FolderName = reader.Text();
+    group.ControlIndex = reader.Number();
+    const QString path = categoryPath + u'\\' + group.FolderName;
+    reader.List(group.Buttons, [&] { return ReadButton(reader, path); });
+    return group;
 }
 
-// Stops at the first entry that the data does not hold, whatever number of entries it claims.
-template <class Entry>
-void ReadList(QDataStream& stream, std::vector<Entry>& list) {
-    quint32 count = 0;
-    stream >> count;
-    for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i)
-        stream >> list.emplace_back();
-}
-
-QDataStream& operator<<(QDataStream& stream, const GroupEntry& group) {
-    stream << group.FolderName << qint32(group.ControlIndex);
-    WriteList(stream, group.Buttons);
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, GroupEntry& group) {
-    qint32 index = 0;
-    stream >> group.FolderName >> index;
-    group.ControlIndex = index;
-    ReadList(stream, group.Buttons);
-    return stream;
-}
-
-QDataStream& operator<<(QDataStream& stream, const CategoryEntry& category) {
-    stream << category.FolderName << category.Kind << qint32(category.TreeNumber.value_or(-1))
-           << category.TreeName;
-    WriteList(stream, category.Groups);
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, CategoryEntry& category) {
-    qint32 treeNumber = -1;
-    stream >> category.FolderName >> category.Kind >> treeNumber >> category.TreeName;
+CategoryEntry ReadCategory(Reader& reader, const QString& appPath) {
+    CategoryEntry category;
+    category.FolderName = reader.Text();
+    const qint32 treeNumber = reader.Number();
     if (treeNumber >= 0)
         category.TreeNumber = treeNumber;
-    ReadList(stream, category.Groups);
-    return stream;
-}
-
-QByteArray EncodeContents(const CacheRecord& record) {
-    QByteArray contents;
-    QDataStream stream(&contents, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_6_0);
-    stream << record.GroupHeight << record.CategoryWallpaper << record.Bottom << record.Top << record.Left
-           << record.Right << record.TopLeft << record.TopRight << record.BottomLeft << record.BottomRight
-           << record.HasDriveButtons;
-    WriteList(stream, record.Catalogue);
-    return contents;
-}
-
-void RestorePaths(CatalogueList& catalogue, const QString& appPath) {
-    for (CategoryEntry& category : catalogue) {
-        const QString categoryPath =
-            StoredPath(appPath, QStringLiteral("Setting\\") + category.FolderName) + u'\\';
-        for (GroupEntry& group : category.Groups) {
-            const QString groupPath = categoryPath + group.FolderName + u'\\';
-            for (ButtonEntry& button : group.Buttons) {
-                if (button.Spare.isEmpty())
-                    button.Path.prepend(groupPath);
-            }
-        }
-    }
+    category.Kind = category.TreeNumber ? QStringLiteral("T") : QStringLiteral("S");
+    category.TreeName = reader.Text();
+    const QString path = StoredPath(appPath, QStringLiteral("Setting\\") + category.FolderName);
+    reader.List(category.Groups, [&] { return ReadGroup(reader, path); });
+    return category;
 }
 
 } // namespace
 
 QByteArray EncodeCache(const CacheRecord& record) {
-    const QByteArray contents = EncodeContents(record);
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_6_0);
-    stream << kMark << record.ProductVersion << Fnv1a32(contents);
-    return bytes + contents;
+    Writer contents;
+    ForEachSize(record, [&contents](const TwipsSize& size) {
+        contents.Number(size.Width);
+        contents.Number(size.Height);
+    });
+    contents.Number(record.HasDriveButtons ? 1 : 0);
+    contents.Number(qint32(record.Catalogue.size()));
+    for (const CategoryEntry& category : record.Catalogue)
+        WriteCategory(contents, category);
+
+    Writer version;
+    version.Text(record.ProductVersion);
+    QByteArray checksum(kChecksumSize, '\0');
+    qToLittleEndian(Fnv1a64OfWords(contents.Bytes()), checksum.data());
+    return kMark.toByteArray() + version.Bytes() + checksum + contents.Bytes();
 }
 
 std::optional<CacheRecord> DecodeCache(const QByteArray& bytes, const QString& productVersion,
                                        const QString& appPath) {
-    QDataStream stream(bytes);
-    stream.setVersion(QDataStream::Qt_6_0);
-    quint64 mark = 0;
-    quint32 checksum = 0;
+    Reader reader(bytes);
+    if (reader.Bytes(kMark.size()) != kMark)
+        return std::nullopt;
     CacheRecord record;
-    stream >> mark;
-    if (mark != kMark)
+    record.ProductVersion = reader.Text();
+    const QByteArrayView checksum = reader.Bytes(kChecksumSize);
+    if (!reader.Ok() || record.ProductVersion != productVersion ||
+        qFromLittleEndian<quint64>(checksum.data()) != Fnv1a64OfWords(reader.Rest()))
         return std::nullopt;
-    stream >> record.ProductVersion >> checksum;
-    if (stream.status() != QDataStream::Ok || record.ProductVersion != productVersion)
+    ForEachSize(record, [&reader](TwipsSize& size) {
+        size.Width = reader.Number();
+        size.Height = reader.Number();
+    });
+    record.HasDriveButtons = reader.Number() != 0;
+    reader.List(record.Catalogue, [&] { return ReadCategory(reader, appPath); });
+    if (!reader.Ok() || !reader.Rest().isEmpty())
         return std::nullopt;
-    if (Fnv1a32(QByteArrayView(bytes).sliced(stream.device()->pos())) != checksum)
-        return std::nullopt;
-    stream >> record.GroupHeight >> record.CategoryWallpaper >> record.Bottom >> record.Top >> record.Left >>
-        record.Right >> record.TopLeft >> record.TopRight >> record.BottomLeft >> record.BottomRight >>
-        record.HasDriveButtons;
-    ReadList(stream, record.Catalogue);
-    if (stream.status() != QDataStream::Ok || !stream.atEnd())
-        return std::nullopt;
-    RestorePaths(record.Catalogue, appPath);
     return record;
 }
 

@@ -32,12 +32,18 @@ struct CacheRecord {
     friend bool operator==(const CacheRecord&, const CacheRecord&) = default;
 };
 
-// File layout, big endian (QDataStream of Qt 6.0):
-//   u64   mark
-//   text  product version
-//   u32   FNV-1a checksum of what follows
-//   data  the sizes, the flag, the categories with their groups and buttons
-// Of a button's path the file name alone is stored, so that a store that moves keeps its cache.
+// File layout: numbers of 4 bytes, little endian; a text is the number of its UTF-16 units and these; a list
+// is the number of its entries and these.
+//   mark       8 bytes
+//   version    text, of the product
+//   checksum   8 bytes, Fnv1a64OfWords of what follows
+//   sizes      ten times width and height
+//   flag       0 or 1, drive buttons
+//   categories list of: folder name, tree number or -1, tree name, list of groups
+//   group      folder name, control index, list of buttons
+//   button     control index, 0 and file name or 1 and drive letter as a text
+// The rest of a button is made from its file name, so that the file stays small and a store that moves keeps
+// its cache.
 QByteArray EncodeCache(const CacheRecord& record);
 
 // Nothing for another version, a damaged, short or foreign file. `appPath` is the program's folder in the

@@ -25,10 +25,8 @@ std::vector<ButtonEntry> LoadButtons(const QString& hostFolder, const QString& s
                                      ControlCounts& counts) {
     std::vector<ButtonEntry> buttons;
     for (const QString& file : ListFiles(hostFolder)) {
-        if (!IsButtonFile(file))
-            continue;
-        AppendEntry(buttons,
-                    {storedFolder + u'\\' + file, WithoutExtension(file), {}, ++counts.Buttons, TagOf(file)});
+        if (IsButtonFile(file))
+            AppendEntry(buttons, FileButton(storedFolder, file, ++counts.Buttons));
     }
     SortEntries(buttons, {&ButtonEntry::Name}, SortOrder::Ascending);
     return buttons;
@@ -46,11 +44,6 @@ std::vector<GroupEntry> LoadGroups(const QString& hostFolder, const QString& sto
     return groups;
 }
 
-ButtonEntry DriveButton(QChar letter, ControlCounts& counts) {
-    const QString name = QStringLiteral("Drive ") + letter;
-    return {name, name, name + u':', ++counts.Buttons, {}};
-}
-
 void AddDrives(CategoryEntry& category, const ScanOptions& options, ControlCounts& counts) {
     const bool anyDrive = std::any_of(options.DriveTable.begin() + 1, options.DriveTable.end(),
                                       [](bool shown) { return shown; });
@@ -59,10 +52,10 @@ void AddDrives(CategoryEntry& category, const ScanOptions& options, ControlCount
     GroupEntry group{QStringLiteral("My Computer"), {}, ++counts.Groups};
     for (std::size_t i = 1; i < options.DriveTable.size(); ++i) {
         if (options.DriveTable[i])
-            AppendEntry(group.Buttons, DriveButton(QChar(char16_t(u'A' + i - 1)), counts));
+            AppendEntry(group.Buttons, DriveButton(QChar(char16_t(u'A' + i - 1)), ++counts.Buttons));
     }
     if (options.DriveOfProgram)
-        AppendEntry(group.Buttons, DriveButton(u'9', counts));
+        AppendEntry(group.Buttons, DriveButton(u'9', ++counts.Buttons));
     AppendEntry(category.Groups, group);
 }
 

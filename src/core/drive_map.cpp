@@ -60,11 +60,11 @@ QString DriveMap::ToHost(const QString& stored, const QString& app) const {
     // A network path is nobody's to change.
     if (stored.startsWith(QStringLiteral("\\\\")))
         return QString(stored).replace(u'\\', u'/');
-    if (app.isEmpty() || !HasDrive(app))
-        return JoinHost(QStringLiteral("/"), stored);
-    if (stored.startsWith(u'\\'))
+    if (stored.startsWith(u'\\') && HasDrive(app))
         return ToHost(app.first(2) + stored, app);
-    return ToHost(app + u'\\' + stored, app);
+    if (stored.startsWith(u'\\') || app.isEmpty())
+        return JoinHost(QStringLiteral("/"), stored);
+    return ToHost(app + u'\\' + stored, {});
 }
 
 QString DriveMap::ToStored(const QString& host) const {

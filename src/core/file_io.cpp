@@ -64,11 +64,11 @@ tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 li
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Failure(path, file.errorString());
-    const QByteArray bytes = file.read(limit + 1);
+    if (file.size() > limit)
+        return Failure(path, QStringLiteral("The file is larger than %1 bytes.").arg(limit));
+    const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return Failure(path, file.errorString());
-    if (bytes.size() > limit)
-        return Failure(path, QStringLiteral("The file is larger than %1 bytes.").arg(limit));
     return bytes;
 }
 

@@ -88,7 +88,7 @@ std::vector<FileError> CreateMissingStore(const QString& appFolder) {
     if (appFolder.isEmpty())
         return failures;
     CreateSetting(appFolder, failures);
-    if (failures.empty())
+    if (QFileInfo(SettingFolder(appFolder)).isDir())
         Note(failures, MakeFolder(CacheFolder(appFolder)));
     return failures;
 }

@@ -90,13 +90,15 @@ int CountOccurrences(QStringView text, QStringView what) {
 int FindFromEnd(QStringView text, QStringView what, int n) {
     if (what.isEmpty())
         return 0;
-    qsizetype end = text.size();
+    qsizetype found = text.size();
     for (int i = 0; i < n; ++i) {
-        end = text.first(end).lastIndexOf(what);
-        if (end < 0)
+        // Searched from an offset: without one Qt 6.4 looks a character past the end of a view.
+        const qsizetype from = found - what.size();
+        found = from < 0 ? -1 : text.lastIndexOf(what, from);
+        if (found < 0)
             return 0;
     }
-    return n > 0 ? int(end) + 1 : 0;
+    return n > 0 ? int(found) + 1 : 0;
 }
 
 int CompareText(QStringView a, QStringView b) {
