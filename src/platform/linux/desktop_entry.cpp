@@ -97,6 +97,11 @@ QStringList FieldValue(QChar code, const DesktopEntry& entry, const QString& ent
     return {};
 }
 
+bool HasFileCode(QString word) {
+    word.remove(QStringLiteral("%%"));
+    return word.contains(u"%f") || word.contains(u"%F") || word.contains(u"%u") || word.contains(u"%U");
+}
+
 // Replaces codes inside of a longer word.
 QString ExpandWord(const QString& word, const DesktopEntry& entry, const QString& entryFile,
                    const QStringList& files) {
@@ -141,7 +146,7 @@ QStringList ExpandExec(const DesktopEntry& entry, const QString& entryFile, cons
     bool takesFiles = false;
     for (const QString& word : *words) {
         const bool isCode = word.size() == 2 && word[0] == u'%' && word[1] != u'%';
-        takesFiles = takesFiles || (isCode && QStringView(u"fFuU").contains(word[1]));
+        takesFiles = takesFiles || HasFileCode(word);
         if (isCode)
             result += FieldValue(word[1], entry, entryFile, files);
         else

@@ -9,9 +9,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
+
+#include <optional>
 
 namespace paneda {
 
@@ -51,6 +52,44 @@ StartPlan PlanCommand(QStringList words, bool terminal, const QString& folder) {
     return {words.takeFirst(), words, folder, true};
 }
 
+// A command line as Windows programs take it apart, since records may come from there: quotes hold a word
+// together, a doubled one inside of them is a quote, and backslashes mean something only before a quote.
+QStringList SplitParameter(const QString& line) {
+    QStringList words;
+    QString word;
+    bool inWord = false;
+    bool quoted = false;
+    int slashes = 0;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const QChar c = line[i];
+        if (!quoted && c.isSpace()) {
+            if (inWord)
+                words.append(word);
+            word.clear();
+            inWord = false;
+            slashes = 0;
+            continue;
+        }
+        inWord = true;
+        if (c == u'"') {
+            // Two backslashes before a quote are one; one left over takes the quote as it is.
+            word.chop((slashes + 1) / 2);
+            const bool doubled = slashes % 2 == 0 && quoted && line.mid(i + 1, 1) == u"\"";
+            if (slashes % 2 == 1 || doubled)
+                word += c;
+            else
+                quoted = !quoted;
+            i += doubled ? 1 : 0;
+        } else {
+            word += c;
+        }
+        slashes = c == u'\\' ? slashes + 1 : 0;
+    }
+    if (inWord)
+        words.append(word);
+    return words;
+}
+
 // A folder that is gone must not keep the target from starting.
 QString ExistingFolder(const QString& stored, const LaunchPaths& paths, const QString& fallback) {
     const QString host = FindTarget(stored, paths);
@@ -75,7 +114,7 @@ StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
     }
     const QString target = FindTarget(request.Target, paths);
     const QString folder = ExistingFolder(request.StartIn, paths, QFileInfo(target).absolutePath());
-    const QStringList arguments = QProcess::splitCommand(request.Parameter);
+    const QStringList arguments = SplitParameter(request.Parameter);
     switch (KindOf(target)) {
     case TargetKind::Missing:
         return {};
@@ -97,12 +136,13 @@ StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
 
 // The settings of a store that has been to another system may name "firefox.exe".
 StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
+    const QStringList address(request.Parameter.isEmpty() ? QStringList() : QStringList(request.Parameter));
     const QString program = FindTarget(request.Target, paths);
     if (KindOf(program) == TargetKind::Program)
-        return {program, {request.Parameter}, {}, true};
+        return {program, address, {}, true};
     const QString other = QStandardPaths::findExecutable(WithoutExtension(request.Target));
     if (!other.isEmpty())
-        return {other, {request.Parameter}, {}, true};
+        return {other, address, {}, true};
     return OpenByDesktop(request.Parameter, {});
 }
 
@@ -153,12 +193,10 @@ QString FindTarget(const QString& target, const LaunchPaths& paths) {
     const QString host = paths.Drives.ToHost(target, paths.AppPath);
     if (host.isEmpty() || QFileInfo::exists(host))
         return host;
-    if (!target.contains(u'\\') && !target.contains(u'/')) {
-        const QString program = QStandardPaths::findExecutable(target);
-        if (!program.isEmpty())
-            return program;
-    }
-    return WithoutRegardToCase(host);
+    const QString found = WithoutRegardToCase(host);
+    if (!found.isEmpty() || target.contains(u'\\') || target.contains(u'/'))
+        return found;
+    return QStandardPaths::findExecutable(target);
 }
 
 StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths) {

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QThread>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -18,12 +19,15 @@ namespace {
 
 constexpr int kGiveUpAfter = 10'000; // ms
 constexpr int kLookEvery = 30;       // ms
+constexpr int kAskEvery = 300;       // ms
 constexpr int kMaxAncestors = 64;
-constexpr quint32 kMaxWindows = 65'536;
+constexpr quint32 kMaxNumbers = 65'536;
 // Window manager protocol: WM_STATE's iconic state, _NET_WM_STATE's add action, source "pager or the like".
 constexpr quint32 kIconicState = 3;
 constexpr quint32 kStateAdd = 1;
 constexpr quint32 kSourceIsTool = 2;
+constexpr char kMaximizedHorz[] = "_NET_WM_STATE_MAXIMIZED_HORZ";
+constexpr char kMaximizedVert[] = "_NET_WM_STATE_MAXIMIZED_VERT";
 
 struct Free {
     void operator()(void* reply) const { std::free(reply); }
@@ -41,29 +45,44 @@ public:
     bool IsOpen() const { return xcb_connection_has_error(connection_.get()) == 0; }
 
     std::vector<xcb_window_t> Windows() const {
-        const auto reply = Property(root_, Atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW, kMaxWindows);
-        if (!reply || reply->format != 32)
-            return {};
-        const auto* first = static_cast<const xcb_window_t*>(xcb_get_property_value(reply.get()));
-        return {first, first + xcb_get_property_value_length(reply.get()) / sizeof(xcb_window_t)};
+        return Numbers(root_, Atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW);
+    }
+
+    // XCB_NONE as long as the process and those it started have none.
+    xcb_window_t FirstWindowOf(qint64 processId) const {
+        for (const xcb_window_t window : Windows()) {
+            if (DescendsFrom(ProcessOf(window), processId))
+                return window;
+        }
+        return XCB_NONE;
     }
 
     // The process that made a window; 0 if it is not known.
     qint64 ProcessOf(xcb_window_t window) const {
-        const auto reply = Property(window, Atom("_NET_WM_PID"), XCB_ATOM_CARDINAL, 1);
-        if (reply && reply->format == 32 && xcb_get_property_value_length(reply.get()) == 4)
-            return *static_cast<const quint32*>(xcb_get_property_value(reply.get()));
+        const std::vector<quint32> process = Numbers(window, Atom("_NET_WM_PID"), XCB_ATOM_CARDINAL);
+        if (process.size() == 1)
+            return process.front();
         return ClientProcessOf(window);
     }
 
-    void Minimize(xcb_window_t window) const {
-        Send(window, Atom("WM_CHANGE_STATE"), {kIconicState, 0, 0, 0, 0});
+    void Ask(xcb_window_t window, ShowCommand show) const {
+        if (show == ShowCommand::Minimized)
+            Send(window, Atom("WM_CHANGE_STATE"), {kIconicState, 0, 0, 0, 0});
+        else
+            Send(window, Atom("_NET_WM_STATE"),
+                 {kStateAdd, Atom(kMaximizedHorz), Atom(kMaximizedVert), kSourceIsTool, 0});
     }
 
-    void Maximize(xcb_window_t window) const {
-        Send(window, Atom("_NET_WM_STATE"),
-             {kStateAdd, Atom("_NET_WM_STATE_MAXIMIZED_HORZ"), Atom("_NET_WM_STATE_MAXIMIZED_VERT"),
-              kSourceIsTool, 0});
+    bool Has(xcb_window_t window, ShowCommand show) const {
+        if (show == ShowCommand::Minimized) {
+            const std::vector<quint32> state = Numbers(window, Atom("WM_STATE"), XCB_ATOM_ANY);
+            return !state.empty() && state.front() == kIconicState;
+        }
+        const std::vector<quint32> states = Numbers(window, Atom("_NET_WM_STATE"), XCB_ATOM_ATOM);
+        const auto holds = [&states](xcb_atom_t state) {
+            return std::find(states.begin(), states.end(), state) != states.end();
+        };
+        return holds(Atom(kMaximizedHorz)) && holds(Atom(kMaximizedVert));
     }
 
 private:
@@ -74,11 +93,15 @@ private:
         return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
     }
 
-    ReplyPointer<xcb_get_property_reply_t> Property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
-                                                    quint32 length) const {
-        const auto cookie = xcb_get_property(connection_.get(), 0, window, name, type, 0, length);
-        return ReplyPointer<xcb_get_property_reply_t>(
+    // A property that holds numbers of 32 bits; empty for any other.
+    std::vector<quint32> Numbers(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const {
+        const auto cookie = xcb_get_property(connection_.get(), 0, window, name, type, 0, kMaxNumbers);
+        const ReplyPointer<xcb_get_property_reply_t> reply(
             xcb_get_property_reply(connection_.get(), cookie, nullptr));
+        if (!reply || reply->format != 32)
+            return {};
+        const auto* first = static_cast<const quint32*>(xcb_get_property_value(reply.get()));
+        return {first, first + std::size_t(xcb_get_property_value_length(reply.get())) / sizeof(quint32)};
     }
 
     // What the X server knows of a local client that does not tell its process itself.
@@ -107,7 +130,9 @@ private:
         xcb_send_event(connection_.get(), 0, root_,
                        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                        reinterpret_cast<const char*>(&event));
-        xcb_flush(connection_.get());
+        // Waits for an answer: the server forgets what it has not yet read of a client that goes away.
+        const ReplyPointer<xcb_get_input_focus_reply_t> answer(
+            xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
     }
 
     std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection_;
@@ -137,15 +162,19 @@ bool DescendsFrom(qint64 processId, qint64 ancestor) {
 
 void ShowFirstWindow(qint64 processId, ShowCommand show) {
     const Display display;
-    for (const QDeadlineTimer end(kGiveUpAfter); display.IsOpen() && !end.hasExpired();) {
-        for (const xcb_window_t window : display.Windows()) {
-            if (!DescendsFrom(display.ProcessOf(window), processId))
-                continue;
-            if (show == ShowCommand::Minimized)
-                display.Minimize(window);
-            else
-                display.Maximize(window);
-            return;
+    const QDeadlineTimer end(kGiveUpAfter);
+    xcb_window_t window = XCB_NONE;
+    while (display.IsOpen() && window == XCB_NONE && !end.hasExpired()) {
+        window = display.FirstWindowOf(processId);
+        if (window == XCB_NONE)
+            QThread::msleep(kLookEvery);
+    }
+    // A window manager that is still taking the window in may lose the first request.
+    QDeadlineTimer nextAsk(0);
+    while (display.IsOpen() && window != XCB_NONE && !end.hasExpired() && !display.Has(window, show)) {
+        if (nextAsk.hasExpired()) {
+            display.Ask(window, show);
+            nextAsk.setRemainingTime(kAskEvery);
         }
         QThread::msleep(kLookEvery);
     }

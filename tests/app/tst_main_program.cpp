@@ -1,0 +1,109 @@
+#include "app/main_program.h"
+#include "support/store_builder.h"
+#include "ui/fake_desktop.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+using namespace paneda::test;
+
+namespace {
+
+class FakeLock : public InstanceLock {
+public:
+    explicit FakeLock(bool isFree) : isFree_(isFree) {}
+    bool TryLock(const QString&) override { return isFree_; }
+
+private:
+    bool isFree_;
+};
+
+Platform FakePlatform(bool isFirst) {
+    return {std::make_unique<FakeOpener>(), std::make_unique<FakeVolumes>(),
+            std::make_unique<FakeLock>(isFirst), std::make_unique<FakeIcons>()};
+}
+
+frmMain* ShownPanel() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* panel = qobject_cast<frmMain*>(window);
+        if (panel && panel->isVisible() && !panel->isMinimized())
+            return panel;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class tst_main_program : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
+    void reload();
+    void secondInstance();
+};
+
+void tst_main_program::reload() {
+    const StoreBuilder store;
+    store.AddFolder(u"Setting/[001] One"_s);
+    store.AddFile(u"Setting/[002] Two/[001] G/[001] a.txt"_s);
+    MainProgram program(FakePlatform(true), store.Path(u"paneda"_s));
+    QPointer<frmMain> first;
+    std::vector<OpenedCategory> seen;
+    bool hiddenPanelShown = false;
+    QTimer::singleShot(0, qApp, [&] {
+        first = ShownPanel();
+        if (!first)
+            return QApplication::quit();
+        first->picCategory_Click(1);
+        seen.push_back(first->Opened());
+        // A change by hand, with a cache that tells of the former state.
+        store.AddFile(u"Setting/[002] Two/[001] G/[002] b.txt"_s);
+        first->imgHide_Click();
+        program.ReloadPanel();
+        frmMain* second = ShownPanel();
+        hiddenPanelShown = second != nullptr;
+        if (!second)
+            return QApplication::quit();
+        seen.push_back(second->Opened());
+        second->close();
+    });
+    QTimer::singleShot(30'000, qApp, &QCoreApplication::quit);
+    QCOMPARE(program.Run(), 0);
+    QVERIFY(hiddenPanelShown);
+    QVERIFY(first.isNull());
+    QCOMPARE(seen.size(), 2U);
+    QCOMPARE(seen[0].Index, 1);
+    QCOMPARE(seen[0].Buttons.size(), 1U);
+    QCOMPARE(seen[1].Index, 1);
+    QCOMPARE(seen[1].Buttons.size(), 2U);
+    QCOMPARE(store.Bytes(u"setting.ini"_s).simplified(), QByteArray("[Properties] category=2"));
+}
+
+void tst_main_program::secondInstance() {
+    const StoreBuilder store;
+    MainProgram program(FakePlatform(false), store.Path(u"paneda"_s));
+    QStringList box;
+    QTimer::singleShot(0, qApp, [&box] {
+        auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!shown)
+            return;
+        box = {shown->windowTitle(), shown->text(), shown->informativeText(),
+               QString::number(shown->standardButtons())};
+        shown->accept();
+    });
+    QCOMPARE(program.Run(), 0);
+    const QStringList expected{u"Paneda Launcher"_s, u"Paneda Launcher has been launched"_s, QString(),
+                               QString::number(QMessageBox::Ok)};
+    QCOMPARE(box, expected);
+    QCOMPARE(store.Entries(), QStringList());
+    QVERIFY(!ShownPanel());
+}
+
+QTEST_MAIN(tst_main_program)
+#include "tst_main_program.moc"

@@ -1,0 +1,101 @@
+#include "core/catalogue_cache.h"
+#include "support/store_builder.h"
+
+#include <QTest>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kVersion = u"2.0"_s;
+
+CacheRecord Sample() {
+    const test::StoreBuilder store;
+    store.AddFile(u"Setting/[001] A/[001] G/[001] Tool [B1].pnd"_s);
+    store.AddFile(u"Setting/[001] A/[001] G/[002] é😀.lnk"_s);
+    store.AddFile(u"Setting/[002] Dynamic Category/Properties.ini"_s, "[Properties]\nCategory=Tree\n");
+    ScanOptions options = store.Scan();
+    options.DriveTable[3] = true;
+    CacheRecord record;
+    record.ProductVersion = kVersion;
+    record.Catalogue = LoadCatalogue(options);
+    int number = -3;
+    for (TwipsSize* size :
+         {&record.GroupHeight, &record.CategoryWallpaper, &record.Bottom, &record.Top, &record.Left,
+          &record.Right, &record.TopLeft, &record.TopRight, &record.BottomLeft, &record.BottomRight}) {
+        size->Width = number++;
+        size->Height = number++;
+    }
+    record.HasDriveButtons = true;
+    return record;
+}
+
+} // namespace
+
+class tst_catalogue_cache : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void roundTrip();
+    void movedStore();
+    void everyDamagedByte();
+    void everyLength();
+    void files();
+};
+
+void tst_catalogue_cache::roundTrip() {
+    const CacheRecord record = Sample();
+    QCOMPARE(record.Catalogue[0].Groups.back().FolderName, u"My Computer"_s);
+    QVERIFY(DecodeCache(EncodeCache(record), kVersion, test::kAppPath) == record);
+    const CacheRecord empty{kVersion, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, false};
+    QVERIFY(DecodeCache(EncodeCache(empty), kVersion, test::kAppPath) == empty);
+    for (const QString& other : {u"2.1"_s, u""_s, u"2.0 "_s})
+        QVERIFY(!DecodeCache(EncodeCache(record), other, test::kAppPath));
+}
+
+void tst_catalogue_cache::movedStore() {
+    const auto moved = DecodeCache(EncodeCache(Sample()), kVersion, u"G:\\"_s);
+    QVERIFY(moved);
+    const std::vector<GroupEntry>& groups = moved->Catalogue[0].Groups;
+    QCOMPARE(groups[0].Buttons[1].Path, u"G:\\\\Setting\\[001] A\\[001] G\\[002] é😀.lnk"_s);
+    QCOMPARE(groups[1].Buttons[0].Path, u"Drive C"_s);
+}
+
+void tst_catalogue_cache::everyDamagedByte() {
+    const CacheRecord record = Sample();
+    const QByteArray bytes = EncodeCache(record);
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        for (const int change : {1, 2, 4, 8, 16, 32, 64, 128, 255, int(quint8(bytes[i]))}) {
+            QByteArray damaged = bytes;
+            damaged[i] = char(damaged[i] ^ change);
+            const auto decoded = DecodeCache(damaged, kVersion, test::kAppPath);
+            QVERIFY2(!decoded || *decoded == record, QByteArray::number(i).constData());
+        }
+    }
+}
+
+void tst_catalogue_cache::everyLength() {
+    const QByteArray bytes = EncodeCache(Sample());
+    for (qsizetype size = 0; size < bytes.size(); ++size)
+        QVERIFY(!DecodeCache(bytes.first(size), kVersion, test::kAppPath));
+    QVERIFY(!DecodeCache(bytes + '\0', kVersion, test::kAppPath));
+}
+
+void tst_catalogue_cache::files() {
+    const test::StoreBuilder store;
+    const QString path = store.Path(u"cache"_s);
+    const auto load = [&path] { return LoadCache(path, kVersion, test::kAppPath); };
+    QVERIFY(!load());
+    store.AddFile(u"cache"_s);
+    QVERIFY(!load());
+    QVERIFY(SaveCache(path, Sample()));
+    QVERIFY(load() == Sample());
+    QVERIFY(QFile::remove(path));
+    store.AddFolder(u"cache"_s);
+    QVERIFY(!load());
+    QVERIFY(!SaveCache(path, Sample()));
+}
+
+QTEST_GUILESS_MAIN(tst_catalogue_cache)
+#include "tst_catalogue_cache.moc"

@@ -1,0 +1,169 @@
+#include "core/catalogue_loader.h"
+#include "core/store_layout.h"
+#include "support/store_builder.h"
+
+#include <QDir>
+#include <QTest>
+
+#include <fstream>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+class tst_catalogue_loader : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void scan_data();
+    void scan();
+    void drives_data();
+    void drives();
+    void buttonPaths();
+    void obstacles();
+    void oddNames();
+    void manyCategories();
+};
+
+void tst_catalogue_loader::scan_data() {
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QStringList>("expected");
+    const auto add = [](const char* tag, const QStringList& files, const QStringList& expected) {
+        QTest::newRow(tag) << files << expected;
+    };
+    add("empty store", {}, {});
+    add("prefix and text order", {u"general/"_s, u"[010] C/"_s, u"[002] B/"_s, u"[1000] D/"_s, u"Zeta/"_s},
+        {u"Zeta | S"_s, u"[002] B | S"_s, u"[010] C | S"_s, u"[1000] D | S"_s, u"general | S"_s});
+    add("bars with one title", {u"[001] A/"_s, u"[002] A/"_s}, {u"[001] A | S"_s, u"[002] A | S"_s});
+    // A listing comes in byte order with the extension, a group in that of names without it.
+    add("buttons",
+        {u"[001] A/[001] G/[002] Edit [11].lnk"_s, u"[001] A/[001] G/[001] Tool [B1 ].PND"_s,
+         u"[001] A/[001] G/a.b.exe"_s, u"[001] A/[001] G/a b.txt"_s, u"[001] A/[001] G/a.url"_s,
+         u"[001] A/[001] G/a-.url"_s, u"[001] A/[001] G/pic.PNG"_s, u"[001] A/[001] G/Properties.ini"_s,
+         u"[001] A/[001] G/folder.lnk/inside.lnk"_s},
+        {u"[001] A | S"_s, u"  [001] G #1"_s, u"    Properties.ini #1 | Properties | <>"_s,
+         u"    [001] Tool [B1 ].PND #2 | [001] Tool [B1 ] | <B1>"_s,
+         u"    [002] Edit [11].lnk #3 | [002] Edit [11] | <11>"_s, u"    a.url #7 | a | <>"_s,
+         u"    a b.txt #4 | a b | <>"_s, u"    a-.url #5 | a- | <>"_s, u"    a.b.exe #6 | a.b | <>"_s});
+    add("one name, two extensions", {u"A/G/x.url"_s, u"A/G/x.lnk"_s},
+        {u"A | S"_s, u"  G #1"_s, u"    x.lnk #1 | x | <>"_s, u"    x.url #2 | x | <>"_s});
+    add("pictures alone", {u"A/G/x.png"_s, u"A/G/y.Jpe"_s}, {u"A | S"_s, u"  G #1"_s});
+    add("counts run over all", {u"A/G1/x"_s, u"A/G2/"_s, u"B/G1/y"_s, u"B/G1/z"_s, u"B/file"_s, u"file"_s},
+        {u"A | S"_s, u"  G1 #1"_s, u"    x #1 | x | <>"_s, u"  G2 #2"_s, u"B | S"_s, u"  G1 #3"_s,
+         u"    y #2 | y | <>"_s, u"    z #3 | z | <>"_s});
+    add("kinds",
+        {u"Dynamic Category/"_s, u"[001] Dynamic Category/G/x"_s, u"[002] dynamic category/"_s,
+         u"[1000] Dynamic Category/"_s, u"[003]  Dynamic Category/"_s, u"[04] Dynamic Category/"_s,
+         u"123456Dynamic Category/"_s},
+        {u"123456Dynamic Category | T 0 <>"_s, u"Dynamic Category | S"_s,
+         u"[001] Dynamic Category | T 1 <>"_s, u"  G #1"_s, u"    x #1 | x | <>"_s,
+         u"[002] dynamic category | S"_s, u"[003]  Dynamic Category | S"_s, u"[04] Dynamic Category | S"_s,
+         u"[1000] Dynamic Category | S"_s});
+    add("tree names",
+        {u"[001] Dynamic Category/properties.ini=[Properties]\ncategory=\"Work\""_s,
+         u"[002] Dynamic Category/Properties.ini=[Properties]\nCategory="_s,
+         u"[003] Dynamic Category/Properties.ini/"_s},
+        {u"[001] Dynamic Category | T 0 <Work>"_s, u"[002] Dynamic Category | T 1 <>"_s,
+         u"[003] Dynamic Category | T 2 <>"_s, u"  Properties.ini #1"_s});
+    add("unfinished writes",
+        {u"A/G/x.pnd"_s, u"A/G/x.pnd.aBcDeF"_s, u"A/G/x.abcdef"_s, u"A/G/.hidden"_s, u"A/.hidden/x"_s},
+        {u"A | S"_s, u"  G #1"_s, u"    x.abcdef #1 | x | <>"_s, u"    x.pnd #2 | x | <>"_s});
+}
+
+void tst_catalogue_loader::scan() {
+    QFETCH(QStringList, files);
+    QFETCH(QStringList, expected);
+    const test::StoreBuilder store;
+    store.AddFolder(u"Setting"_s);
+    for (const QString& file : files) {
+        const QString path = u"Setting/"_s + file.section(u'=', 0, 0);
+        path.endsWith(u'/') ? store.AddFolder(path) : store.AddFile(path, file.section(u'=', 1).toUtf8());
+    }
+    QCOMPARE(test::Describe(LoadCatalogue(store.Scan())), expected);
+}
+
+void tst_catalogue_loader::drives_data() {
+    QTest::addColumn<QString>("letters");
+    QTest::addColumn<bool>("ofProgram");
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("none") << u""_s << false << QStringList{};
+    QTest::newRow("first, last, own")
+        << u"ZCA"_s << true
+        << QStringList{u"  My Computer #3"_s, u"    Drive A #3 | Drive A | <>Drive A:"_s,
+                       u"    Drive C #4 | Drive C | <>Drive C:"_s, u"    Drive Z #5 | Drive Z | <>Drive Z:"_s,
+                       u"    Drive 9 #6 | Drive 9 | <>Drive 9:"_s};
+    QTest::newRow("own alone") << u""_s << true
+                               << QStringList{u"  My Computer #3"_s,
+                                              u"    Drive 9 #3 | Drive 9 | <>Drive 9:"_s};
+}
+
+void tst_catalogue_loader::drives() {
+    QFETCH(QString, letters);
+    QFETCH(QStringList, expected);
+    const test::StoreBuilder store;
+    store.AddFolder(u"Setting"_s);
+    ScanOptions options = store.Scan();
+    options.DriveTable[0] = true; // unused
+    for (const QChar letter : letters)
+        options.DriveTable[std::size_t(letter.unicode() - u'A' + 1)] = true;
+    options.DriveOfProgram = *static_cast<bool*>(QTest::qData("ofProgram", QMetaType::Bool));
+    QVERIFY(LoadCatalogue(options).empty()); // nowhere to put them
+    store.AddFile(u"Setting/A/z/x"_s);
+    store.AddFile(u"Setting/B/z/y"_s);
+    const CatalogueList catalogue = LoadCatalogue(options);
+    const QStringList before{u"A | S"_s, u"  z #1"_s, u"    x #1 | x | <>"_s};
+    const QStringList behind{u"B | S"_s, u"  z #2"_s, u"    y #2 | y | <>"_s};
+    QCOMPARE(test::Describe(catalogue), before + expected + behind);
+    QCOMPARE(HasDriveButtons(catalogue), !expected.isEmpty());
+}
+
+void tst_catalogue_loader::buttonPaths() {
+    const test::StoreBuilder store;
+    store.AddFile(u"SETTING/[001] A/[001] G/[001] x [1].lnk"_s);
+    ScanOptions options = store.Scan();
+    QCOMPARE(LoadCatalogue(options)[0].Groups[0].Buttons[0].Path,
+             u"E:\\Paneda\\Setting\\[001] A\\[001] G\\[001] x [1].lnk"_s);
+    options.AppPath = u"E:\\"_s;
+    QCOMPARE(LoadCatalogue(options)[0].Groups[0].Buttons[0].Path,
+             u"E:\\\\Setting\\[001] A\\[001] G\\[001] x [1].lnk"_s);
+}
+
+void tst_catalogue_loader::obstacles() {
+    const test::StoreBuilder store;
+    QVERIFY(LoadCatalogue(store.Scan()).empty());
+    store.AddFile(u"Setting"_s);
+    QVERIFY(LoadCatalogue(store.Scan()).empty());
+}
+
+// Names that the stored form of a path cannot hold must not become buttons that open another file.
+void tst_catalogue_loader::oddNames() {
+    if (QDir::separator() != u'/')
+        QSKIP("This file system takes no such names.");
+    const test::StoreBuilder store;
+    store.AddFolder(u"Setting/A/G"_s);
+    store.AddFile(u"Setting/A/G/good 😀.lnk"_s);
+    const std::string folder = store.Path(u"Setting/A/G/"_s).toStdString();
+    for (const char* name : {"back\\slash.lnk", "bad\xFF utf8.lnk"})
+        QVERIFY2(std::ofstream(folder + name).good(), name);
+    QVERIFY(QFile::link(u"nowhere"_s, store.Path(u"Setting/A/G/dangling.lnk"_s)));
+    QCOMPARE(test::Describe(LoadCatalogue(store.Scan())),
+             (QStringList{u"A | S"_s, u"  G #1"_s, u"    good 😀.lnk #1 | good 😀 | <>"_s}));
+}
+
+void tst_catalogue_loader::manyCategories() {
+    const test::StoreBuilder store;
+    for (int i = 5000; i > 0; --i)
+        store.AddFolder(QStringLiteral("Setting/[%1] Dynamic Category").arg(i, 4, 10, QLatin1Char('0')));
+    store.AddFolder(u"Setting/[001] Dynamic Category"_s);
+    const CatalogueList catalogue = LoadCatalogue(store.Scan());
+    QCOMPARE(catalogue.size(), 5001U);
+    // A digit comes before "]".
+    QCOMPARE(catalogue[18].FolderName, u"[0019] Dynamic Category"_s);
+    QCOMPARE(catalogue[19].FolderName, u"[001] Dynamic Category"_s);
+    QCOMPARE(CountTreeCategories(catalogue), 1);
+    QCOMPARE(catalogue[19].TreeNumber, std::optional(0));
+    QCOMPARE(BarTitle(catalogue[19]), u"**Right Click**"_s);
+    QCOMPARE(BarTitle(catalogue[0]), u"Dynamic Category"_s);
+}
+
+QTEST_GUILESS_MAIN(tst_catalogue_loader)
+#include "tst_catalogue_loader.moc"

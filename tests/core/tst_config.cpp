@@ -1,0 +1,217 @@
+#include "core/config_settings.h"
+#include "support/store_builder.h"
+
+#include <QTest>
+#include <QtEndian>
+
+#include <functional>
+#include <limits>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kFile = u"config"_s;
+
+// Payload of a record by the layout of the file, without the program's own reader.
+QByteArray Payload(const QByteArray& file, int record) {
+    const QByteArray bytes = file.mid((record - 1) * 4000, 4000);
+    return bytes.mid(8, qFromLittleEndian<quint32>(bytes.constData()));
+}
+
+using Damage = std::function<void(QByteArray&)>;
+
+} // namespace
+Q_DECLARE_METATYPE(Damage)
+
+class tst_config : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void firstRun();
+    void values();
+    void damage_data();
+    void damage();
+    void oddNumbers();
+    void limits();
+    void laterRecordsStay();
+    void folderInItsPlace();
+};
+
+void tst_config::firstRun() {
+    const test::StoreBuilder store;
+    AppState state = store.State();
+    QVERIFY(LoadConfig(state).empty());
+    const QByteArray file = store.Bytes(kFile);
+    QCOMPARE(file.size(), 18 * 4000);
+    QByteArray drives = "1b00";
+    for (int i = 0; i < 27; ++i)
+        drives += i == 3 ? "020100" : "020000";
+    QByteArrayList payloads =
+        QByteArray(
+            drives +
+            " 0200030000000000000000030000000000000000 0100020000 0100030000000000001440 skin 01000100 "
+            "01000100 0100020200 01000100 01000100 01000100 01000100 01000100 0100020000 user 01000101 "
+            "0100030000000000805140 id")
+            .split(' ');
+    const auto text = [](const QByteArray& value) -> QByteArray {
+        return "010004" + QByteArray(1, char(value.size())).toHex() + "00" + value.toHex();
+    };
+    payloads.replace(4, text("Paneda Black Glass"));
+    payloads.replace(14, text("Master"));
+    payloads.replace(17, text("default"));
+    for (int i = 0; i < 18; ++i)
+        QCOMPARE(Payload(file, i + 1).toHex(), payloads[i]);
+    // FNV-1a of 01 00 02 00 00, worked out outside the program.
+    QCOMPARE(qFromLittleEndian<quint32>(file.constData() + 2 * 4000 + 4), 0x4936EEE2U);
+    QCOMPARE(state.FeedHeight, 70 * 15);
+    QVERIFY(state.DriveTable[3] && !state.DriveTable[2] && !state.DriveTable[4]);
+    QVERIFY(LoadConfig(state).empty());
+    QCOMPARE(store.Bytes(kFile), file);
+}
+
+void tst_config::values() {
+    const test::StoreBuilder store;
+    ConfigFile file;
+    ConfigArray drives(27, ConfigValue(qint16(0)));
+    drives[1] = drives[26] = qint16(1);
+    drives[5] = qint16(2); // shown for 1 alone
+    drives[6] = true;      // of another type
+    const ConfigArray records[] = {drives, {1500.9, -300.0}, {qint16(1)}, {7.5},  {u"Grün 😀"_s}, {true},
+                                   {true}, {qint16(1)},      {true},      {true}, {true},        {true},
+                                   {true}, {qint16(0x7B)},   {u""_s},     {false}};
+    for (int i = 0; i < int(std::size(records)); ++i)
+        QVERIFY(file.Write(i + 1, records[i]));
+    QVERIFY(file.Save(store.Path(u"CONFIG"_s)));
+
+    AppState state = store.State();
+    QVERIFY(LoadConfig(state).empty());
+    QVERIFY(state.DriveTable[1] && state.DriveTable[26]);
+    QCOMPARE(std::count(state.DriveTable.begin(), state.DriveTable.end(), true), 2);
+    QCOMPARE(state.PanelTop, 1500);
+    QCOMPARE(state.PanelLeft, -300);
+    QVERIFY(state.Autostart && state.HideAfterLaunch && state.MouseTriggerEnabled && state.HotkeyEnabled);
+    QVERIFY(state.HotkeyCtrl && state.HotkeyAlt && state.HotkeyShift && state.HotkeyWin);
+    QCOMPARE(state.ButtonsPerRow, 7.5);
+    QCOMPARE(state.SkinName, u"Grün 😀"_s);
+    QCOMPARE(state.MouseTriggerMode, 1);
+    QCOMPARE(state.HotkeyKey, 0x7B);
+    QCOMPARE(state.UserName, u""_s); // written, and so not missing
+    QCOMPARE(state.FeedHeight, 0);
+    // Found in another case of letters and grown in its place.
+    QCOMPARE(store.Entries(), QStringList{u"CONFIG"_s});
+    QCOMPARE(Payload(store.Bytes(u"CONFIG"_s), 18).last(7), "default");
+}
+
+void tst_config::damage_data() {
+    QTest::addColumn<Damage>("damage");
+    QTest::addColumn<QList<int>>("lost"); // records that take their default
+    const auto add = [](const char* tag, const QList<int>& lost, const Damage& damage) {
+        QTest::newRow(tag) << damage << lost;
+    };
+    const auto set = [](int record, int offset, char byte) {
+        return [=](QByteArray& file) { file[(record - 1) * 4000 + offset] = byte; };
+    };
+    const auto put = [](int record, const QByteArray& bytes) {
+        return [=](QByteArray& file) { file.replace((record - 1) * 4000, 4000, bytes); };
+    };
+    add("none", {}, [](QByteArray&) {});
+    add("old version", {16, 17, 18}, [](QByteArray& file) { file.truncate(15 * 4000); });
+    add("cut in a record", {15, 16, 17, 18}, [](QByteArray& file) { file.truncate(14 * 4000 + 3999); });
+    add("never written", {7}, put(7, QByteArray(4000, '\0')));
+    add("payload byte", {5}, set(5, 14, '#'));
+    add("checksum", {6}, set(6, 4, '#'));
+    add("shorter", {15}, set(15, 0, 5));
+    add("too long", {15}, set(15, 3, 0x7F));
+    add("a text for a real", {4}, put(4, *EncodeConfigRecord({u"7.5"_s})));
+    add("a number for a boolean", {6}, put(6, *EncodeConfigRecord({qint16(1)})));
+    add("no element", {5}, put(5, *EncodeConfigRecord({})));
+}
+
+void tst_config::damage() {
+    QFETCH(Damage, damage);
+    QFETCH(QList<int>, lost);
+    const test::StoreBuilder store;
+    AppState state = store.State();
+    LoadConfig(state);
+    const QByteArray defaults = store.Bytes(kFile);
+    ConfigFile changed(defaults);
+    for (int record : {kRecordHideAfterLaunch, kRecordMouseTriggerEnabled})
+        changed.Write(record, {true});
+    for (int record : {kRecordSkinName, kRecordUserName, kRecordUserId})
+        changed.Write(record, {u"mine"_s});
+    changed.Write(kRecordButtonsPerRow, {7.5});
+    QByteArray bytes = changed.Bytes();
+    damage(bytes);
+    store.AddFile(kFile, bytes);
+
+    QVERIFY(LoadConfig(state).empty());
+    QCOMPARE(state.ButtonsPerRow, lost.contains(4) ? 5 : 7.5);
+    QCOMPARE(state.SkinName, lost.contains(5) ? u"Paneda Black Glass"_s : u"mine"_s);
+    QCOMPARE(state.HideAfterLaunch, !lost.contains(6));
+    QCOMPARE(state.MouseTriggerEnabled, !lost.contains(7));
+    QCOMPARE(state.UserName, lost.contains(15) ? u"Master"_s : u"mine"_s);
+    const QByteArray repaired = store.Bytes(kFile);
+    QCOMPARE(repaired.size(), 18 * 4000);
+    for (int i = 1; i <= 18; ++i)
+        QCOMPARE(Payload(repaired, i), Payload(lost.contains(i) ? defaults : changed.Bytes(), i));
+}
+
+void tst_config::oddNumbers() {
+    ConfigFile file;
+    file.Write(kRecordPanelPlace, {-std::numeric_limits<double>::infinity(), 1e300});
+    file.Write(kRecordButtonsPerRow, {std::numeric_limits<double>::quiet_NaN()});
+    file.Write(kRecordFeedHeight, {1e300});
+    AppState state;
+    ReadConfigRecords(file, state);
+    QCOMPARE(state.PanelTop, 0);
+    QCOMPARE(state.PanelLeft, 10'000'000);
+    QCOMPARE(state.ButtonsPerRow, 5.0);
+    QCOMPARE(state.FeedHeight, 150'000);
+}
+
+void tst_config::limits() {
+    ConfigFile file;
+    // 4000 bytes less the header (8), the count (2), the type (1) and the length (2).
+    const QString fits(3987, u'x');
+    QVERIFY(file.Write(2, {fits}));
+    const QByteArray before = file.Bytes();
+    for (const QString& text : {QString(3988, u'x'), QString(2000, u'é'), QString(70'000, u'x')})
+        QVERIFY(!file.Write(2, {text}));
+    QVERIFY(!file.Write(2, ConfigArray(70'000, ConfigValue(true))));
+    QVERIFY(!file.Write(0, {true}) && !file.Write(-1, {true}));
+    QCOMPARE(file.Bytes(), before);
+    QCOMPARE(file.Read(2), std::optional(ConfigArray{fits}));
+    for (int record : {-1, 0, 1, 3, 1'000'000})
+        QVERIFY(!file.Read(record));
+}
+
+void tst_config::laterRecordsStay() {
+    const test::StoreBuilder store;
+    AppState state = store.State();
+    LoadConfig(state);
+    const QByteArray tail = QByteArray(4000, '\x5A') + "part of a record";
+    store.AddFile(kFile, store.Bytes(kFile) + tail);
+    state.PanelTop = 450;
+    state.PanelLeft = 300;
+    QVERIFY(SavePanelPlace(state));
+    QVERIFY(LoadConfig(state).empty());
+    QCOMPARE(state.PanelTop, 450);
+    QCOMPARE(state.PanelLeft, 300);
+    QCOMPARE(store.Bytes(kFile).mid(18 * 4000), tail);
+}
+
+void tst_config::folderInItsPlace() {
+    const test::StoreBuilder store;
+    store.AddFolder(kFile);
+    AppState state = store.State();
+    QCOMPARE(LoadConfig(state).size(), 1U);
+    QCOMPARE(state.ButtonsPerRow, 5.0);
+    QVERIFY(state.DriveTable[3]);
+    QVERIFY(!SavePanelPlace(state));
+    QCOMPARE(store.Entries(), QStringList{u"config/"_s});
+}
+
+QTEST_GUILESS_MAIN(tst_config)
+#include "tst_config.moc"

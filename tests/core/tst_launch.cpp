@@ -1,0 +1,141 @@
+#include "core/launch.h"
+#include "support/store_builder.h"
+
+#include <QTest>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+using Action = LaunchRequest::Action;
+Q_DECLARE_METATYPE(LaunchRequest)
+Q_DECLARE_METATYPE(ButtonFields)
+
+class tst_launch : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void decide_data();
+    void decide();
+    void readsFields();
+    void afterLaunch_data();
+    void afterLaunch();
+    void toolTips();
+};
+
+void tst_launch::decide_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<ButtonFields>("fields");
+    QTest::addColumn<QString>("browser");
+    QTest::addColumn<LaunchRequest>("expected");
+    const QString standard = u"default"_s;
+    const auto open = [](const QString& target, const QString& parameter = {}, const QString& startIn = {},
+                         ShowCommand show = ShowCommand::Normal) {
+        return LaunchRequest{Action::OpenTarget, target, parameter, startIn, show};
+    };
+    const auto drive = [](const QString& letter) {
+        return LaunchRequest{Action::OpenDrive, letter, {}, {}, ShowCommand::Normal};
+    };
+    const auto plain = [&](const char* tag, const QString& path, const QString& browser,
+                           const LaunchRequest& expected) {
+        QTest::newRow(tag) << path << ButtonFields{{}, {}, {}, {}, u"http://x.example/"_s} << browser
+                           << expected;
+    };
+    const auto record = [&](const char* tag, const ButtonFields& fields, const LaunchRequest& expected) {
+        QTest::newRow(tag) << uR"(E:\Tools\Paneda\Setting\A\G\x.pnd)"_s << fields << u"other.exe"_s
+                           << expected;
+    };
+    plain("drive", u"Drive C"_s, standard, drive(u"C"_s));
+    plain("own drive", u"Drive 9"_s, standard, drive(u"E"_s));
+    const QString image = uR"(E:\Tools\Paneda\Setting\A\G\Drive Image.exe.lnk)"_s;
+    plain("named like a drive", image, u"other.exe"_s, open(image));
+    plain("shortcut", uR"(E:\a.URL)"_s, u"other.exe"_s,
+          {Action::OpenBrowser, u"other.exe"_s, u"http://x.example/"_s, {}, ShowCommand::Normal});
+    plain("shortcut, default browser", uR"(E:\a.url)"_s, standard, open(uR"(E:\a.url)"_s));
+    plain("no extension", uR"(E:\a)"_s, u"other.exe"_s, open(uR"(E:\a)"_s));
+    plain("three characters of a longer extension", uR"(E:\a.urls)"_s, u"other.exe"_s,
+          {Action::OpenBrowser, u"other.exe"_s, u"http://x.example/"_s, {}, ShowCommand::Normal});
+
+    record("record", {uR"(C:\Apps\x.exe)"_s, u"-a \"b c\""_s, uR"(D:\Work)"_s, u"Maximized"_s, {}},
+           open(uR"(C:\Apps\x.exe)"_s, u"-a \"b c\""_s, uR"(D:\Work)"_s, ShowCommand::Maximized));
+    record("start in the target's folder", {uR"(C:\Apps\x.exe)"_s, {}, {}, u"Minimized"_s, {}},
+           open(uR"(C:\Apps\x.exe)"_s, {}, uR"(C:\Apps\)"_s, ShowCommand::Minimized));
+    record("exact window state", {uR"(C:\x)"_s, {}, u"s"_s, u"maximized"_s, {}},
+           open(uR"(C:\x)"_s, {}, u"s"_s));
+    record("without drive", {uR"(\Tools\x.exe)"_s, {}, {}, {}, {}},
+           open(uR"(E:\Tools\x.exe)"_s, {}, uR"(E:\Tools\)"_s));
+    record("backslash alone", {uR"(\)"_s, {}, {}, {}, {}}, open(uR"(E:\)"_s, {}, uR"(E:\)"_s));
+    record("network", {uR"(\\server\share\x.exe)"_s, {}, {}, {}, {}},
+           open(uR"(\\server\share\x.exe)"_s, {}, uR"(\\server\share\)"_s));
+    record("relative", {uR"(..\Apps\x.exe)"_s, {}, {}, {}, {}},
+           open(uR"(E:\Tools\Apps\x.exe)"_s, {}, uR"(E:\Tools\Apps\)"_s));
+    record("plain name stays", {u"x.exe"_s, {}, {}, {}, {}}, open(u"x.exe"_s));
+    record("address", {u"https://x.example/a"_s, {}, {}, {}, {}}, open(u"https://x.example/a"_s));
+    record("host path", {u"/usr/bin/x"_s, {}, {}, {}, {}}, open(u"/usr/bin/x"_s, {}, u"/usr/bin/"_s));
+    record("start in is taken as it is", {uR"(C:\x)"_s, {}, uR"(..\y)"_s, {}, {}},
+           open(uR"(C:\x)"_s, {}, uR"(..\y)"_s));
+    record("no target", {{}, u"-a"_s, uR"(C:\)"_s, {}, {}}, {});
+}
+
+void tst_launch::decide() {
+    QFETCH(QString, path);
+    QFETCH(ButtonFields, fields);
+    QFETCH(QString, browser);
+    QFETCH(LaunchRequest, expected);
+    const LaunchRequest request = DecideLaunch(path, fields, {uR"(E:\Tools\Paneda)"_s, browser});
+    const QString told = request.Target + u'|' + request.Parameter + u'|' + request.StartIn;
+    QVERIFY2(request == expected, qPrintable(told));
+}
+
+void tst_launch::readsFields() {
+    const test::StoreBuilder store;
+    const QByteArray bytes = "[Properties]\nTarget=t\nParameter=\"a\" \"b\"\nStart In=s\nWindow State=w\n"
+                             "[InternetShortcut]\nURL=u\n";
+    for (const QString& name : {u"x.PND"_s, u"x.url"_s, u"x.lnk"_s})
+        store.AddFile(name, bytes);
+    const ButtonFields record = ReadButtonFields(store.Path(u"x.PND"_s));
+    QCOMPARE((QStringList{record.Target, record.Parameter, record.StartIn, record.WindowState, record.Url}),
+             (QStringList{u"t"_s, u"a\" \"b"_s, u"s"_s, u"w"_s, {}}));
+    QCOMPARE(ReadButtonFields(store.Path(u"x.url"_s)).Url, u"u"_s);
+    QCOMPARE(ReadButtonFields(store.Path(u"x.lnk"_s)).Target, u""_s);
+    QCOMPARE(ReadButtonFields(store.Path(u"missing.pnd"_s)).Target, u""_s);
+}
+
+void tst_launch::afterLaunch_data() {
+    QTest::addColumn<int>("shift");
+    QTest::addColumn<bool>("hides");
+    QTest::addColumn<AfterLaunch>("left");
+    QTest::addColumn<AfterLaunch>("right");
+    for (const int shift : {0, int(kCtrlKey), int(kAltKey), kShiftKey | kCtrlKey, kShiftKey | kAltKey, 7}) {
+        QTest::addRow("%d, hides", shift) << shift << true << AfterLaunch::Hide << AfterLaunch::Stay;
+        QTest::addRow("%d, stays", shift) << shift << false << AfterLaunch::Stay << AfterLaunch::Hide;
+    }
+    QTest::newRow("shift alone, hides") << 1 << true << AfterLaunch::EndProgram << AfterLaunch::EndProgram;
+    QTest::newRow("shift alone, stays") << 1 << false << AfterLaunch::EndProgram << AfterLaunch::EndProgram;
+}
+
+void tst_launch::afterLaunch() {
+    QFETCH(int, shift);
+    QFETCH(bool, hides);
+    QTEST(DecideAfterLaunch(MouseButton::Left, shift, hides), "left");
+    QTEST(DecideAfterLaunch(MouseButton::Right, shift, hides), "right");
+    QVERIFY(LaunchesOn(MouseButton::Left) && LaunchesOn(MouseButton::Right) &&
+            !LaunchesOn(MouseButton::Middle));
+}
+
+void tst_launch::toolTips() {
+    const test::StoreBuilder store;
+    store.AddFile(u"told.pnd"_s, "[Properties]\nDescription=Draws\n");
+    store.AddFile(u"untold.pnd"_s, "[Properties]\nDescription=\n");
+    const auto tip = [&store](const QString& path, const QString& file, const QString& spare = {}) {
+        return ButtonToolTip({path, {}, spare, 1, {}}, store.Path(file), uR"(g:\Paneda)"_s);
+    };
+    QCOMPARE(tip(uR"(E:\A\[001] Paint [11].pnd)"_s, u"told.pnd"_s), u"Draws"_s);
+    QCOMPARE(tip(uR"(E:\A\[001] Paint [11].pnd)"_s, u"untold.pnd"_s), u"Paint.pnd"_s);
+    QCOMPARE(tip(uR"(E:\A\[001] Paint [11].LNK)"_s, u"told.pnd"_s), u"Paint"_s);
+    QCOMPARE(tip(uR"(E:\A\Site.url)"_s, u"none"_s), u"Site.url"_s);
+    QCOMPARE(tip(u"Drive C"_s, {}, u"Drive C:"_s), u"C:"_s);
+    QCOMPARE(tip(u"Drive 9"_s, {}, u"Drive 9:"_s), u"g:"_s);
+}
+
+QTEST_GUILESS_MAIN(tst_launch)
+#include "tst_launch.moc"

@@ -1,0 +1,90 @@
+#include "core/style_code.h"
+
+#include <QTest>
+
+#include <limits>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+class tst_style_code : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void decode_data();
+    void decode();
+    void widths_data();
+    void widths();
+};
+
+// Expected: half height, icon with "!" when drawn, its alignment, font, border and bold, label's place, its
+// alignment, label and background.
+void tst_style_code::decode_data() {
+    QTest::addColumn<QString>("expected");
+    const auto add = [](const char* code, const char* expected) {
+        QTest::newRow(code) << QString::fromUtf8(expected);
+    };
+    add("", "0 big 1 4 00 unset 1 00");
+    add("1", "0 big 1 4 00 unset 1 00");
+    add("0021300110", "1 small! 1 3 00 right 1 00");
+    add("11113001100", "0 big! 1 3 00 right 1 00");
+    add("1111111351", "0 big! 1 1 11 overlap 5 10");
+    add("11223003811", "0 small! 2 3 00 overlap 8 11");
+    add("C1243001411", "0 small! 4 3 00 right 4 11");
+    // Characters out of range, and a code that is too long.
+    add("11005550000", "0 none 1 4 00 unset 1 00");
+    add("zzzzzzzzzzz", "0 big 1 4 00 unset 1 00");
+    add("11994112911junk", "0 big 9 4 11 left 9 11");
+    add("１０１１１１１１１１１", "0 big 1 4 00 unset 1 00"); // digits, but wide ones
+}
+
+void tst_style_code::decode() {
+    static const char* const kIcons[] = {"none", "big", "small"};
+    static const char* const kPlaces[] = {"right", "left", "overlap", "unset"};
+    const ButtonStyle style = DecodeStyle(QString::fromUtf8(QTest::currentDataTag()));
+    const QString decoded = QString::asprintf(
+        "%d %s%s %d %d %d%d %s %d %d%d", style.IsHalfHeight(), kIcons[int(style.Icon)],
+        style.DrawIcon ? "!" : "", style.IconAlignment, style.LabelFont, style.LabelBorder, style.LabelBold,
+        kPlaces[int(style.LabelPosition)], style.LabelAlignment, style.LabelOn, style.Background);
+    QTEST(decoded, "expected");
+}
+
+void tst_style_code::widths_data() {
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<double>("cap");
+    QTest::addColumn<double>("units");
+    QTest::addColumn<int>("twips");
+    QTest::addColumn<int>("height");
+    const auto add = [](const char* code, double cap, double units, int twips, int height) {
+        QTest::addRow("<%s> in %g", code, cap)
+            << QString::fromLatin1(code) << cap << units << twips << height;
+    };
+    add("", 20, 1, 480, 480);
+    add("00", 20, 0.5, 240, 240);
+    add("11", 20, 1, 480, 480);
+    add("20", 20, 2, 1020, 240);
+    add("9", 20, 9, 4800, 480);
+    add("A1", 20, 10, 5340, 480);
+    add("B1", 20, 1.5, 750, 480);
+    add("C0", 20, 2.5, 1290, 240);
+    add("J", 20, 9.5, 5070, 480);
+    add("A", 5, 5, 2640, 480);
+    add("A", 2.5, 2.5, 1290, 480);
+    add("3", 3, 3, 1560, 480);
+    add("C", 1, 1, 480, 480);
+    add("0", 1, 0.5, 240, 480);
+    add("5", 0.5, 0.5, 240, 480);
+    add("5", 0, 0.5, 240, 480);
+    add("5", std::numeric_limits<double>::quiet_NaN(), 5, 2640, 480);
+}
+
+void tst_style_code::widths() {
+    QFETCH(QString, code);
+    QFETCH(double, cap);
+    QTEST(ButtonWidthUnits(code, cap), "units");
+    QTEST(ButtonWidthTwips(code, cap), "twips");
+    QTEST(ButtonHeight(code), "height");
+}
+
+QTEST_GUILESS_MAIN(tst_style_code)
+#include "tst_style_code.moc"

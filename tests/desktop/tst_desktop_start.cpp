@@ -1,0 +1,273 @@
+#include "core/config_settings.h"
+#include "core/ini_file.h"
+#include "core/store_layout.h"
+#include "desktop/desktop.h"
+#include "desktop/installed_program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <utility>
+
+#include <sys/stat.h>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+using namespace paneda::test;
+
+namespace {
+
+constexpr int kPaintedColours = 3; // a window that is mapped and not painted has one or two
+
+QByteArray Noise(int size) {
+    QRandomGenerator random(20'260'101);
+    QByteArray bytes(size, '\0');
+    for (char& byte : bytes)
+        byte = char(random.bounded(256));
+    return bytes;
+}
+
+// What a message box of this text looks like on this desktop.
+QImage PictureOfBox(const QString& text) {
+    QMessageBox box(QMessageBox::NoIcon, InstalledProgram::kBoxTitle.toString(), text, QMessageBox::Ok);
+    box.show();
+    const QString window = QString::number(box.winId());
+    QImage picture;
+    const auto settles = [&] {
+        const QImage last = std::exchange(picture, WindowPicture(window));
+        return box.isActiveWindow() && last == picture && CountColours(picture) >= kPaintedColours;
+    };
+    if (!QTest::qWaitFor(settles, 10'000))
+        qFatal("The test's own message box does not come.");
+    return picture;
+}
+
+} // namespace
+
+// Starts and ends of the installed program.
+class tst_desktop_start : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QVERIFY2(IsPrivateDesktop(), "run this through tools/with-desktop"); }
+    void firstStart();
+    void secondStart_data();
+    void secondStart();
+    void endings_data();
+    void endings();
+    void badStore_data();
+    void badStore();
+};
+
+void tst_desktop_start::firstStart() {
+    InstalledProgram program;
+    const TreePicture installed = PictureOfTree(program.Folder());
+    QCOMPARE(Difference({}, installed), u"+Icons +Sound +paneda +skin"_s);
+    QVERIFY(program.Start());
+    QVERIFY(program.PanelBecomes(u"Normal"_s));
+    QTRY_VERIFY(CountColours(WindowPicture(program.Panel())) >= kPaintedColours);
+    const TreePicture made = PictureOfTree(program.Folder());
+    QCOMPARE(Difference(installed, made),
+             u"+Cache +Cache/cache +Data +Data/Tree +Setting +Setting/[001] General "
+             u"+Setting/[002] Dynamic Category +Setting/[002] Dynamic Category/Properties.ini "
+             u"+Setting2 +Setting2/Tree.ini +config +setting.ini"_s);
+    QVERIFY(program.Close());
+    QCOMPARE(Difference(made, PictureOfTree(program.Folder())), u"~setting.ini"_s);
+    // The next start finds all that it needs and changes nothing.
+    const TreePicture left = PictureOfTree(program.Folder());
+    QVERIFY(program.Start());
+    QVERIFY(program.Close());
+    QCOMPARE(Difference(left, PictureOfTree(program.Folder())), QString());
+}
+
+void tst_desktop_start::secondStart_data() {
+    QTest::addColumn<QString>("state"); // of the first panel
+    QTest::newRow("panel shown") << u"Normal"_s;
+    QTest::newRow("panel hidden") << u"Iconic"_s;
+}
+
+void tst_desktop_start::secondStart() {
+    QFETCH(QString, state);
+    InstalledProgram program;
+    if (state == u"Iconic")
+        program.AddFile(u"Launcher/setting.ini"_s, "[Properties]\nhide on startup=1\n");
+    ToolOutput(u"xdotool"_s, {u"mousemove"_s, u"1270"_s, u"5"_s});
+    const QImage expected = PictureOfBox(u"Paneda Launcher has been launched"_s);
+    QVERIFY(expected != PictureOfBox(u"Paneda Launcher has been Launched"_s));
+    QVERIFY(program.Start());
+    QVERIFY(program.PanelBecomes(state));
+    const TreePicture before = PictureOfTree(program.Folder());
+
+    QProcess second;
+    second.start(program.Folder() + u"/paneda"_s, {});
+    QString box;
+    QTRY_VERIFY(!(box = FindWindow(InstalledProgram::kBoxTitle.toString(), second.processId())).isEmpty());
+    QTRY_COMPARE(WindowPicture(box), expected);
+    QVERIFY(FindWindow(InstalledProgram::kPanelTitle.toString(), second.processId()).isEmpty());
+    PressKey(u"Return"_s);
+    QTRY_COMPARE(second.state(), QProcess::NotRunning);
+    QCOMPARE(second.exitCode(), 0);
+    QCOMPARE(WindowState(program.Panel()), state);
+    QCOMPARE(Difference(before, PictureOfTree(program.Folder())), QString());
+    QVERIFY(program.Close());
+}
+
+void tst_desktop_start::endings_data() {
+    QTest::addColumn<bool>("byMenu");
+    QTest::newRow("menu") << true;
+    QTest::newRow("window manager") << false;
+}
+
+void tst_desktop_start::endings() {
+    QFETCH(bool, byMenu);
+    InstalledProgram program;
+    program.CompleteStore();
+    // A place beyond the screen is corrected at the load and saved as it then is.
+    ConfigFile config = ConfigFile::Load(ConfigFilePath(program.Folder())).value_or(ConfigFile());
+    config.Write(kRecordPanelPlace, {600.0, 9e6});
+    QVERIFY(config.Save(ConfigFilePath(program.Folder())).has_value());
+    QVERIFY(program.Start());
+    const QPoint place = WindowPlace(program.Panel());
+    QCOMPARE(place.y(), 40);
+    ClickAt(program.Bar(1), 1);
+    if (byMenu) {
+        ClickAt(program.Menu(), 1);
+        PressKey(u"Down"_s);
+        PressKey(u"Return"_s);
+        QVERIFY(program.HasEnded());
+        QCOMPARE(program.ExitCode(), 0);
+    } else {
+        QVERIFY(program.Close());
+    }
+    QCOMPARE(ReadIni(u"Properties"_s, u"Category"_s, SettingIniFile(program.Folder())), u"2"_s);
+    config = ConfigFile::Load(ConfigFilePath(program.Folder())).value_or(ConfigFile());
+    QVERIFY(config.Read(kRecordPanelPlace) == (ConfigArray{place.y() * 15.0, place.x() * 15.0}));
+}
+
+namespace {
+
+// Does some damage to a complete store.
+struct Damage {
+    void (*Do)(const InstalledProgram& program) = nullptr;
+};
+
+const QString kGroup = u"Launcher/Setting/[001] General/[001] G/"_s;
+
+// The names of both are bytes below the program's folder that need not be text.
+void MakePipe(const InstalledProgram& program, const QByteArray& name) {
+    const QByteArray path = QFile::encodeName(program.Folder()) + '/' + name;
+    if (::mkfifo(path.constData(), 0600) != 0)
+        qFatal("No pipe %s", path.constData());
+}
+
+void MakeOddFolder(const InstalledProgram& program, const QByteArray& name) {
+    const QByteArray path = QFile::encodeName(program.Folder()) + '/' + name;
+    if (::mkdir(path.constData(), 0700) != 0)
+        qFatal("No folder %s", path.constData());
+}
+
+void Replace(const InstalledProgram& program, const QString& name, bool byFolder) {
+    QDir store(program.Folder());
+    QDir(store.filePath(name)).removeRecursively();
+    store.remove(name);
+    if (byFolder)
+        store.mkdir(name);
+    else
+        program.AddFile(u"Launcher/"_s + name, "not a folder");
+}
+
+void OddBytes(const InstalledProgram& program) {
+    for (const char* name : {"Setting/[003] \xff\xfe", "Setting/[001] General/\x80", "\xc3"})
+        MakeOddFolder(program, name);
+    MakePipe(program, "Setting/[001] General/[001] G/\xff.pnd");
+}
+
+void OddNames(const InstalledProgram& program) {
+    const QString right = QString::fromUtf8("\xe2\x80\xae[1] r\xf0\x9f\x98\x80");
+    for (const QString& name : {u"[]"_s, u"a\nb\tc"_s, u"x\\y"_s, QString(240, u'x'), right})
+        program.AddFile(u"Launcher/Setting/%1/%1/%1"_s.arg(name));
+    program.AddFile(kGroup + u"].[].pnd"_s);
+}
+
+void Pipes(const InstalledProgram& program) {
+    QFile::remove(SettingIniFile(program.Folder()));
+    MakePipe(program, "setting.ini");
+    MakePipe(program, "Setting/[001] General/[001] G/x.pnd");
+    MakePipe(program, "Setting/[001] General/[001] G/y.png");
+}
+
+void ManyCategories(const InstalledProgram& program) {
+    for (int i = 3; i < 5003; ++i)
+        QDir(program.Folder()).mkpath(u"Setting/[%1] C"_s.arg(i, 4, 10, QLatin1Char('0')));
+}
+
+} // namespace
+
+void tst_desktop_start::badStore_data() {
+    QTest::addColumn<Damage>("damage");
+    QTest::addColumn<bool>("notice");     // of what could not be read or written
+    QTest::addColumn<QString>("changes"); // by the start
+
+    using Program = const InstalledProgram&;
+    const auto row = [](const char* name, bool notice, const char* changes, void (*damage)(Program)) {
+        QTest::newRow(name) << Damage{damage} << notice << QString::fromLatin1(changes);
+    };
+    // A new cache means that the store was scanned.
+    row("names of odd bytes", false, "+Cache/cache", OddBytes);
+    row("odd names", false, "+Cache/cache", OddNames);
+    row("pipes", false, "+Cache/cache", Pipes);
+    row("5,000 categories", false, "+Cache/cache", ManyCategories);
+    row("empty Setting", false, "+Cache/cache", [](Program p) { Replace(p, u"Setting"_s, true); });
+    row("random cache", false, "~Cache/cache",
+        [](Program p) { p.AddFile(u"Launcher/Cache/cache"_s, Noise(65'536)); });
+    row("config cut in a record", false, "~config",
+        [](Program p) { QFile::resize(ConfigFilePath(p.Folder()), 7 * kConfigRecordSize + 100); });
+    row("random config", false, "~config",
+        [](Program p) { p.AddFile(u"Launcher/config"_s, Noise(18 * kConfigRecordSize)); });
+    row("random setting.ini", false, "",
+        [](Program p) { p.AddFile(u"Launcher/setting.ini"_s, Noise(65'536)); });
+    row("10 MB setting.ini", false, "", [](Program p) {
+        p.AddFile(u"Launcher/setting.ini"_s, QByteArray("[Big]\nkey=value\n;\n").repeated(600'000));
+    });
+    row("sealed", false, "", [](Program) {});
+    row("sealed and incomplete", true, "", [](Program p) { QFile::remove(ConfigFilePath(p.Folder())); });
+    row("a file for Setting", true, "", [](Program p) { Replace(p, u"Setting"_s, false); });
+    row("a file for Cache", true, "", [](Program p) { Replace(p, u"Cache"_s, false); });
+    row("a folder for config", true, "", [](Program p) { Replace(p, u"config"_s, true); });
+}
+
+void tst_desktop_start::badStore() {
+    QFETCH(Damage, damage);
+    QFETCH(bool, notice);
+    QFETCH(QString, changes);
+    const bool sealed = QByteArray(QTest::currentDataTag()).startsWith("sealed");
+    InstalledProgram program;
+    program.AddFile(kGroup + u"[001] a.txt"_s);
+    program.CompleteStore();
+    damage.Do(program);
+    if (changes.startsWith(u'+'))
+        QVERIFY(QFile::remove(CacheFilePath(program.Folder())));
+    if (sealed)
+        ToolOutput(u"chmod"_s, {u"-R"_s, u"a-w,a+rX"_s, program.Folder()});
+    const TreePicture before = PictureOfTree(program.Folder());
+
+    QVERIFY(program.Start(sealed));
+    QVERIFY(program.PanelBecomes(u"Normal"_s));
+    QTRY_VERIFY(CountColours(WindowPicture(program.Panel())) >= kPaintedColours);
+    const auto hasBox = [&program] {
+        return !FindWindow(InstalledProgram::kBoxTitle.toString(), program.ProcessId()).isEmpty();
+    };
+    if (notice) {
+        QTRY_VERIFY(hasBox());
+        PressKey(u"Return"_s);
+        QTRY_VERIFY(!hasBox());
+    }
+    QTRY_COMPARE(Difference(before, PictureOfTree(program.Folder())), changes);
+    QVERIFY(program.Close());
+}
+
+QTEST_MAIN(tst_desktop_start)
+#include "tst_desktop_start.moc"

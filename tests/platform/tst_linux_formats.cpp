@@ -1,0 +1,113 @@
+#include "platform/linux/desktop_entry.h"
+#include "platform/linux/mounted_volumes.h"
+
+#include <QTest>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+// The text formats that the Linux desktop hands to the program.
+class tst_linux_formats : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void entryKeys_data();
+    void entryKeys();
+    void execLine_data();
+    void execLine();
+    void mountTable();
+};
+
+namespace {
+
+QString Keys(const DesktopEntry& entry) {
+    const QStringList keys{entry.Type, entry.Name, entry.Exec, entry.Path, entry.Icon, entry.Url};
+    return keys.join(u'|') + (entry.Terminal ? u"|terminal"_s : QString());
+}
+
+} // namespace
+
+void tst_linux_formats::entryKeys_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("keys"); // type|name|exec|path|icon|url
+
+    const auto row = [](const char* name, const QByteArray& bytes, const char* keys) {
+        QTest::newRow(name) << bytes << QString::fromUtf8(keys);
+    };
+    row("all keys",
+        "[Desktop Entry]\nType=Application\nName=A\nExec=a\nPath=/p\nIcon=i\nURL=u\nTerminal=true",
+        "Application|A|a|/p|i|u|terminal");
+    row("blanks and CR LF", "[Desktop Entry]\r\n  Name = A b \r\nExec\t=\tx y\r\nTerminal=True\r\n",
+        "|A b|x y|||");
+    row("other groups",
+        "Name=before\n[Desktop Action New]\nExec=no\n[Desktop Entry]\nExec=yes\n"
+        "[Desktop Action Old]\nExec=no\n[desktop entry]\nName=no",
+        "||yes|||");
+    row("comments and other languages", "[Desktop Entry]\n#Name=no\nName=A\nName[de]=no\n\n", "|A||||");
+    row("escapes", "[Desktop Entry]\nName=a\\sb\\tc\\\\d\\x\\\nPath=/a\\nb", "|a b\tc\\d\\x\\||/a\nb||");
+    row("equals signs", "[Desktop Entry]\nURL=https://a/?b=c=d\n=no\nExec", "|||||https://a/?b=c=d");
+    row("damaged", "[Desktop Entry]\n\xff\xfe=\x80\n=\nTerminal\nIcon=i\n[Desktop Entry", "||||i|");
+    row("not an entry",
+        "\x7f"
+        "ELF",
+        "|||||");
+    row("empty", "", "|||||");
+}
+
+void tst_linux_formats::entryKeys() {
+    QFETCH(QByteArray, bytes);
+    QTEST(Keys(ParseDesktopEntry(bytes)), "keys");
+}
+
+void tst_linux_formats::execLine_data() {
+    QTest::addColumn<QString>("line"); // as in the file
+    QTest::addColumn<QString>("files");
+    QTest::addColumn<QString>("words");
+
+    const auto row = [](const char* line, const char* files, const char* words) {
+        QTest::newRow(line) << QString::fromUtf8(line) << QString::fromUtf8(files)
+                            << QString::fromUtf8(words);
+    };
+    row("tool  a\tb ", "", "tool|a|b");
+    row(R"("/opt/my app/run" "a ""b" "")", "", "/opt/my app/run|a b|");
+    row(R"(sh -c "echo \\"hi\\" \\$HOME \\\\")", "", R"(sh|-c|echo "hi" $HOME \)");
+    // Files: one, all, none asked for, none given.
+    row("tool %f -x", "1|2", "tool|1|-x");
+    row("tool %U -x", "1|2", "tool|1|2|-x");
+    row("tool -x", "1|2", "tool|-x|1|2");
+    row("tool %F -x", "", "tool|-x");
+    row("tool --open=%u", "1|2", "tool|--open=1");
+    // The other codes; deprecated and unknown ones vanish.
+    row("tool %i %c %k", "", "tool|--icon|an icon|A name|/e.desktop");
+    row("tool --as=%c 100%% 5% %d%m %v x%N", "", "tool|--as=A name|100%|5%||x");
+    row(R"("tool %f)", "1", "");
+    row(R"(tool "a\\")", "1", "");
+    row("", "1", "");
+    row("   ", "1", "");
+}
+
+void tst_linux_formats::execLine() {
+    QFETCH(QString, line);
+    QFETCH(QString, files);
+    const DesktopEntry entry =
+        ParseDesktopEntry("[Desktop Entry]\nName=A name\nIcon=an icon\nExec=" + line.toUtf8() + "\n");
+    QTEST(ExpandExec(entry, u"/e.desktop"_s, files.split(u'|', Qt::SkipEmptyParts)).join(u'|'), "words");
+}
+
+void tst_linux_formats::mountTable() {
+    const QByteArray table = "/dev/sda1 / ext4 rw 0 0\n"
+                             "/dev/sdb1 /media/me/MY\\040STICK\\0111\\134 vfat rw 0 0\n"
+                             "tmpfs /media/\xc3\xa9t\xc3\xa9 tmpfs rw 0 0\n"
+                             "\n"
+                             "proc\n"
+                             "proc /cut\n"
+                             "server: relative nfs rw 0 0\n"
+                             "/dev/sdc1 /mnt/end\\04";
+    const QStringList points{u"/"_s, u"/media/me/MY STICK\t1\\"_s,
+                             QString::fromUtf8("/media/\xc3\xa9t\xc3\xa9")};
+    QCOMPARE(MountPointsOf(table), points);
+    QCOMPARE(MountPointsOf({}), QStringList());
+}
+
+QTEST_GUILESS_MAIN(tst_linux_formats)
+#include "tst_linux_formats.moc"

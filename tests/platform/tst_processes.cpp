@@ -1,0 +1,196 @@
+#include "platform/linux/instance_mark.h"
+#include "platform/linux/linux_opener.h"
+#include "platform/linux/window_watch.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cerrno>
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A forked process that answers with one number and then waits to be ended.
+class Child {
+public:
+    template <class Body>
+    explicit Child(Body body) {
+        int ends[2];
+        if (::pipe(ends) != 0)
+            return;
+        id_ = ::fork();
+        if (id_ == 0) {
+            // A test that fails must not leave the child behind.
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            const qint64 answer = body();
+            (void)!::write(ends[1], &answer, sizeof answer);
+            for (;;)
+                ::pause();
+        }
+        ::close(ends[1]);
+        (void)!::read(ends[0], &answer_, sizeof answer_);
+        ::close(ends[0]);
+    }
+    ~Child() { End(); }
+    Q_DISABLE_COPY_MOVE(Child)
+
+    qint64 Answer() const { return answer_; }
+    qint64 Id() const { return id_; }
+    void End() {
+        if (id_ > 0 && ::kill(id_, SIGKILL) == 0)
+            ::waitpid(id_, nullptr, 0);
+        id_ = 0;
+    }
+
+private:
+    pid_t id_ = 0;
+    qint64 answer_ = -1;
+};
+
+QByteArray StatusOf(qint64 processId) {
+    QFile file(u"/proc/%1/status"_s.arg(processId));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class tst_processes : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void markOfOtherProcess();
+    void startedProgram();
+    void descent();
+
+private:
+    QString File(const char* name) const { return folder_.filePath(QLatin1StringView(name)); }
+    QList<QByteArray> Started(const QString& file) const;
+
+    QTemporaryDir folder_;
+    LaunchPaths paths_{DriveMap::FromMountPoints({}), u"C:\\"_s};
+};
+
+void tst_processes::initTestCase() {
+    QVERIFY(QDir(folder_.path()).mkdir(u"run"_s));
+    QVERIFY(QDir(folder_.path()).mkdir(u"start in"_s));
+    QVERIFY(QFile::setPermissions(File("run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(File("run")));
+    QCOMPARE(::mkfifo(QFile::encodeName(File("end")).constData(), 0600), 0);
+    QFile script(File("program"));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    // Tells about itself, then lives until the pipe "end" is written to. The first argument names its file.
+    script.write("#!/bin/sh\nout=$1; shift\n"
+                 "{ printf '%s\\0' $$ \"$PWD\"; for a; do printf '%s\\0' \"$a\"; done; } >\"$out.part\"\n"
+                 "mv \"$out.part\" \"$out\"\n"
+                 "read -r line <\"${0%/*}/end\"\n");
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+// Lets a started program go on to its end.
+void tst_processes::cleanup() {
+    const int end = ::open(QFile::encodeName(File("end")).constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (end < 0)
+        return;
+    (void)!::write(end, "\n", 1);
+    ::close(end);
+}
+
+// Process id, working folder and arguments that the program wrote; empty as long as there is no such file.
+QList<QByteArray> tst_processes::Started(const QString& file) const {
+    QFile record(file);
+    if (!record.open(QIODevice::ReadOnly))
+        return {};
+    QList<QByteArray> fields = record.readAll().split('\0');
+    fields.removeLast();
+    return fields;
+}
+
+void tst_processes::markOfOtherProcess() {
+    QVERIFY(QFile::link(File("program"), File("alias")));
+    const auto lock = [](const QString& path) {
+        InstanceMark mark;
+        return mark.TryLock(path);
+    };
+    {
+        InstanceMark* kept = nullptr;
+        Child other([&] {
+            kept = new InstanceMark;
+            return qint64(kept->TryLock(File("program")));
+        });
+        QCOMPARE(other.Answer(), 1);
+        QVERIFY(!lock(File("program")));
+        QVERIFY(!lock(File("alias"))); // another name of the same file
+        QVERIFY(lock(File("elsewhere/program")));
+        other.End();
+    }
+    QVERIFY2(lock(File("program")), "a killed process leaves a stale mark");
+}
+
+void tst_processes::startedProgram() {
+    const QString record = File("started");
+    auto mark = std::make_unique<InstanceMark>();
+    QVERIFY(mark->TryLock(File("program")));
+    {
+        LinuxOpener opener;
+        opener.Open({LaunchRequest::Action::OpenTarget, File("program"),
+                     u'"' + record + u"\" \"a b\" \"\" %f $HOME * \\n"_s, File("start in"),
+                     ShowCommand::Normal},
+                    paths_);
+        QTRY_VERIFY(!Started(record).isEmpty());
+    }
+    const QList<QByteArray> fields = Started(record);
+    const qint64 processId = fields[0].toLongLong();
+    QCOMPARE(fields.mid(1),
+             (QList<QByteArray>{QFile::encodeName(File("start in")), "a b", "", "%f", "$HOME", "*", "\\n"}));
+    QVERIFY(StatusOf(processId).contains("State:\tS"));
+    QVERIFY(!DescendsFrom(processId, ::getpid()));
+    // Neither a child nor a zombie of this process.
+    QVERIFY(::waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD);
+
+    // The program runs on, and the mark has gone with its owner all the same.
+    mark.reset();
+    InstanceMark next;
+    QVERIFY(next.TryLock(File("program")));
+    cleanup();
+    QTRY_VERIFY(!StatusOf(processId).contains("State:\tS"));
+}
+
+void tst_processes::descent() {
+    // Names that would mislead a reader of the process table.
+    Child child([] {
+        ::prctl(PR_SET_NAME, "a) S 1 (b");
+        const pid_t grandchild = ::fork();
+        if (grandchild == 0) {
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            for (;;)
+                ::pause();
+        }
+        return qint64(grandchild);
+    });
+    const qint64 self = ::getpid();
+    QVERIFY(child.Answer() > 0);
+    QVERIFY(DescendsFrom(child.Answer(), child.Answer()));
+    QVERIFY(DescendsFrom(child.Answer(), child.Id()));
+    QVERIFY(DescendsFrom(child.Answer(), self));
+    QVERIFY(!DescendsFrom(self, child.Answer()));
+    QVERIFY(!DescendsFrom(child.Id(), child.Answer()));
+    QVERIFY(!DescendsFrom(0, self));
+    QVERIFY(!DescendsFrom(-5, 0));
+    QVERIFY(!DescendsFrom(0x7fffffff, self));
+}
+
+QTEST_GUILESS_MAIN(tst_processes)
+#include "tst_processes.moc"

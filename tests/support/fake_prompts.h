@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/prompts.h"
+
+#include <QList>
+#include <QStringList>
+
+namespace paneda::test {
+
+// Keeps what the user would have read, as "title|text", and answers questions from a list; No once it is
+// empty.
+class FakePrompts : public Prompts {
+public:
+    QStringList Shown;
+    QList<bool> Answers;
+
+    void Notice(const QString& text, const QString& title = {}) override {
+        Shown.append(title + u'|' + text);
+    }
+
+    bool Confirm(const QString& text, const QString& title) override {
+        Notice(text, title);
+        return !Answers.isEmpty() && Answers.takeFirst();
+    }
+};
+
+} // namespace paneda::test

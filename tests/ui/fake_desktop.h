@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/file_icons.h"
+#include "platform/opener.h"
+#include "platform/volumes.h"
+
+#include <QColor>
+#include <QStringList>
+
+#include <vector>
+
+namespace paneda::test {
+
+// Remembers what was to be started.
+class FakeOpener : public Opener {
+public:
+    std::vector<LaunchRequest> Requests;
+    LaunchPaths Paths; // of the last request
+
+    void Open(const LaunchRequest& request, const LaunchPaths& paths) override {
+        Requests.push_back(request);
+        Paths = paths;
+    }
+};
+
+// A machine with the root volume and what a test mounts.
+class FakeVolumes : public Volumes {
+public:
+    QStringList MountPoints;
+
+    void Refresh(DriveMap& map) override { map.UseMountPoints(MountPoints); }
+};
+
+// One flat colour as the icon of every target.
+class FakeIcons : public FileIcons {
+public:
+    static constexpr QRgb kColour = 0xFFFF00FF;
+    QStringList Targets;
+
+    QImage IconOf(const QString& target, const LaunchPaths&, int pixels) override {
+        Targets.append(target);
+        QImage icon(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+        icon.fill(kColour);
+        return icon;
+    }
+};
+
+} // namespace paneda::test

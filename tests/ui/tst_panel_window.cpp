@@ -1,0 +1,392 @@
+#include "core/config_settings.h"
+#include "core/ini_file.h"
+#include "core/store_layout.h"
+#include "skin/plain_look.h"
+#include "support/fake_prompts.h"
+#include "support/store_builder.h"
+#include "ui/fake_desktop.h"
+#include "ui/panel/frmMain.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QHelpEvent>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+using namespace paneda::test;
+
+namespace {
+
+const QString kTool = u"Setting/[001] One/[001] G/[001] Tool [1].pnd"_s;
+
+// A store of two categories of buttons and one tree category, with a panel over it and a fake desktop.
+class PanelBench {
+public:
+    StoreBuilder Store;
+    AppState State;
+    FakeOpener Opened;
+    FakeVolumes Drives;
+    FakeIcons Icons;
+    FakePrompts Messages;
+    std::unique_ptr<frmMain> Panel;
+
+    PanelBench() {
+        Store.AddFile(kTool, "[Properties]\nTarget=\\Tools\\a.exe\nParameter=-x \"a b\"\nStart In=C:\\tmp\n"
+                             "Window State=Minimized\nDescription=Does <b> & more\n");
+        Store.AddFile(u"Setting/[001] One/[001] G/[002] Page.url"_s, "[InternetShortcut]\nURL=https://a\n");
+        Store.AddFile(u"Setting/[001] One/[001] G/[003] File [1].lnk"_s);
+        Store.AddFile(u"Setting/[002] Two/[001] H/only.txt"_s);
+        Store.AddFile(u"Setting/[003] Dynamic Category/Properties.ini"_s,
+                      "[Properties]\nCategory=Old Tree\n");
+        State = Store.State();
+        Drives.Refresh(State.Drives);
+        State.AppPath = State.Drives.ToStored(Store.AppFolder());
+    }
+
+    void Load() {
+        Panel = std::make_unique<frmMain>(State, PanelServices{Opened, Drives, Icons, Messages});
+        Panel->Form_Load();
+        Panel->ShowAtStart();
+    }
+
+    const GroupGeometry& Group(std::size_t group) const {
+        return Panel->Geometry().Categories[std::size_t(Panel->Opened().Index)].Groups[group];
+    }
+    QRect Button(std::size_t group, std::size_t button) const {
+        return ToPixels(Group(group).Buttons[button].Rect);
+    }
+    QRect Header(std::size_t group) const { return ToPixels(Group(group).Header); }
+    QRect Bar(int category) const {
+        return ToPixels(Panel->Geometry().Categories[std::size_t(category)].Bar);
+    }
+
+    void Press(const QRect& area, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+        QTest::mousePress(Panel.get(), button, modifiers, area.center());
+    }
+    void Release(const QRect& area, Qt::MouseButton button = Qt::LeftButton) const {
+        QTest::mouseRelease(Panel.get(), button, Qt::NoModifier, area.center());
+    }
+    void Click(const QRect& area, Qt::MouseButton button = Qt::LeftButton) const {
+        Press(area, button);
+        Release(area, button);
+    }
+
+    bool IsHidden() const { return Panel->isMinimized() || !Panel->isVisible(); }
+    QString StoredFolder(const QString& rest) const { return State.AppPath + u'\\' + rest; }
+};
+
+QString Describe(const LaunchRequest& request) {
+    return u"%1 <%2> <%3> <%4> %5"_s.arg(int(request.What))
+        .arg(request.Target, request.Parameter, request.StartIn)
+        .arg(int(request.Show));
+}
+
+} // namespace
+
+class tst_panel_window : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
+    void hitAreas_data();
+    void hitAreas();
+    void press_data();
+    void press();
+    void requests();
+    void bars();
+    void hide();
+    void toolTips();
+    void failuresAreShownOnce();
+    void unload();
+    void unloadOfSealedStore();
+    void picture();
+};
+
+void tst_panel_window::hitAreas_data() {
+    QTest::addColumn<QPoint>("point"); // pixels
+    QTest::addColumn<QString>("area"); // kind, category, group, button
+
+    const auto row = [](int x, int y, const QString& area) {
+        QTest::addRow("%d,%d", x, y) << QPoint(x, y) << area;
+    };
+    row(99, 9, u"header 0 0 -1"_s);
+    row(100, 9, u"none -1 -1 -1"_s);
+    row(-1, 5, u"none -1 -1 -1"_s);
+    row(31, 39, u"button 0 0 0"_s);
+    row(32, 39, u"none -1 -1 -1"_s); // the gap between two buttons
+    row(36, 25, u"button 0 0 1"_s);
+    row(36, 26, u"none -1 -1 -1"_s); // below a button of half height
+    row(40, 48, u"header 0 1 -1"_s);
+    row(40, 49, u"button 0 1 0"_s); // on the header's last line
+    row(5, 90, u"none -1 -1 -1"_s); // a button that does not fit and so is hidden
+    row(50, 100, u"bar 0 -1 -1"_s);
+    row(50, 139, u"bar 1 -1 -1"_s);
+    row(50, 140, u"none -1 -1 -1"_s);
+}
+
+void tst_panel_window::hitAreas() {
+    QFETCH(QPoint, point);
+    PanelGeometry geometry;
+    geometry.Categories.resize(2);
+    geometry.Categories[0].Bar = {0, 1500, 1500, 300};
+    geometry.Categories[1].Bar = {0, 1800, 1500, 300};
+    geometry.Categories[0].Groups = {
+        {1, {0, 0, 1500, 150}, {{1, {0, 150, 480, 480}}, {2, {540, 150, 240, 240}}}},
+        {2, {0, 600, 1500, 150}, {{3, {15, 735, 600, 480}}, {4, {15, 1275, 480, 480}}}}};
+    geometry.Categories[1].Groups = {{3, {0, 0, 1500, 1500}, {{5, {0, 0, 1500, 1500}}}}};
+    const HitArea area = HitTest(HitAreasOf(geometry, {0, {0, 1}, {{0, 0}, {0, 1}, {1, 0}}}), point);
+    const QStringList kinds{u"none"_s, u"bar"_s, u"header"_s, u"button"_s};
+    QTEST(
+        u"%1 %2 %3 %4"_s.arg(kinds.value(int(area.What))).arg(area.Category).arg(area.Group).arg(area.Button),
+        "area");
+}
+
+void tst_panel_window::press_data() {
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<bool>("hideAfterLaunch");
+    QTest::addColumn<QString>("outcome"); // starts, then what becomes of the panel
+
+    const auto row = [](const char* name, Qt::MouseButton button, int modifiers, bool hide,
+                        const char* outcome) {
+        QTest::newRow(name) << button << modifiers << hide << QString::fromLatin1(outcome);
+    };
+    const int shift = Qt::ShiftModifier;
+    const int ctrl = Qt::ControlModifier;
+    const int alt = Qt::AltModifier;
+    row("left", Qt::LeftButton, 0, false, "1 stays");
+    row("left, hiding", Qt::LeftButton, 0, true, "1 hides");
+    row("right", Qt::RightButton, 0, false, "1 hides");
+    row("right, hiding", Qt::RightButton, 0, true, "1 stays");
+    row("middle", Qt::MiddleButton, 0, true, "0 stays");
+    row("side button", Qt::BackButton, shift, true, "0 stays");
+    row("shift", Qt::LeftButton, shift, false, "1 ends");
+    row("shift, right", Qt::RightButton, shift, true, "1 ends");
+    row("shift and ctrl", Qt::LeftButton, shift | ctrl, false, "1 stays");
+    row("shift and alt, hiding", Qt::LeftButton, shift | alt, true, "1 hides");
+    row("shift and Windows key", Qt::LeftButton, shift | Qt::MetaModifier, false, "1 ends");
+}
+
+void tst_panel_window::press() {
+    QFETCH(Qt::MouseButton, button);
+    QFETCH(int, modifiers);
+    QFETCH(bool, hideAfterLaunch);
+    PanelBench bench;
+    bench.Load();
+    bench.State.HideAfterLaunch = hideAfterLaunch;
+    QSignalSpy unloaded(bench.Panel.get(), &frmMain::Unloaded);
+
+    bench.Press(bench.Button(0, 0), button, Qt::KeyboardModifiers(modifiers));
+    QString outcome = QString::number(bench.Opened.Requests.size());
+    outcome += unloaded.isEmpty() ? bench.IsHidden() ? u" hides"_s : u" stays"_s : u" ends"_s;
+    QTEST(outcome, "outcome");
+    QVERIFY(unloaded.size() <= 1);
+    // The release adds nothing.
+    bench.Release(bench.Button(0, 0), button);
+    QVERIFY(bench.Opened.Requests.size() <= 1);
+}
+
+void tst_panel_window::requests() {
+    PanelBench bench;
+    bench.Store.AddFile(u"setting.ini"_s, "[Properties]\nmy computer drive paneda=1\n");
+    bench.Load();
+    bench.Drives.MountPoints.append(u"/media/stick"_s);
+    for (const QRect& button :
+         {bench.Button(0, 0), bench.Button(0, 1), bench.Button(0, 2), bench.Button(1, 0), bench.Button(1, 1)})
+        bench.Press(button);
+    QCOMPARE(bench.Opened.Paths.AppPath, bench.State.AppPath);
+    // A volume that has come since the start is known to the launch.
+    QCOMPARE(bench.Opened.Paths.Drives.RootOf(u'D'), u"/media/stick"_s);
+
+    // Records are read at the press, and the browser counts for shortcuts alone.
+    bench.Store.AddFile(kTool, "[Properties]\nTarget=https://b\n");
+    bench.State.Browser = u"firefox.exe"_s;
+    bench.Press(bench.Button(0, 0));
+    bench.Press(bench.Button(0, 1));
+    QFile::remove(bench.Store.Path(kTool));
+    bench.Press(bench.Button(0, 0));
+
+    QStringList requests;
+    for (const LaunchRequest& request : bench.Opened.Requests)
+        requests.append(Describe(request));
+    const QString group = u"Setting\\[001] One\\[001] G\\"_s;
+    const QStringList expected{
+        u"2 <C:\\Tools\\a.exe> <-x \"a b\"> <C:\\tmp> 2"_s,
+        u"2 <%1> <> <> 1"_s.arg(bench.StoredFolder(group + u"[002] Page.url"_s)),
+        u"2 <%1> <> <> 1"_s.arg(bench.StoredFolder(group + u"[003] File [1].lnk"_s)),
+        u"1 <C> <> <> 1"_s,
+        u"1 <C> <> <> 1"_s,
+        u"2 <https://b> <> <> 1"_s,
+        u"3 <firefox.exe> <https://a> <> 1"_s,
+        u"0 <> <> <> 1"_s,
+    };
+    QCOMPARE(requests, expected);
+}
+
+void tst_panel_window::bars() {
+    PanelBench bench;
+    bench.Load();
+    const QRect first = bench.Button(0, 0);
+    const QRect third = bench.Button(0, 2);
+    QCOMPARE(bench.Panel->Opened().Index, 0);
+
+    // A click is a press and a release of the left button on one bar.
+    bench.Press(bench.Bar(1));
+    QCOMPARE(bench.Panel->Opened().Index, 0);
+    bench.Release(bench.Bar(2));
+    bench.Press(bench.Bar(1));
+    bench.Release(first);
+    bench.Press(bench.Header(0));
+    bench.Release(bench.Bar(1));
+    bench.Release(bench.Bar(1));
+    bench.Click(bench.Bar(1), Qt::RightButton);
+    bench.Click(bench.Bar(1), Qt::MiddleButton);
+    QCOMPARE(bench.Panel->Opened().Index, 0);
+    bench.Click(bench.Bar(1));
+    QCOMPARE(bench.Panel->Opened().Index, 1);
+    QCOMPARE(bench.State.SelectedCategory, 1);
+
+    // The button that has taken a hidden one's place is the one that is hit, and an empty place is empty.
+    bench.Press(first);
+    bench.Press(third);
+    QCOMPARE(bench.Opened.Requests.size(), 1U);
+    QVERIFY(bench.Opened.Requests[0].Target.endsWith(u"\\[002] Two\\[001] H\\only.txt"_s));
+
+    bench.Click(bench.Bar(2));
+    bench.Press(first);
+    QCOMPARE(bench.Opened.Requests.size(), 1U);
+    bench.Panel->picCategory_Click(99);
+    QCOMPARE(bench.State.SelectedCategory, 2);
+}
+
+void tst_panel_window::hide() {
+    PanelBench bench;
+    bench.Store.AddFile(u"setting.ini"_s, "[Properties]\nhide on startup=1\ncategory=2\n");
+    bench.Load();
+    QVERIFY(bench.IsHidden());
+    QCOMPARE(bench.Panel->Opened().Index, 1);
+    bench.Panel->Form_LinkExecute(u"whatever"_s);
+    QVERIFY(!bench.IsHidden());
+    const QRect spot = PlainChromeOf(bench.Panel->Geometry()).Hide;
+    bench.Press(spot);
+    QVERIFY(!bench.IsHidden());
+    bench.Release(spot);
+    QVERIFY(bench.IsHidden());
+}
+
+void tst_panel_window::toolTips() {
+    PanelBench bench;
+    bench.Store.AddFile(u"setting.ini"_s, "[Properties]\nmy computer drive paneda=1\n");
+    bench.Load();
+    const auto tipAt = [&bench](const QPoint& point) {
+        QHelpEvent event(QEvent::ToolTip, point, bench.Panel->mapToGlobal(point));
+        QApplication::sendEvent(bench.Panel.get(), &event);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    QCOMPARE(tipAt(bench.Button(0, 0).center()), u"Does &lt;b&gt; &amp; more"_s);
+    QCOMPARE(tipAt(bench.Button(0, 1).center()), u"Page.url"_s);
+    QCOMPARE(tipAt(bench.Button(0, 2).center()), u"File"_s);
+    QCOMPARE(tipAt(bench.Button(1, 0).center()), u"C:"_s);
+    QCOMPARE(tipAt(bench.Button(1, 1).center()), u"C:"_s); // the program's own drive
+    const QPoint header = bench.Header(0).center();
+    tipAt(header);
+    QTRY_VERIFY(tipAt(header).isEmpty());
+}
+
+void tst_panel_window::failuresAreShownOnce() {
+    PanelBench bench;
+    bench.Store.AddFile(u"Cache"_s);
+    bench.Store.AddFolder(u"config"_s);
+    bench.Load();
+    QVERIFY(bench.Messages.Shown.isEmpty()); // not before the panel is there
+    QTRY_COMPARE(bench.Messages.Shown.size(), 1);
+    QVERIFY(bench.Messages.Shown[0].contains(bench.Store.Path(u"Cache"_s) + u':'));
+    QVERIFY(bench.Messages.Shown[0].contains(bench.Store.Path(u"config"_s) + u':'));
+    QCOMPARE(bench.State.Catalogue.size(), 3U);
+    bench.Panel->showMinimized();
+    bench.Panel->Form_LinkExecute({});
+    bench.Panel->picCategory_Click(1);
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.Messages.Shown.size(), 1);
+}
+
+void tst_panel_window::unload() {
+    PanelBench bench;
+    bench.Load();
+    bench.Click(bench.Bar(1));
+    bench.State.PanelTop = 150;
+    bench.State.PanelLeft = 300;
+    bench.State.TreeOpacity = 0.29;
+    bench.State.Catalogue[2].TreeName = u"New Tree"_s;
+    bench.Panel->Form_Unload();
+    QVERIFY(!bench.Panel->isVisible());
+
+    const QString folder = bench.Store.AppFolder();
+    const auto config = ConfigFile::Load(ConfigFilePath(folder));
+    QVERIFY(config.has_value());
+    QVERIFY(config->Read(kRecordPanelPlace) == (ConfigArray{150.0, 300.0}));
+    const QString settings = SettingIniFile(folder);
+    QCOMPARE(ReadIni(u"Properties"_s, u"Category"_s, settings), u"2"_s);
+    QCOMPARE(ReadIni(u"Tree"_s, u"opacity percent"_s, settings), u"29"_s);
+    QCOMPARE(ReadIni(u"Note"_s, u"opacity percent"_s, settings), QString());
+    QCOMPARE(ReadIni(u"Properties"_s, u"Category"_s, CategoryIniFile(folder, u"[003] Dynamic Category"_s)),
+             u"New Tree"_s);
+
+    // Closing what has been unloaded writes nothing more.
+    QFile::remove(settings);
+    bench.Panel->close();
+    QVERIFY(!QFile::exists(settings));
+    QVERIFY(bench.Messages.Shown.isEmpty());
+}
+
+// The place that cannot be saved is told, the rest is saved all the same, and the program ends.
+void tst_panel_window::unloadOfSealedStore() {
+    PanelBench bench;
+    bench.Load();
+    const QString config = ConfigFilePath(bench.Store.AppFolder());
+    QVERIFY(QFile::remove(config));
+    bench.Store.AddFolder(u"config"_s);
+    QSignalSpy unloaded(bench.Panel.get(), &frmMain::Unloaded);
+    bench.Panel->close();
+    QCOMPARE(unloaded.size(), 1);
+    QCOMPARE(bench.Messages.Shown.size(), 1);
+    QVERIFY(bench.Messages.Shown[0].contains(config));
+    QVERIFY(QFile::exists(SettingIniFile(bench.Store.AppFolder())));
+}
+
+void tst_panel_window::picture() {
+    PanelBench bench;
+    bench.Load();
+    const auto colour = [&bench](const QPoint& point) {
+        return bench.Panel->grab().toImage().pixelColor(point).rgb();
+    };
+    const auto corner = [](const QRect& rect) { return rect.topRight() + QPoint(-1, 1); };
+    const QRect iconButton = bench.Button(0, 1); // without a style: the icon alone
+    const QRect next = bench.Button(0, 2);
+    const QRgb frame = colour({2, 2});
+    const QRgb ground = colour({iconButton.right() + 2, iconButton.center().y()}); // the gap behind it
+    QCOMPARE(colour(iconButton.topLeft()), FakeIcons::kColour);
+    QCOMPARE(colour(iconButton.bottomRight()), FakeIcons::kColour);
+    QVERIFY(iconButton.right() + 2 < next.left());
+    const QRgb header = colour(corner(bench.Header(0)));
+    const QRgb active = colour(corner(bench.Bar(0)));
+    const QRgb bar = colour(corner(bench.Bar(1)));
+    const QSet<QRgb> different{frame, ground, header, active, bar, FakeIcons::kColour};
+    QCOMPARE(different.size(), 6);
+    QCOMPARE(colour(corner(bench.Bar(2))), bar);
+
+    // The other category: its bar is the active one, and the buttons of the first have gone.
+    bench.Panel->picCategory_Click(1);
+    QCOMPARE(colour(corner(bench.Bar(0))), bar);
+    QCOMPARE(colour(corner(bench.Bar(1))), active);
+    QCOMPARE(colour(iconButton.center()), ground);
+    QCOMPARE(colour(corner(bench.Header(0))), header);
+    QCOMPARE(bench.Icons.Targets.constLast(), bench.StoredFolder(u"Setting\\[002] Two\\[001] H\\only.txt"_s));
+}
+
+QTEST_MAIN(tst_panel_window)
+#include "tst_panel_window.moc"
