@@ -1,0 +1,51 @@
+// Input: a cache file. It is decoded as it stands, and once more with a header and a checksum that fit what
+// follows the place where they stand, so that the fuzzer gets behind them.
+
+#include "core/catalogue_cache.h"
+#include "core/checksum.h"
+
+#include <QtEndian>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+using namespace paneda;
+
+namespace {
+
+const QString kVersion = QStringLiteral("2.0");
+const QString kApp = QStringLiteral("E:\\App");
+
+// Header of an empty cache less its checksum.
+QByteArray Header() {
+    CacheRecord record;
+    record.ProductVersion = kVersion;
+    return EncodeCache(record).first(8 + 4 + 6);
+}
+
+void Check(const QByteArray& bytes) {
+    const auto record = DecodeCache(bytes, kVersion, kApp);
+    if (!record)
+        return;
+    // A file name with a backslash loses what stands before it, once.
+    const auto second = DecodeCache(EncodeCache(*record), kVersion, kApp);
+    if (!second)
+        std::abort();
+    const auto third = DecodeCache(EncodeCache(*second), kVersion, kApp);
+    if (!third || !(*third == *second))
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const QByteArray header = Header();
+    const QByteArray input(reinterpret_cast<const char*>(data), qsizetype(size));
+    Check(input);
+    const QByteArray contents = input.mid(header.size() + 8);
+    QByteArray checksum(8, '\0');
+    qToLittleEndian(Fnv1a64OfWords(contents), checksum.data());
+    Check(header + checksum + contents);
+    return 0;
+}
