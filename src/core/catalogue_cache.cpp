@@ -56,11 +56,16 @@ public:
         return bytes.isEmpty() ? 0 : qFromLittleEndian<qint32>(bytes.data());
     }
     QString Text() {
+        QString text;
+        TextInto(text);
+        return text;
+    }
+    // The same into a text that is used again and again.
+    void TextInto(QString& text) {
         const QByteArrayView bytes = Bytes(qsizetype(Number()) * 2);
-        QString text(bytes.size() / 2, Qt::Uninitialized);
+        text.resize(bytes.size() / 2);
         if (!text.isEmpty())
             qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
-        return text;
     }
     // Reads a list's entries by `read`. Stops at the first that the bytes do not hold, whatever number of
     // entries the list claims.
@@ -108,12 +113,23 @@ void WriteCategory(Writer& writer, const CategoryEntry& category) {
     }
 }
 
-ButtonEntry ReadButton(Reader& reader, const QString& groupPath) {
+// Neighbours mostly have one style; they share its text, since memory is what a load takes its time for.
+void ShareStyle(ButtonEntry& button, const std::vector<ButtonEntry>& before) {
+    if (!before.empty() && before.back().Style == button.Style)
+        button.Style = before.back().Style;
+}
+
+// `text` is scratch memory.
+ButtonEntry ReadButton(Reader& reader, const QString& groupPath, const std::vector<ButtonEntry>& before,
+                       QString& text) {
     const qint32 index = reader.Number();
     const bool isDrive = reader.Number() != 0;
-    const QString text = reader.Text();
-    return isDrive ? DriveButton(text.isEmpty() ? QChar() : text[0], index)
-                   : FileButton(groupPath, text, index);
+    reader.TextInto(text);
+    if (isDrive)
+        return DriveButton(text.isEmpty() ? QChar() : text[0], index);
+    ButtonEntry button = FileButton(groupPath, text, index);
+    ShareStyle(button, before);
+    return button;
 }
 
 GroupEntry ReadGroup(Reader& reader, const QString& categoryPath) {
@@ -121,7 +137,8 @@ GroupEntry ReadGroup(Reader& reader, const QString& categoryPath) {
     group.FolderName = reader.Text();
     group.ControlIndex = reader.Number();
     const QString path = categoryPath + u'\\' + group.FolderName;
-    reader.List(group.Buttons, [&] { return ReadButton(reader, path); });
+    QString text;
+    reader.List(group.Buttons, [&] { return ReadButton(reader, path, group.Buttons, text); });
     return group;
 }
 
