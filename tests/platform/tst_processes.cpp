@@ -21,6 +21,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Makes a forked process end with its parent, so that a test leaves none behind.
+void EndWith(pid_t parent) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent)
+        ::_exit(1);
+}
+
 // A forked process that answers with one number and then waits to be ended.
 class Child {
 public:
@@ -29,10 +36,10 @@ public:
         int ends[2];
         if (::pipe(ends) != 0)
             return;
+        const pid_t self = ::getpid();
         id_ = ::fork();
         if (id_ == 0) {
-            // A test that fails must not leave the child behind.
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            EndWith(self);
             const qint64 answer = body();
             (void)!::write(ends[1], &answer, sizeof answer);
             for (;;)
@@ -172,9 +179,10 @@ void tst_processes::descent() {
     // Names that would mislead a reader of the process table.
     Child child([] {
         ::prctl(PR_SET_NAME, "a) S 1 (b");
+        const pid_t self = ::getpid();
         const pid_t grandchild = ::fork();
         if (grandchild == 0) {
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            EndWith(self);
             for (;;)
                 ::pause();
         }
