@@ -1,0 +1,156 @@
+"""Tests of the generator: run with `/usr/bin/python3 -B -m unittest` in this folder."""
+
+import copy
+import filecmp
+import os
+import tempfile
+import unittest
+
+from PIL import Image, ImageChops
+
+import black_glass
+import delft
+import hairline
+import index_card
+import meridian
+import walnut
+from check import faults, has_seam, logo_faults
+from compose import Packer
+from contrast import measured, ratio
+from drawing import lay
+from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH
+from logo import all_logos
+from skin import original_option
+from store import write_skin
+from strips import strip
+
+SKINS = [module.build() for module in (black_glass, delft, hairline, index_card, meridian, walnut)]
+
+
+def altered(change, skin=SKINS[2]):
+    """A copy of a sound skin with one thing spoilt by `change`."""
+    spoilt = copy.copy(skin)
+    spoilt.pieces = dict(skin.pieces)
+    spoilt.settings = {section: dict(keys) for section, keys in skin.settings.items()}
+    change(spoilt)
+    return spoilt
+
+
+def across(width, height):
+    """A picture that runs from black to white and so cannot be tiled across."""
+    return Image.linear_gradient("L").rotate(90).resize((width, height)).convert("RGBA")
+
+
+class Contrast(unittest.TestCase):
+    def test_known_ratios(self):
+        self.assertAlmostEqual(ratio((0, 0, 0), (255, 255, 255)), 21.0)
+        self.assertAlmostEqual(ratio((0x77,) * 3, (255, 255, 255)), 4.48, places=2)
+
+    def test_see_through_ground_is_judged_on_the_worst_desktop(self):
+        solid = altered(lambda s: s.settings["Fonts"].update({"button label color": "FFFFFF"}))
+        clear = altered(lambda s: s.pieces.update(back=Image.new("RGBA", (8, 8), (0, 0, 0, 40))), solid)
+        self.assertGreater(measured(solid)["button label color on back"], 4.5)
+        self.assertLess(measured(clear)["button label color on back"], 2)
+
+
+class Checks(unittest.TestCase):
+    def test_skins_are_sound_and_each_flaw_is_found(self):
+        for skin in SKINS:
+            self.assertEqual(faults(skin), [], skin.name)
+        flaws = {
+            "piece righta is missing": lambda s: s.pieces.pop("righta"),
+            "contrast": lambda s: s.settings["Fonts"].update({"category active color": "2F443C"}),
+            "bottoma height": lambda s: s.pieces.update(bottoma=s.pieces["bottoma"].crop((0, 0, 8, 18))),
+            "category shows a seam": lambda s: s.pieces.update(category=across(64, 19)),
+            "lefta shows a seam": lambda s: s.pieces.update(lefta=across(64, 3).transpose(5)),
+            "back shows a seam": lambda s: s.pieces.update(back=across(64, 64)),
+            "the menu button does not lie": lambda s: s.settings["Buttons"].update({"menu button right": "113"}),
+            "the logo covers the hide": lambda s: s.settings["Buttons"].update({"paneda logo left": "18"}),
+            "hide button top is missing": lambda s: s.settings["Buttons"].pop("hide button top"),
+            "group color is not a colour": lambda s: s.settings["Fonts"].update({"group color": "ABC"}),
+            "group font name is empty": lambda s: s.settings["Fonts"].update({"group font name": ""}),
+        }
+        for wanted, spoil in flaws.items():
+            with self.subTest(wanted):
+                self.assertTrue(any(wanted in line for line in faults(altered(spoil))))
+
+    def test_logo_must_fit_between_the_buttons(self):
+        right = altered(lambda s: s.settings["Buttons"].update({"paneda logo left": "40"}))
+        low = altered(lambda s: s.settings["Buttons"].update({"paneda logo top": "9"}))
+        self.assertEqual(logo_faults(right, all_logos()), ["the logo covers the menu button"])
+        self.assertEqual(logo_faults(low, all_logos()), ["the logo reaches below the bottom piece"])
+
+    def test_seams(self):
+        self.assertFalse(has_seam(strip([(9, 9, 9, 1.0)] * 4)))
+        self.assertTrue(has_seam(across(64, 8)))
+        self.assertFalse(has_seam(across(64, 8), down=True))
+
+
+class Frames(unittest.TestCase):
+    def test_pieces_put_together_give_the_whole_frame_again(self):
+        wholes = {
+            "Paneda Black Glass": black_glass.frame(black_glass.GLASS),
+            "Delft Porcelain": delft.frame(delft.COBALT),
+            "Hairline": hairline.frame(hairline.NIGHT),
+            "Index Card": index_card.frame(index_card.MANILA),
+            "Meridian": meridian.frame(meridian.PETROL),
+            "Walnut Drawer": walnut.frame(),
+        }
+        for skin in SKINS:
+            p, w, h = skin.pieces, NOMINAL_WIDTH, NOMINAL_HEIGHT
+            left, top, tall, foot = p["lefta"].width, p["topa"].height, p["topleft"].height, p["bottom"].height
+            put = Image.new("RGBA", (w, h), (0, 0, 0, 0))
+            lay(put, p["topa"], left, 0, w - 2 * left, top)
+            lay(put, p["bottoma"], left, h - foot, w - 2 * left, foot)
+            for name, x in (("left", 0), ("right", w - left)):
+                lay(put, p[name + "a"], x, tall, left, h - tall - foot)
+                lay(put, p["top" + name], x, 0)
+                lay(put, p["bottom" + name], x, h - foot)
+            whole = wholes[skin.name].copy()
+            inner = (left, top, w - left, h - foot)
+            for picture in (put, whole):
+                picture.paste((0, 0, 0, 0), inner)
+            with self.subTest(skin.name):
+                # The soft shadow alone may still change a little beyond its corner.
+                most = max(high for _, high in ImageChops.difference(put, whole).getextrema())
+                self.assertLessEqual(most, 4)
+
+
+class Packing(unittest.TestCase):
+    def test_lanes_and_wraps(self):
+        """Each case: buttons a row, (width, half height) of each button, and where each goes."""
+        cases = [
+            (5, [(0.5, True), (0.5, True), (0.5, True)], [(0, 0, 0), (0, 1, 0), (0.5, 0, 0)]),
+            (5, [(2.5, True), (2.5, True), (2.5, False)], [(0, 0, 0), (0, 1, 0), (2.5, 0, 0)]),
+            (2, [(1, True), (1, False), (1, False)], [(0, 0, 0), (1, 0, 0), (0, 0, 1)]),
+            (2, [(2, False), (0.5, True), (0.5, True)], [(0, 0, 0), (0, 0, 1), (0, 1, 1)]),
+        ]
+        for per_row, buttons, places in cases:
+            packer = Packer(per_row)
+            self.assertEqual([packer.place(*button) for button in buttons], places)
+
+
+class Folders(unittest.TestCase):
+    def test_original_takes_every_option_back(self):
+        for skin in SKINS:
+            back = original_option(skin)
+            for option in skin.options:
+                again = skin.with_option(option).with_option(back)
+                self.assertEqual(again.settings, skin.settings)
+                self.assertEqual(set(again.pieces), set(skin.pieces))
+                self.assertTrue(all(again.pieces[n].tobytes() == skin.pieces[n].tobytes() for n in skin.pieces))
+
+    def test_two_runs_write_the_same_bytes(self):
+        with tempfile.TemporaryDirectory() as one, tempfile.TemporaryDirectory() as two:
+            for root in (one, two):
+                write_skin(root, meridian.build(), all_logos())
+            names = [os.path.relpath(os.path.join(d, f), one) for d, _, files in os.walk(one) for f in files]
+            self.assertIn(os.path.join("Meridian", "Bare Buttons", "DELETE buttonbig.png.txt"), names)
+            self.assertEqual(filecmp.cmpfiles(one, two, names, shallow=False), (names, [], []))
+            with open(os.path.join(one, "Meridian", "skin.ini"), "rb") as file:
+                text = file.read()
+            self.assertEqual(text.count(b"\n"), text.count(b"\r\n"))
+
+
+if __name__ == "__main__":
+    unittest.main()
