@@ -1,0 +1,60 @@
+#pragma once
+
+#include "core/drive_map.h"
+#include "skin/decoded_pictures.h"
+#include "skin/drawing_surface.h"
+#include "skin/font_choice.h"
+#include "skin/icon_source.h"
+#include "skin/picture_files.h"
+#include "skin/theme_state.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace paneda {
+
+// What every painter of one composition draws with. The pictures and names that it reads are read once, so it
+// is made anew for each composition.
+struct PaintTools {
+    PaintTools(const ThemeState& theme, FontChoice& fonts) : Theme(theme), Fonts(fonts) {}
+
+    // A piece of the skin; null if it is missing.
+    QImage Piece(const QString& name) { return Pictures.Get(Theme.PathOf(name)); }
+
+    const ThemeState& Theme;
+    FontChoice& Fonts;
+    DecodedPictures Pictures;
+};
+
+// Where buttons get their icons from, and the limit of their width.
+struct ButtonSources {
+    IconSource& Icons;
+    const DriveMap& Drives;
+    QString AppPath; // stored form
+    double ButtonsPerRow = 5;
+    PictureFinder Finder = {};
+};
+
+struct ButtonSpec {
+    QString Style;
+    QString Target; // path of the button's file in the stored form; empty for no icon
+    QString Caption;
+    int Left = 0;                   // twips
+    int Top = 0;                    // twips
+    bool LimitWidth = true;         // to ButtonsPerRow
+    bool PreviewWallpaper = false;  // the skin's back piece behind a button without solid background
+    std::optional<Argb> Background; // solid, instead of what the skin has
+};
+
+// Size of a button in twips.
+TwipsSize ButtonSize(const ButtonSpec& button, const ButtonSources& sources);
+
+// Paints a button: background, icon or the picture beside its file, label.
+void PaintButton(DrawingSurface& surface, const ButtonSpec& button, PaintTools& tools,
+                 ButtonSources& sources);
+
+// Whether a skin's override ("YES", "NO") or else the button's own switch turns a feature on.
+bool IsSwitchedOn(const QString& skinOverride, bool own);
+
+} // namespace paneda

@@ -1,0 +1,126 @@
+#include "skin/drive_painter.h"
+
+#include "core/text_rules.h"
+#include "skin/font_size.h"
+#include "skin/picture_cache.h"
+
+#include <algorithm>
+
+namespace paneda {
+
+namespace {
+
+constexpr double kGigabyte = 1024.0 * 1024.0 * 1024.0;
+constexpr int kSpareName = 6;       // characters of "Drive " before the drive's text
+constexpr int kTextSize = 6;        // points
+constexpr int kSecondLineTop = 150; // this and all below in twips, from the button's corner
+constexpr int kLetterTop = 350;
+constexpr TwipsRect kBarOutline{150, 380, 310, 70};
+constexpr TwipsRect kBarFill{160, 400, 300, 30};
+
+// A part of a button as it lies on the panel, both of its corner pixels included.
+TwipsRect PartOf(const TwipsRect& box, const TwipsRect& part) {
+    const int left = TwipsToPixels(box.Left + part.Left);
+    const int top = TwipsToPixels(box.Top + part.Top);
+    const int right = TwipsToPixels(box.Left + part.Right());
+    const int bottom = TwipsToPixels(box.Top + part.Bottom());
+    return {PixelsToTwips(left), PixelsToTwips(top), PixelsToTwips(right - left + 1),
+            PixelsToTwips(bottom - top + 1)};
+}
+
+void DrawOutline(DrawingSurface& surface, const TwipsRect& rect, Argb color) {
+    const int line = kTwipsPerPixel;
+    surface.FillRect(color, {rect.Left, rect.Top, rect.Width, line});
+    surface.FillRect(color, {rect.Left, rect.Bottom() - line, rect.Width, line});
+    surface.FillRect(color, {rect.Left, rect.Top, line, rect.Height});
+    surface.FillRect(color, {rect.Right() - line, rect.Top, line, rect.Height});
+}
+
+void DrawBar(DrawingSurface& surface, const TwipsRect& box, const DriveInfo& info, const ThemeState& theme) {
+    if (info.TotalBytes != 0 && info.FreeBytes != 0) {
+        const double share = std::min(double(info.FreeBytes) / double(info.TotalBytes), 1.0);
+        TwipsRect fill = kBarFill;
+        fill.Width = int(fill.Width * share);
+        surface.FillRect(ColorToArgb(theme.DriveBarFreeColor, 255), PartOf(box, fill));
+    }
+    DrawOutline(surface, PartOf(box, kBarOutline), ColorToArgb(theme.DriveBarBorderColor, 255));
+}
+
+QString DriveTextOf(const ButtonEntry& button, const QString& appPath) {
+    if (button.Path.endsWith(u'9'))
+        return appPath.left(1) + u':';
+    return button.Spare.sliced(kSpareName);
+}
+
+} // namespace
+
+std::vector<PlacedDrive> DriveButtonsOf(const CatalogueList& catalogue, const PanelGeometry& geometry,
+                                        const QString& appPath) {
+    std::vector<PlacedDrive> drives;
+    if (catalogue.empty() || geometry.Categories.empty())
+        return drives;
+    const OpenedCategory opened = OpenCategory(geometry, 0);
+    for (const auto& [group, index] : opened.Buttons) {
+        const ButtonEntry& button = catalogue.front().Groups[std::size_t(group)].Buttons[std::size_t(index)];
+        const ButtonGeometry& placed =
+            geometry.Categories.front().Groups[std::size_t(group)].Buttons[std::size_t(index)];
+        if (button.Spare.size() > kSpareName)
+            drives.push_back({button.ControlIndex, DriveTextOf(button, appPath), placed.Rect});
+    }
+    return drives;
+}
+
+QString DriveToolTip(const QString& drive, const DriveInfo& info) {
+    const QString label = info.Label.isEmpty() ? QString() : u'(' + info.Label + u')';
+    QString share = QStringLiteral("-");
+    if (info.TotalBytes != 0)
+        share =
+            QString::number(RoundHalfEven(100.0 * double(info.FreeBytes) / double(info.TotalBytes))) + u'%';
+    return drive + label + QStringLiteral(" Free ") + share;
+}
+
+QString GigabytesText(quint64 bytes) {
+    const double gigabytes = double(bytes) / kGigabyte;
+    const int decimals = gigabytes < 10 ? 3 : gigabytes < 100 ? 2 : 1;
+    return QString::number(gigabytes, 'f', decimals);
+}
+
+void DrawDrive(DrawingSurface& surface, const PlacedDrive& button, const DriveInfo& info, PaintTools& tools) {
+    const ThemeState& theme = tools.Theme;
+    TextFont font;
+    font.Family = tools.Fonts.Family(QStringLiteral("Small Fonts"));
+    font.EmSize = FontPixelSize(kTextSize);
+    font.Bold = true;
+    font.AntiAlias = false;
+    const TwipsRect& box = button.Box;
+    const auto print = [&](const QString& text, int top, const SkinColor& color) {
+        surface.PrintLine(text, box.Left, box.Top + top, box, font, ColorToArgb(color.Color, 255));
+    };
+    if (info.TotalBytes != 0 && info.FreeBytes != 0)
+        print(GigabytesText(info.FreeBytes), 0, theme.DriveFreeColor);
+    if (info.TotalBytes == 0)
+        print(QStringLiteral("N/A"), kSecondLineTop, theme.DriveNaColor);
+    else
+        print(GigabytesText(info.TotalBytes), kSecondLineTop, theme.DriveCapacityColor);
+    DrawBar(surface, box, info, theme);
+    print(button.Drive.left(1), kLetterTop, theme.DriveLetterColor);
+}
+
+std::vector<FileError> RefleshPanel(const QString& folder, const std::vector<DriveState>& drives,
+                                    PaintTools& tools) {
+    std::vector<FileError> failures;
+    for (const PictureKind kind : {PictureKind::Finished, PictureKind::Base}) {
+        const QImage composed = LoadCategoryPicture(folder, ComposedPicture(0), kind);
+        if (composed.isNull())
+            continue;
+        DrawingSurface surface(composed);
+        for (const DriveState& drive : drives)
+            DrawDrive(surface, drive.Button, drive.Info, tools);
+        const FileResult saved = SaveCategoryPicture(folder, ShownPicture(0), kind, surface.Image());
+        if (!saved)
+            failures.push_back(saved.error());
+    }
+    return failures;
+}
+
+} // namespace paneda

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+
+namespace paneda {
+
+// The file names of one folder, listed once: for those who look for many names in it. Finds as FindEntry
+// does.
+class FolderNames {
+public:
+    FolderNames() = default;
+
+    explicit FolderNames(const QString& folder);
+
+    // The file's name as it is on disk; empty if there is none.
+    QString Find(const QString& name) const;
+
+private:
+    QSet<QString> exact_;
+    QHash<QString, QString> folded_;
+};
+
+} // namespace paneda

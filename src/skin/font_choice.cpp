@@ -1,0 +1,68 @@
+#include "skin/font_choice.h"
+
+#include "core/text_rules.h"
+
+#include <QFont>
+#include <QFontDatabase>
+
+#include <utility>
+
+namespace paneda {
+
+namespace {
+
+// Nearest in width and weight first.
+const QStringList& StandIns(bool small) {
+    static const QStringList kForTahoma{
+        QStringLiteral("Tahoma"),          QStringLiteral("DejaVu Sans Condensed"),
+        QStringLiteral("Verdana"),         QStringLiteral("Noto Sans"),
+        QStringLiteral("DejaVu Sans"),     QStringLiteral("Segoe UI"),
+        QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+    };
+    static const QStringList kForSmallFonts{
+        QStringLiteral("Small Fonts"),
+        QStringLiteral("DejaVu Sans Condensed"),
+        QStringLiteral("Liberation Sans"),
+        QStringLiteral("Arial"),
+    };
+    return small ? kForSmallFonts : kForTahoma;
+}
+
+} // namespace
+
+FontChoice::FontChoice(QStringList installed) : asked_(true), installed_(std::move(installed)) {}
+
+QString FontChoice::Family(const QString& wanted) {
+    if (!asked_) {
+        installed_ = QFontDatabase::families();
+        asked_ = true;
+    }
+    const QString key = wanted.toCaseFolded();
+    const auto known = chosen_.constFind(key);
+    if (known != chosen_.constEnd())
+        return *known;
+    return *chosen_.insert(key, Choose(wanted));
+}
+
+QString FontChoice::Choose(const QString& wanted) const {
+    QStringList candidates{wanted};
+    if (SameName(wanted, u"Small Fonts"))
+        candidates += StandIns(true);
+    candidates += StandIns(false);
+    for (const QString& candidate : std::as_const(candidates)) {
+        const QString family = Installed(candidate);
+        if (!family.isEmpty())
+            return family;
+    }
+    return installed_.isEmpty() ? QFont().defaultFamily() : installed_.first();
+}
+
+QString FontChoice::Installed(const QString& family) const {
+    for (const QString& candidate : installed_) {
+        if (SameName(candidate, family))
+            return candidate;
+    }
+    return {};
+}
+
+} // namespace paneda

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+namespace paneda {
+
+// Where the icons of files, folders, programs and addresses come from.
+class IconSource {
+public:
+    virtual ~IconSource() = default;
+
+    // The icon of what a path of the stored form, a host path or an address names: `pixels` wide and high,
+    // with alpha. Null if there is none.
+    virtual QImage Icon(const QString& path, int pixels) = 0;
+};
+
+} // namespace paneda

@@ -1,0 +1,89 @@
+#include "skin/picture_files.h"
+
+#include "core/names.h"
+#include "core/text_rules.h"
+#include "skin/picture_loader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+
+namespace paneda {
+
+namespace {
+
+constexpr std::array<QStringView, 7> kExtensions{u"png", u"jpg", u"jpe", u"jpeg", u"bmp", u"gif", u"ico"};
+
+QString FolderOf(const QString& path) {
+    return path.first(path.lastIndexOf(u'/') + 1);
+}
+
+QString FileNameOf(const QString& path) {
+    return path.sliced(path.lastIndexOf(u'/') + 1);
+}
+
+QString FindIn(const FolderNames& names, const QString& stem) {
+    for (const QStringView extension : kExtensions) {
+        const QString name = names.Find(FileNameOf(stem) + u'.' + extension);
+        if (!name.isEmpty())
+            return FolderOf(stem) + name;
+    }
+    return {};
+}
+
+FileResult Failure(const QString& path, const QString& reason) {
+    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
+}
+
+} // namespace
+
+// A point in a folder's name begins no extension.
+QString PictureStem(const QString& path) {
+    return FolderOf(path) + WithoutExtension(FileNameOf(path));
+}
+
+QString FindPictureFile(const QString& stem) {
+    return FindIn(FolderNames(FolderOf(stem)), stem);
+}
+
+QString PictureFinder::Find(const QString& stem) {
+    const QString folder = FolderOf(stem);
+    if (folder != folder_) {
+        folder_ = folder;
+        names_ = FolderNames(folder);
+    }
+    return FindIn(names_, stem);
+}
+
+FileResult RenamePictureFile(const QString& oldPath, const QString& newStemWithDot) {
+    const QString picture = FindPictureFile(PictureStem(oldPath));
+    if (picture.isEmpty())
+        return {};
+    const QString target = newStemWithDot + ExtensionOf(picture).toLower();
+    if (target == picture)
+        return {};
+    const QString taken = FindEntry(FolderOf(target), FileNameOf(target));
+    // A name that differs from its own in case alone is free.
+    if (QFileInfo::exists(taken) && taken != picture)
+        return Failure(target, QStringLiteral("A file of this name exists."));
+    QFile file(picture);
+    return file.rename(target) ? FileResult() : Failure(picture, file.errorString());
+}
+
+FileResult DeletePictureFile(const QString& stem) {
+    const QString picture = FindPictureFile(stem);
+    if (picture.isEmpty())
+        return {};
+    QFile file(picture);
+    return file.remove() ? FileResult() : Failure(picture, file.errorString());
+}
+
+TwipsSize ImageSizeTwips(const QString& path) {
+    const QSize size = ReadPictureSize(path);
+    return size.isEmpty() ? TwipsSize{}
+                          : TwipsSize{PixelsToTwips(size.width()), PixelsToTwips(size.height())};
+}
+
+} // namespace paneda

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/ini_text.h"
+#include "skin/skin_folder.h"
+#include "skin/theme_state.h"
+
+#include <QString>
+
+#include <tl/expected.hpp>
+
+namespace paneda {
+
+// Reads skin.ini and the names of the pieces, but no picture. Fails when the folder or the file is missing
+// and when one of the places on the bottom picture is not told.
+tl::expected<ThemeState, SkinError> ReadSkin(const QString& appFolder, const QString& skinName);
+
+// What skin.ini tells, without SkinPath and Pieces. `skinName` and `file` are for the error.
+tl::expected<ThemeState, SkinError> ReadTheme(const IniText& ini, const QString& skinName,
+                                              const QString& file);
+
+TreeColors ReadTreeColors(const IniText& ini);
+
+// The text of a skin's skin.ini, found in any case of letters. Without keys if it cannot be read.
+IniText ReadSkinIni(const QString& skinPath);
+
+} // namespace paneda

@@ -1,0 +1,48 @@
+#include "skin/skin_folder.h"
+
+#include "core/file_io.h"
+#include "core/text_rules.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace paneda {
+
+namespace {
+
+bool IsPlainFolderName(const QString& name) {
+    static const QString kForbidden = QStringLiteral("/\\:");
+    return !TrimBlanks(name).isEmpty() && name != u"." && name != u".." &&
+           std::none_of(name.begin(), name.end(),
+                        [](QChar c) { return c.isNull() || kForbidden.contains(c); });
+}
+
+} // namespace
+
+QString SkinError::Text() const {
+    const QString begin = QStringLiteral("The skin \"%1\" cannot be used. ").arg(Skin);
+    if (Key.isEmpty())
+        return begin + File + QStringLiteral(": ") + Reason;
+    return begin +
+           QStringLiteral("The key \"%1\" in section [Buttons] of %2 is missing or empty.").arg(Key, File);
+}
+
+tl::expected<QString, SkinError> FindSkinFolder(const QString& appFolder, const QString& skinName) {
+    const QString skins = FindEntry(appFolder, QStringLiteral("skin"));
+    if (!IsPlainFolderName(skinName))
+        return tl::make_unexpected(
+            SkinFileError(skinName, skins, QStringLiteral("This is not the name of a skin's folder.")));
+    const QString folder = FindEntry(skins, skinName);
+    if (!QFileInfo(folder).isDir())
+        return tl::make_unexpected(
+            SkinFileError(skinName, folder, QStringLiteral("The folder does not exist.")));
+    return folder + u'/';
+}
+
+SkinError SkinFileError(const QString& skin, const QString& file, const QString& reason) {
+    return {skin, QDir::toNativeSeparators(file), {}, reason};
+}
+
+} // namespace paneda

@@ -1,0 +1,24 @@
+#include "skin/skin_file.h"
+
+#include <cstddef>
+#include <cstdint>
+
+// The bytes of a skin.ini. What comes out of them has to lie within the limits that the painters rely on.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace paneda;
+    const IniText ini(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    ReadTreeColors(ini);
+    const auto theme = ReadTheme(ini, QStringLiteral("x"), QStringLiteral("skin.ini"));
+    if (!theme) {
+        if (theme.error().Text().isEmpty())
+            __builtin_trap();
+        return 0;
+    }
+    for (const SkinFont& font : {theme->GroupFont, theme->CategoryActiveFont, theme->CategoryInactiveFont}) {
+        if (!(font.Size >= 1 && font.Size <= 200) || font.Name.isEmpty())
+            __builtin_trap();
+    }
+    if (theme->LogoDesign < 1 || theme->LogoDesign > 11 || theme->MessageHeight < 92 * 15)
+        __builtin_trap();
+    return 0;
+}

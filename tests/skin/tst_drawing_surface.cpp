@@ -1,0 +1,301 @@
+#include "skin_maker.h"
+
+#include "skin/font_choice.h"
+#include "skin/image_scaling.h"
+
+#include <QTest>
+
+using namespace paneda;
+
+namespace {
+
+constexpr Argb kRed = 0xFFFF0000;
+constexpr Argb kBlue = 0xFF0000FF;
+constexpr Argb kHalfGreen = 0x8000FF00;
+constexpr Argb kStoredHalfGreen = 0x80008000; // premultiplied
+
+constexpr TwipsRect InPixels(int left, int top, int width, int height) {
+    return {left * 15, top * 15, width * 15, height * 15};
+}
+
+LabelStyle Style(Column column, Row row) {
+    FontChoice fonts;
+    LabelStyle style;
+    style.Font = {fonts.Family(QStringLiteral("Tahoma")), 11, false, false, false};
+    style.Color = kRed;
+    style.AtColumn = column;
+    style.AtRow = row;
+    return style;
+}
+
+QImage Labelled(const QString& text, const TwipsRect& box, const LabelStyle& style) {
+    DrawingSurface surface(QSize(200, 100));
+    surface.DrawLabel(text, box, style);
+    return surface.Image();
+}
+
+} // namespace
+
+class TestDrawingSurface : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void PlacesPictures_data();
+    void PlacesPictures();
+    void TilesFromTopLeft();
+    void OriginalSizeCutsOrLeavesRoom();
+    void StretchesByHandNumbers();
+    void ShrinksByAverage();
+    void ClearReplacesAndOverBlends();
+    void FillFollowsLastMode();
+    void IconIsCutNotScaled();
+    void CutsTwipsToPixels();
+    void CheckerAlternates();
+    void NothingToDrawIsNoFault();
+    void LabelKeepsItsPlace_data();
+    void LabelKeepsItsPlace();
+    void LabelBreaksIntoWholeLines();
+    void LabelShrinksOnlyWhenTooWide();
+    void LabelOutlineIsOnePixel();
+};
+
+void TestDrawingSurface::PlacesPictures_data() {
+    QTest::addColumn<QSize>("picture");
+    QTest::addColumn<QString>("method");
+    QTest::addColumn<QString>("alignment");
+    QTest::addColumn<bool>("fit");
+    QTest::addColumn<QRect>("source");
+    QTest::addColumn<QRect>("target");
+    const QRect box(10, 20, 40, 30);
+    const auto row = [](const char* name, QSize picture, const char* method, const char* alignment, bool fit,
+                        QRect source, QRect target) {
+        QTest::newRow(name) << picture << QString::fromLatin1(method) << QString::fromLatin1(alignment) << fit
+                            << source << target;
+    };
+    row("original, cut in the middle", {50, 60}, "original size", "5", false, {5, 15, 40, 30}, box);
+    row("original, bottom right", {50, 60}, "original size", "9", false, {10, 30, 40, 30}, box);
+    row("original, smaller than the box", {31, 20}, "original size", "5", false, {-5, -5, 40, 30}, box);
+    row("original, odd cut goes down", {45, 30}, "original size", "2", false, {2, 0, 40, 30}, box);
+    row("stretch, growing", {20, 15}, "stretch", "5", false, {0, 0, 19, 14}, box);
+    row("stretch, growing on one axis", {20, 60}, "stretch", "5", false, {0, 0, 19, 60}, box);
+    row("stretch of a single pixel", {1, 1}, "stretch", "5", false, {0, 0, 1, 1}, box);
+    row("cover, equal ratio", {80, 60}, "stretch proportional", "5", false, {0, 0, 80, 60}, box);
+    row("cover, too wide, centre", {121, 60}, "stretch proportional", "5", false, {20, 0, 80, 60}, box);
+    row("cover, too wide, right", {121, 60}, "stretch proportional", "6", false, {41, 0, 80, 60}, box);
+    row("cover, too high, bottom", {80, 100}, "stretch proportional", "8", false, {0, 40, 80, 60}, box);
+    row("cover, part is rounded up and shortened", {20, 31}, "stretch proportional", "1", false,
+        {0, 0, 19, 14}, box);
+    row("letterbox, high", {30, 60}, "", "5", true, {0, 0, 30, 60}, {20, 20, 20, 30});
+    row("letterbox, wide", {64, 32}, "", "5", true, {0, 0, 64, 32}, {10, 27, 40, 15});
+    row("letterbox, square fills the box", {64, 64}, "", "5", true, {0, 0, 64, 64}, box);
+}
+
+void TestDrawingSurface::PlacesPictures() {
+    QFETCH(QSize, picture);
+    QFETCH(QString, method);
+    QFETCH(QString, alignment);
+    QFETCH(bool, fit);
+    QFETCH(QRect, source);
+    QFETCH(QRect, target);
+    const PicturePlace place =
+        PlacePicture(picture, QRect(10, 20, 40, 30), {DrawMode::Over, method, alignment, fit});
+    QCOMPARE(place.Source, source);
+    QCOMPARE(place.Target, target);
+}
+
+void TestDrawingSurface::TilesFromTopLeft() {
+    QImage tile = PlainPicture(4, 3, kBlue);
+    tile.setPixel(0, 0, kRed);
+    DrawingSurface surface(QSize(20, 20));
+    surface.DrawPicture(tile, InPixels(3, 2, 10, 7));
+    const QImage& image = surface.Image();
+    QCOMPARE(InkOf(image), QRect(3, 2, 10, 7));
+    for (const QPoint corner : {QPoint(3, 2), QPoint(7, 2), QPoint(11, 8), QPoint(3, 5)})
+        QCOMPARE(image.pixel(corner), kRed);
+    QCOMPARE(image.pixel(10, 2), kBlue);
+    QCOMPARE(image.pixel(12, 8), kBlue);
+
+    DrawingSurface small(QSize(20, 20));
+    small.DrawPicture(tile, InPixels(1, 1, 2, 2));
+    QCOMPARE(InkOf(small.Image()), QRect(1, 1, 2, 2));
+}
+
+void TestDrawingSurface::OriginalSizeCutsOrLeavesRoom() {
+    const PictureDrawing centred{DrawMode::Clear, QStringLiteral("original size")};
+    QImage large = PlainPicture(30, 30, kBlue);
+    large.setPixel(10, 9, kRed);
+    DrawingSurface surface(PlainPicture(40, 40, 0xFF00FF00));
+    surface.DrawPicture(large, InPixels(5, 6, 10, 12), centred);
+    QCOMPARE(BoxOf(surface.Image(), kRed), QRect(5, 6, 1, 1));
+    QCOMPARE(BoxOf(surface.Image(), kBlue), QRect(5, 6, 10, 12));
+    surface.DrawPicture(PlainPicture(4, 4, kRed), InPixels(20, 20, 10, 10), centred);
+    QCOMPARE(BoxOf(surface.Image().copy(20, 20, 10, 10), kRed), QRect(3, 3, 4, 4));
+    QCOMPARE(surface.Image().pixel(20, 20), 0xFF00FF00u);
+}
+
+void TestDrawingSurface::StretchesByHandNumbers() {
+    QImage pair(2, 1, QImage::Format_ARGB32_Premultiplied);
+    pair.setPixel(0, 0, 0xFF000000);
+    pair.setPixel(1, 0, 0xFFFFFFFF);
+    DrawingSurface surface(QSize(6, 3));
+    surface.DrawPicture(pair, InPixels(1, 1, 4, 2), {DrawMode::Clear, QStringLiteral("stretch")});
+    const std::array<int, 4> expected{0, 64, 128, 191};
+    for (int i = 0; i < 4; ++i) {
+        QCOMPARE(qRed(surface.Image().pixel(1 + i, 1)), expected[std::size_t(i)]);
+        QCOMPARE(surface.Image().pixel(1 + i, 2), surface.Image().pixel(1 + i, 1));
+    }
+    QCOMPARE(InkOf(surface.Image()), QRect(1, 1, 4, 2));
+}
+
+void TestDrawingSurface::ShrinksByAverage() {
+    QImage pair(2, 2, QImage::Format_ARGB32_Premultiplied);
+    pair.fill(0xFF000000);
+    pair.setPixel(0, 0, 0xFFFFFFFF);
+    const QImage one = ScalePart(pair, pair.rect(), {1, 1});
+    QVERIFY(qAbs(qRed(one.pixel(0, 0)) - 64) <= 1);
+    QVERIFY(ScalePart(pair, {0, 0, 0, 1}, {1, 1}).isNull());
+}
+
+void TestDrawingSurface::ClearReplacesAndOverBlends() {
+    const QImage veil = PlainPicture(4, 4, kHalfGreen);
+    DrawingSurface surface(PlainPicture(20, 10, kRed));
+    surface.DrawPictureAt(veil, 0, 0, DrawMode::Clear);
+    surface.DrawPictureAt(veil, 8 * 15, 0, DrawMode::Over);
+    surface.DrawPicture(veil, InPixels(14, 0, 6, 6), {.Mode = DrawMode::Over});
+    QCOMPARE(surface.Image().pixel(1, 1), kStoredHalfGreen);
+    QCOMPARE(surface.Image().pixel(9, 1), 0xFF7F8000u);
+    QCOMPARE(surface.Image().pixel(19, 5), 0xFF7F8000u);
+    QCOMPARE(surface.Image().pixel(5, 5), kRed);
+}
+
+void TestDrawingSurface::FillFollowsLastMode() {
+    DrawingSurface surface(PlainPicture(10, 10, kRed));
+    surface.FillRect(kHalfGreen, InPixels(0, 0, 2, 2));
+    surface.ClearRect(InPixels(4, 4, 4, 4));
+    surface.FillRect(kHalfGreen, InPixels(8, 0, 2, 2));
+    QCOMPARE(surface.Image().pixel(0, 0), 0xFF7F8000u);
+    QCOMPARE(surface.Image().pixel(4, 4), 0u);
+    QCOMPARE(surface.Image().pixel(7, 7), 0u);
+    QCOMPARE(surface.Image().pixel(3, 3), kRed);
+    QCOMPARE(surface.Image().pixel(8, 0), kStoredHalfGreen);
+}
+
+void TestDrawingSurface::IconIsCutNotScaled() {
+    DrawingSurface surface(QSize(60, 60));
+    surface.DrawIcon(PlainPicture(32, 32, kBlue), InPixels(2, 3, 100, 16));
+    QCOMPARE(BoxOf(surface.Image(), kBlue), QRect(2, 3, 32, 16));
+}
+
+void TestDrawingSurface::CutsTwipsToPixels() {
+    DrawingSurface surface(QSize(10, 10));
+    surface.FillRect(kRed, {29, 44, 59, 30});
+    QCOMPARE(InkOf(surface.Image()), QRect(1, 2, 3, 2));
+    surface.FillRect(kBlue, {-1, 0, 30, 15});
+    QCOMPARE(BoxOf(surface.Image(), kBlue), QRect(0, 0, 1, 1));
+}
+
+void TestDrawingSurface::CheckerAlternates() {
+    DrawingSurface surface(QSize(20, 20));
+    surface.DrawCheckerBackdrop(InPixels(2, 2, 12, 11), 75);
+    QCOMPARE(InkOf(surface.Image()), QRect(2, 2, 12, 11));
+    QCOMPARE(surface.Image().pixel(2, 2), 0xFF969696u);
+    QCOMPARE(surface.Image().pixel(7, 2), 0xFF646464u);
+    QCOMPARE(surface.Image().pixel(2, 7), 0xFF646464u);
+    QCOMPARE(surface.Image().pixel(13, 12), 0xFF969696u);
+}
+
+void TestDrawingSurface::NothingToDrawIsNoFault() {
+    DrawingSurface none(QSize(0, 5));
+    none.FillRect(kRed, InPixels(0, 0, 5, 5));
+    none.DrawLabel(QStringLiteral("x"), InPixels(0, 0, 50, 50), Style(Column::Left, Row::Top));
+    QVERIFY(none.Image().isNull());
+    DrawingSurface surface(QSize(5, 5));
+    surface.DrawPicture({}, InPixels(0, 0, 5, 5));
+    surface.DrawPicture(PlainPicture(2, 2, kRed), InPixels(0, 0, -5, 5));
+    surface.DrawPictureAt({}, 0, 0);
+    surface.DrawIcon({}, InPixels(0, 0, 5, 5));
+    surface.DrawLabel(QStringLiteral("x"), InPixels(0, 0, -2, 5), Style(Column::Left, Row::Top));
+    surface.DrawCheckerBackdrop(InPixels(0, 0, 5, 5), 0);
+    QVERIFY(InkOf(surface.Image()).isNull());
+}
+
+void TestDrawingSurface::LabelKeepsItsPlace_data() {
+    QTest::addColumn<int>("code");
+    for (int code = 1; code <= 9; ++code)
+        QTest::addRow("alignment %d", code) << code;
+}
+
+void TestDrawingSurface::LabelKeepsItsPlace() {
+    QFETCH(int, code);
+    const QRect box(20, 10, 120, 60);
+    const QRect ink = InkOf(Labelled(QStringLiteral("HHHH"), InPixels(20, 10, 120, 60),
+                                     Style(AlignColumn(code), AlignRow(code))));
+    QVERIFY(box.contains(ink));
+    const QPoint off = ink.center() - box.center();
+    switch (AlignColumn(code)) {
+    case Column::Left:
+        QVERIFY(ink.left() - box.left() <= 4);
+        break;
+    case Column::Centre:
+        QVERIFY(qAbs(off.x()) <= 1);
+        break;
+    case Column::Right:
+        QVERIFY(box.right() - ink.right() <= 4);
+        break;
+    }
+    switch (AlignRow(code)) {
+    case Row::Top:
+        QVERIFY(ink.top() - box.top() <= 6);
+        break;
+    case Row::Centre:
+        QVERIFY(qAbs(off.y()) <= 2);
+        break;
+    case Row::Bottom:
+        QVERIFY(box.bottom() - ink.bottom() <= 6);
+        break;
+    }
+}
+
+void TestDrawingSurface::LabelBreaksIntoWholeLines() {
+    const LabelStyle style = Style(Column::Left, Row::Top);
+    const int line = LineHeightOf(style.Font);
+    const QString text = QStringLiteral("HHHH HHHH HHHH HHHH");
+    const int width = int(MeasureText(QStringLiteral("HHHH"), style.Font)) + 12;
+    const QRect two = InkOf(Labelled(text, InPixels(0, 0, width, 3 * line - 2), style));
+    QVERIFY(two.bottom() > line && two.bottom() < 2 * line);
+    QVERIFY(two.right() < width);
+    // One line stays, even where it has no room, and is cut.
+    const QRect one = InkOf(Labelled(text, InPixels(0, 0, width, line - 4), style));
+    QVERIFY(!one.isNull() && one.bottom() < line - 4);
+    // A word that is too long is broken.
+    const QRect broken = InkOf(Labelled(QStringLiteral("HHHHHHHHHHHH"), InPixels(0, 0, width, 90), style));
+    QVERIFY(broken.right() < width && broken.bottom() > 2 * line);
+    // A line break in a name is no line break of the label.
+    const QRect flat = InkOf(Labelled(QStringLiteral("H\nH\x0bH"), InPixels(0, 0, 190, 90), style));
+    QVERIFY(flat.bottom() < line);
+}
+
+void TestDrawingSurface::LabelShrinksOnlyWhenTooWide() {
+    LabelStyle style = Style(Column::Left, Row::Centre);
+    style.ShrinkToFit = true;
+    style.KeepVertical = true;
+    const QRect natural = InkOf(Labelled(QStringLiteral("HHHH"), InPixels(0, 40, 190, 20), style));
+    const QRect longText = InkOf(Labelled(QString(40, u'H'), InPixels(0, 40, 190, 20), style));
+    QVERIFY(longText.height() < natural.height());
+    QVERIFY(longText.right() < 190 && longText.right() > 140);
+    // The height of the box places the text without cutting it.
+    const QRect flat = InkOf(Labelled(QStringLiteral("HHHH"), InPixels(0, 48, 190, 4), style));
+    QCOMPARE(flat.size(), natural.size());
+    QVERIFY(qAbs(flat.center().y() - natural.center().y()) <= 1);
+}
+
+void TestDrawingSurface::LabelOutlineIsOnePixel() {
+    LabelStyle style = Style(Column::Centre, Row::Centre);
+    style.Border = true;
+    style.BorderColor = kBlue;
+    const QImage image = Labelled(QStringLiteral("HH"), InPixels(10, 10, 100, 50), style);
+    QCOMPARE(BoxOf(image, kBlue), BoxOf(image, kRed).adjusted(-1, -1, 1, 1));
+}
+
+QTEST_MAIN(TestDrawingSurface)
+#include "tst_drawing_surface.moc"

@@ -1,0 +1,369 @@
+#include "skin_maker.h"
+
+#include "skin/drive_painter.h"
+#include "skin/panel_painter.h"
+#include "skin/picture_cache.h"
+
+#include <QTest>
+
+using namespace paneda;
+
+namespace {
+
+constexpr Argb kTop = 0xFF100000;
+constexpr Argb kLeft = 0xFF200000;
+constexpr Argb kRight = 0xFF300000;
+constexpr Argb kBottomA = 0xFF400000;
+constexpr Argb kBottom = 0xFF500000;
+constexpr Argb kCorner = 0xFF600000;
+constexpr Argb kBack = 0xFF000080;
+constexpr Argb kGroup = 0xFF008000;
+constexpr Argb kBar = 0xFF808000;
+constexpr Argb kActiveBar = 0xFF008080;
+constexpr Argb kLogo = 0xFFABCDEF;
+constexpr Argb kTitle = 0xFFFFFFFF;
+constexpr Argb kGround = 0xFF777777;
+
+constexpr quint64 kGigabyte = 1024ull * 1024 * 1024;
+
+class NoIcons : public IconSource {
+public:
+    QImage Icon(const QString&, int) override { return {}; }
+};
+
+GroupEntry MakeGroup(const char* name, int buttons) {
+    GroupEntry group;
+    group.FolderName = QString::fromLatin1(name);
+    for (int i = 0; i < buttons; ++i) {
+        ButtonEntry button;
+        button.Path = QStringLiteral("C:\\app\\Setting\\x\\[001] Name [1100300311].lnk");
+        button.Style = QStringLiteral("1100300310");
+        group.Buttons.push_back(button);
+    }
+    return group;
+}
+
+CategoryEntry MakeCategory(const char* name, const char* kind, std::vector<GroupEntry> groups) {
+    CategoryEntry category;
+    category.FolderName = QString::fromLatin1(name);
+    category.Kind = QString::fromLatin1(kind);
+    category.Groups = std::move(groups);
+    return category;
+}
+
+GroupEntry DriveGroup() {
+    GroupEntry group;
+    group.FolderName = QStringLiteral("My Computer");
+    int index = 0;
+    for (const char* name : {"Drive C", "Drive D", "Drive 9"}) {
+        ButtonEntry button;
+        button.Path = button.Name = QString::fromLatin1(name);
+        button.Spare = button.Path + u':';
+        button.ControlIndex = ++index;
+        group.Buttons.push_back(button);
+    }
+    return group;
+}
+
+// Composes and saves all categories; how many pictures could not be saved.
+std::size_t Build(PanelPainter& painter, int categories, const QString& folder) {
+    std::vector<FileError> failures;
+    for (int i = 0; i < categories; ++i)
+        BuildCategoryPicture(painter, i, folder, failures);
+    return failures.size();
+}
+
+} // namespace
+
+class TestPanelPainter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void EachPieceInItsPlace();
+    void OptionalPiecesLieOverFillers();
+    void WideBottomStaysBetweenMargins();
+    void BarsShowWhichIsOpen();
+    void TreeCategoryIsTransparentInside();
+    void BarModeClearReplacesAlpha();
+    void WhatHasNoRoomIsLeftOut();
+    void BuildSavesEachPair();
+    void TitlesAreRedrawnFromBase();
+    void DriveTexts();
+    void DriveDataIsAdded();
+    void RefleshMakesTheShownPair();
+    void SkinWithoutPicturesIsPainted();
+
+private:
+    // Everything that one panel needs, for the skin as it is on disk.
+    struct Panel {
+        explicit Panel(const SkinMaker& maker, const CatalogueList& list, int screenHeight = 20000)
+            : Theme(maker.Theme())
+            , Sizes(MeasurePieces(Theme))
+            , Catalogue(list)
+            , Tools(Theme, Fonts)
+            , Drives(DriveMap::FromMountPoints({}))
+            , Sources{Icons, Drives, QStringLiteral("C:\\app"), 5} {
+            LayoutInput input;
+            input.Metrics = PanelMetricsOf(Sizes);
+            input.Screen = {30000, screenHeight, screenHeight};
+            Geometry = LayoutPanel(Catalogue, input);
+            Painter = std::make_unique<PanelPainter>(
+                PanelScene{Catalogue, Geometry, Sizes, PlainPicture(6, 5, kLogo)}, Tools, Sources);
+        }
+
+        QPoint Pixel(int twipsX, int twipsY) const { return {twipsX / 15, twipsY / 15}; }
+
+        ThemeState Theme;
+        PieceSizes Sizes;
+        CatalogueList Catalogue;
+        PanelGeometry Geometry;
+        FontChoice Fonts;
+        PaintTools Tools;
+        DriveMap Drives;
+        NoIcons Icons;
+        ButtonSources Sources;
+        std::unique_ptr<PanelPainter> Painter;
+    };
+
+    static CatalogueList TwoAndTree() {
+        return {MakeCategory("[001] One", "S", {MakeGroup("[001] G", 3), DriveGroup()}),
+                MakeCategory("[002] Two", "S", {MakeGroup("[001] H", 2)}), MakeCategory("[003] T", "T", {})};
+    }
+
+    SkinMaker maker_;
+};
+
+void TestPanelPainter::initTestCase() {
+    maker_.AddIni("group color=FFFFFF\ncategory active color=FFFFFF\ncategory inactive color=FFFFFF\n"
+                  "group font anti alias=0\ncategory active font anti alias=0\n"
+                  "category inactive font anti alias=0\ncategory active font alignment=5\n"
+                  "button background color=777777\ndrive free space color=FFFFFF\n"
+                  "drive capacity color=FFFFFF\ndrive N/A color=FF0000\ndrive letter color=00FF00\n"
+                  "drive bar border color=0000FF\ndrive bar free space color=FF00FF\n");
+    maker_.AddPiece("topa", 4, 10, kTop);
+    maker_.AddPiece("lefta", 8, 4, kLeft);
+    maker_.AddPiece("righta", 9, 4, kRight);
+    maker_.AddPiece("bottoma", 4, 20, kBottomA);
+    maker_.AddPiece("bottom", 50, 20, kBottom);
+    maker_.AddPiece("topleft", 12, 12, kCorner);
+    maker_.AddPiece("topright", 12, 12, kCorner);
+    maker_.AddPiece("bottomleft", 12, 12, kCorner);
+    maker_.AddPiece("bottomright", 12, 12, kCorner);
+    maker_.AddPiece("back", 7, 7, kBack);
+    maker_.AddPiece("group", 5, 16, kGroup);
+    maker_.AddPiece("category", 5, 20, kBar);
+    maker_.AddPiece("categoryactive", 5, 20, kActiveBar);
+}
+
+void TestPanelPainter::EachPieceInItsPlace() {
+    Panel panel(maker_, TwoAndTree());
+    const QImage image = panel.Painter->PaintFrame();
+    const int width = panel.Geometry.PanelWidth / 15;
+    const int height = panel.Geometry.PanelHeight / 15;
+    QCOMPARE(image.size(), QSize(width, height));
+    for (const QPoint corner : {QPoint(0, 0), QPoint(width - 1, 0), QPoint(0, height - 1),
+                                QPoint(width - 1, height - 1), QPoint(3, 11), QPoint(width - 12, height - 3)})
+        QCOMPARE(image.pixel(corner), kCorner);
+    QCOMPARE(image.pixel(12, 0), kTop);
+    QCOMPARE(image.pixel(width - 13, 9), kTop);
+    QCOMPARE(image.pixel(0, 12), kLeft);
+    QCOMPARE(image.pixel(7, height - 25), kLeft);
+    QCOMPARE(image.pixel(width - 9, 12), kRight);
+    QCOMPARE(BoxOf(image, kBack).left(), 8);
+    QCOMPARE(BoxOf(image, kBack).bottom(), height - 21);
+    QCOMPARE(image.pixel(13, height - 20), kBottomA);
+    QCOMPARE(BoxOf(image, kBottom), QRect((width - 50) / 2, height - 20, 50, 20));
+    QCOMPARE(BoxOf(image, kLogo), QRect((width - 50) / 2 + 14, height - 20 + 4, 6, 5));
+}
+
+void TestPanelPainter::OptionalPiecesLieOverFillers() {
+    maker_.AddPiece("top", 21, 6, 0xFF111111);
+    maker_.AddPiece("topb", 3, 6, 0xFF222222);
+    maker_.AddPiece("rightb", 9, 3, 0xFF333333);
+    Panel panel(maker_, TwoAndTree());
+    const QImage image = panel.Painter->PaintFrame();
+    const int left = (image.width() - 21) / 2;
+    QCOMPARE(BoxOf(image, 0xFF111111), QRect(left, 0, 21, 6));
+    QCOMPARE(BoxOf(image, 0xFF222222), QRect(left + 21, 0, image.width() - 12 - left - 21, 6));
+    QCOMPARE(image.pixel(left + 25, 7), kTop);
+    QCOMPARE(BoxOf(image, 0xFF333333).bottom(), image.height() - 13);
+    for (const char* name : {"top.png", "topb.png", "rightb.png"})
+        QVERIFY(QFile::remove(maker_.PathOf(QString::fromLatin1(name))));
+}
+
+void TestPanelPainter::WideBottomStaysBetweenMargins() {
+    maker_.AddPiece("bottom", 400, 20, kBottom);
+    Panel panel(maker_, TwoAndTree());
+    const QImage image = panel.Painter->PaintFrame();
+    QCOMPARE(BoxOf(image, kBottom), QRect(8, image.height() - 20, image.width() - 17, 20));
+    QCOMPARE(BoxOf(image, kLogo), QRect(8 + 14, image.height() - 16, 6, 5));
+    maker_.AddPiece("bottom", 50, 20, kBottom);
+}
+
+void TestPanelPainter::BarsShowWhichIsOpen() {
+    Panel panel(maker_, TwoAndTree());
+    for (int open = 0; open < 2; ++open) {
+        const QImage base = panel.Painter->PaintBase(open);
+        for (int i = 0; i < 3; ++i) {
+            const TwipsRect& bar = panel.Geometry.Categories[std::size_t(i)].Bar;
+            QCOMPARE(base.pixel(panel.Pixel(bar.Left, bar.Top)), i == open ? kActiveBar : kBar);
+            QCOMPARE(base.pixel(panel.Pixel(bar.Right() - 15, bar.Bottom() - 15)),
+                     i == open ? kActiveBar : kBar);
+        }
+        QCOMPARE(BoxOf(base, kActiveBar).size(), QSize(panel.Geometry.InnerWidth() / 15, 20));
+    }
+    const QImage base = panel.Painter->PaintBase(0);
+    const TwipsRect header = panel.Geometry.Categories[0].Groups[0].Header;
+    const QRect title = BoxOf(base, kTitle);
+    QVERIFY(ToPixels(header).intersects(title));
+    QVERIFY(title.left() >= header.Left / 15 + 4);
+    const TwipsRect button = panel.Geometry.Categories[0].Groups[0].Buttons[2].Rect;
+    QCOMPARE(base.pixel(panel.Pixel(button.Left, button.Top)), kGround);
+}
+
+void TestPanelPainter::TreeCategoryIsTransparentInside() {
+    Panel panel(maker_, TwoAndTree());
+    const QImage base = panel.Painter->PaintBase(2);
+    const FrameMargins& margins = panel.Geometry.Metrics.Margins;
+    QCOMPARE(base.pixel(panel.Pixel(margins.Left, margins.Top)), 0u);
+    QCOMPARE(base.pixel(panel.Pixel(margins.Left, panel.Geometry.BarsTop - 15)), 0u);
+    QCOMPARE(base.pixel(panel.Pixel(margins.Left, panel.Geometry.BarsTop)), kBar);
+    QCOMPARE(base.pixel(panel.Pixel(margins.Left - 15, panel.Geometry.BarsTop)), kLeft);
+    // The next category has its wallpaper again.
+    QVERIFY(!BoxOf(panel.Painter->PaintBase(1), kBack).isNull());
+}
+
+void TestPanelPainter::BarModeClearReplacesAlpha() {
+    maker_.AddPiece("category", 5, 20, 0x80FF0000);
+    Panel panel(maker_, TwoAndTree());
+    const TwipsRect bar = panel.Geometry.Categories[0].Bar;
+    const QPoint pixel = panel.Pixel(bar.Left, bar.Top);
+    QCOMPARE(qAlpha(panel.Painter->PaintBase(1).pixel(pixel)), 255);
+    QCOMPARE(panel.Painter->PaintBase(2).pixel(pixel), 0x80800000u); // premultiplied
+    panel.Theme.CategoryDrawMode = DrawMode::Clear;
+    QCOMPARE(panel.Painter->PaintBase(1).pixel(pixel), 0x80800000u);
+    maker_.AddPiece("category", 5, 20, kBar);
+}
+
+void TestPanelPainter::WhatHasNoRoomIsLeftOut() {
+    const CatalogueList list{
+        MakeCategory("[001] Long", "S", {MakeGroup("[001] A", 5), MakeGroup("[002] B", 100)})};
+    Panel panel(maker_, list, 4000);
+    QCOMPARE(panel.Geometry.PanelHeight, 3700);
+    const QImage base = panel.Painter->PaintBase(0);
+    QVERIFY(BoxOf(base, kGround).bottom() < panel.Geometry.BarsTop / 15);
+    QCOMPARE(BoxOf(base, kActiveBar).height(), 20);
+}
+
+void TestPanelPainter::BuildSavesEachPair() {
+    Panel panel(maker_, TwoAndTree());
+    QTemporaryDir folder;
+    QCOMPARE(Build(*panel.Painter, 3, folder.path()), 0U);
+    QCOMPARE(ListFiles(folder.path()),
+             (QStringList{QStringLiteral("category000.png"), QStringLiteral("category000a.png"),
+                          QStringLiteral("category002.png"), QStringLiteral("category002a.png"),
+                          QStringLiteral("category003.png"), QStringLiteral("category003a.png")}));
+    for (const int number : {0, 2, 3}) {
+        const QImage base = LoadCategoryPicture(folder.path(), number, PictureKind::Base);
+        const QImage finished = LoadCategoryPicture(folder.path(), number, PictureKind::Finished);
+        const QRect bars(0, panel.Geometry.BarsTop / 15, base.width(), 60);
+        QVERIFY(BoxOf(base.copy(bars), kTitle).isNull());
+        QVERIFY(BoxOf(finished.copy(bars), kTitle).height() > 40);
+    }
+    QCOMPARE(LoadCategoryPicture(folder.path(), 3, PictureKind::Base), panel.Painter->PaintBase(2));
+    QCOMPARE(Build(*panel.Painter, 3, folder.filePath(QStringLiteral("none"))), 6U);
+}
+
+void TestPanelPainter::TitlesAreRedrawnFromBase() {
+    QTemporaryDir folder;
+    Panel before(maker_, TwoAndTree());
+    QCOMPARE(Build(*before.Painter, 3, folder.path()), 0U);
+    CatalogueList renamed = TwoAndTree();
+    renamed[2].TreeName = QStringLiteral("i");
+    Panel after(maker_, renamed);
+    QVERIFY(RedrawBarTitles(*after.Painter, 3, folder.path()).empty());
+    const QRect bar = ToPixels(after.Geometry.Categories[2].Bar);
+    for (const int number : {0, 2, 3}) {
+        const QImage finished = LoadCategoryPicture(folder.path(), number, PictureKind::Finished);
+        const QRect title = BoxOf(finished.copy(bar), kTitle);
+        QVERIFY(!title.isNull() && title.width() < 10);
+    }
+    // Drives were never drawn, so there is no picture 1 to write on.
+    QVERIFY(LoadCategoryPicture(folder.path(), 1, PictureKind::Finished).isNull());
+}
+
+void TestPanelPainter::DriveTexts() {
+    QCOMPARE(GigabytesText(0), QStringLiteral("0.000"));
+    QCOMPARE(GigabytesText(kGigabyte / 2), QStringLiteral("0.500"));
+    QCOMPARE(GigabytesText(10 * kGigabyte), QStringLiteral("10.00"));
+    QCOMPARE(GigabytesText(100 * kGigabyte), QStringLiteral("100.0"));
+    QCOMPARE(GigabytesText(1863 * kGigabyte), QStringLiteral("1863.0"));
+    const QString drive = QStringLiteral("C:");
+    QCOMPARE(DriveToolTip(drive, {QStringLiteral("System"), 1000, 425}),
+             QStringLiteral("C:(System) Free 42%"));
+    QCOMPARE(DriveToolTip(drive, {{}, 0, 0}), QStringLiteral("C: Free -"));
+    QCOMPARE(DriveToolTip(drive, {{}, 10, 0}), QStringLiteral("C: Free 0%"));
+}
+
+void TestPanelPainter::DriveDataIsAdded() {
+    Panel panel(maker_, TwoAndTree());
+    const auto drives = DriveButtonsOf(panel.Catalogue, panel.Geometry, QStringLiteral("E:\\app"));
+    QCOMPARE(drives.size(), 3u);
+    QCOMPARE(drives[0].Drive, QStringLiteral("C:"));
+    QCOMPARE(drives[2].Drive, QStringLiteral("E:"));
+    QCOMPARE(drives[2].ControlIndex, 3);
+    const auto drawn = [&panel](const DriveInfo& info) {
+        DrawingSurface surface(QSize(40, 40));
+        DrawDrive(surface, {1, QStringLiteral("C:"), {30, 45, 480, 480}}, info, panel.Tools);
+        return surface.Image();
+    };
+    // The box begins at (2, 3); its bar is outlined from pixel (10, 25) to (30, 30).
+    const QImage half = drawn({{}, 100 * kGigabyte, 50 * kGigabyte});
+    QCOMPARE(BoxOf(half, 0xFF0000FF), QRect(12, 28, 21, 6));
+    QCOMPARE(BoxOf(half, 0xFFFF00FF), QRect(13, 29, 10, 3));
+    QVERIFY(BoxOf(half, kTitle).top() < 13);
+    QVERIFY(BoxOf(half, 0xFF00FF00).top() >= 26);
+    const QImage full = drawn({{}, 100 * kGigabyte, 0});
+    QVERIFY(BoxOf(full, kTitle).top() >= 13);
+    QVERIFY(BoxOf(full, 0xFFFF00FF).isNull());
+    const QImage none = drawn({{}, 0, 0});
+    QVERIFY(BoxOf(none, kTitle).isNull());
+    QVERIFY(!BoxOf(none, 0xFFFF0000).isNull());
+    QCOMPARE(BoxOf(none, 0xFF0000FF), QRect(12, 28, 21, 6));
+    // A drive that tells more free than it has stays inside its bar.
+    QVERIFY(BoxOf(drawn({{}, 10, 1000}), 0xFFFF00FF).right() < 32);
+}
+
+void TestPanelPainter::RefleshMakesTheShownPair() {
+    Panel panel(maker_, TwoAndTree());
+    QTemporaryDir folder;
+    QCOMPARE(Build(*panel.Painter, 3, folder.path()), 0U);
+    std::vector<DriveState> states;
+    for (const PlacedDrive& button :
+         DriveButtonsOf(panel.Catalogue, panel.Geometry, QStringLiteral("C:\\app")))
+        states.push_back({button, {{}, kGigabyte, kGigabyte / 4}});
+    QVERIFY(RefleshPanel(folder.path(), states, panel.Tools).empty());
+    const QRect box = ToPixels(states[1].Button.Box);
+    for (const PictureKind kind : {PictureKind::Finished, PictureKind::Base}) {
+        const QImage shown = LoadCategoryPicture(folder.path(), 1, kind);
+        QCOMPARE(BoxOf(shown.copy(box), 0xFF0000FF), QRect(10, 25, 21, 6));
+        QVERIFY(BoxOf(LoadCategoryPicture(folder.path(), 0, kind), 0xFF0000FF).isNull());
+    }
+    QVERIFY(RefleshPanel(folder.filePath(QStringLiteral("none")), states, panel.Tools).empty());
+}
+
+void TestPanelPainter::SkinWithoutPicturesIsPainted() {
+    SkinMaker bare;
+    bare.AddIni();
+    WriteBytes(bare.PathOf(QStringLiteral("back.png")), "damaged");
+    Panel panel(bare, TwoAndTree());
+    const QImage base = panel.Painter->PaintBase(0);
+    QCOMPARE(base.width(), panel.Geometry.PanelWidth / 15);
+    DrawingSurface surface(base);
+    panel.Painter->DrawBarTitles(surface, 0);
+    QVERIFY(!InkOf(surface.Image()).isNull());
+}
+
+QTEST_MAIN(TestPanelPainter)
+#include "tst_panel_painter.moc"

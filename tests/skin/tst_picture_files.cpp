@@ -1,0 +1,252 @@
+#include "skin_maker.h"
+
+#include "skin/decoded_pictures.h"
+#include "skin/picture_files.h"
+#include "skin/picture_loader.h"
+#include "skin/scaled_picture.h"
+#include "skin/skin_pieces.h"
+
+#include <QBuffer>
+#include <QTest>
+#include <QtEndian>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+using namespace paneda;
+
+namespace {
+
+constexpr Argb kBlue = 0xFF0000FF;
+
+QByteArray Encoded(const QImage& picture, const char* format) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, format);
+    return buffer.data();
+}
+
+quint32 Crc32(QByteArrayView bytes) {
+    quint32 crc = 0xFFFFFFFF;
+    for (const char byte : bytes) {
+        crc ^= quint8(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = crc >> 1 ^ (crc & 1 ? 0xEDB88320 : 0);
+    }
+    return ~crc;
+}
+
+// A PNG whose header tells another size.
+QByteArray WithSize(quint32 width, quint32 height) {
+    QByteArray png = Encoded(PlainPicture(4, 4, kBlue), "png");
+    qToBigEndian(width, png.data() + 16);
+    qToBigEndian(height, png.data() + 20);
+    qToBigEndian(Crc32(QByteArrayView(png).sliced(12, 17)), png.data() + 29);
+    return png;
+}
+
+// An icon file of one picture per side.
+QByteArray IconFile(const QList<int>& sides) {
+    QByteArray head("\0\0\1\0", 4);
+    head += char(sides.size());
+    head += '\0';
+    QByteArray bodies;
+    for (const int side : sides) {
+        const QByteArray png = Encoded(PlainPicture(side, side, 0xFF000000u | quint32(side)), "png");
+        QByteArray entry(16, '\0');
+        entry[0] = entry[1] = char(side);
+        qToLittleEndian(quint16(1), entry.data() + 4);
+        qToLittleEndian(quint16(32), entry.data() + 6);
+        qToLittleEndian(quint32(png.size()), entry.data() + 8);
+        qToLittleEndian(quint32(6 + 16 * sides.size() + bodies.size()), entry.data() + 12);
+        head += entry;
+        bodies += png;
+    }
+    return head + bodies;
+}
+
+} // namespace
+
+class TestPictureFiles : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void PicksPieces();
+    void FindsPictureBesideButton();
+    void RenamesPicture();
+    void RenameNeverOverwrites();
+    void DeletesFirstPictureOnly();
+    void ReadsByContents();
+    void RefusesHostilePictures_data();
+    void RefusesHostilePictures();
+    void ReadsRegularFilesOnly();
+    void TakesFittingIconSize();
+    void DecodesOnce();
+    void ScalesForControls();
+
+private:
+    QString Path(const QString& name) const { return folder_->filePath(name); }
+    void Touch(const QString& name) const { WriteBytes(Path(name), name.toUtf8()); }
+    QByteArray Contents(const QString& name) const {
+        return ReadFileBytes(Path(name), 1000).value_or(QByteArray());
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+void TestPictureFiles::init() {
+    folder_ = std::make_unique<QTemporaryDir>();
+}
+
+void TestPictureFiles::PicksPieces() {
+    Touch(QStringLiteral("TOPA.PNG"));
+    Touch(QStringLiteral("lefta.jpg"));
+    Touch(QStringLiteral("righta.png"));
+    Touch(QStringLiteral("righta.jpg"));
+    Touch(QStringLiteral("Category.png"));
+    Touch(QStringLiteral("group.bmp"));
+    const SkinPieces pieces = LoadSkinPieces(folder_->path());
+    QCOMPARE(pieces.TopA, QStringLiteral("TOPA.PNG"));
+    QCOMPARE(pieces.LeftA, QStringLiteral("lefta.jpg"));
+    QCOMPARE(pieces.RightA, QStringLiteral("righta.png"));
+    QCOMPARE(pieces.Group, QStringLiteral("group.jpg"));
+    QCOMPARE(pieces.CategoryActive, QStringLiteral("Category.png"));
+    Touch(QStringLiteral("categoryactive.jpg"));
+    QCOMPARE(LoadSkinPieces(folder_->path()).CategoryActive, QStringLiteral("categoryactive.jpg"));
+}
+
+void TestPictureFiles::FindsPictureBesideButton() {
+    Touch(QStringLiteral("[001] A.b [11].ICO"));
+    Touch(QStringLiteral("[001] A.b [11].Jpg"));
+    Touch(QStringLiteral("other.png"));
+    const QString stem = PictureStem(Path(QStringLiteral("[001] A.b [11].lnk")));
+    QCOMPARE(FindPictureFile(stem), Path(QStringLiteral("[001] A.b [11].Jpg")));
+    PictureFinder finder;
+    QCOMPARE(finder.Find(Path(QStringLiteral("OTHER"))), Path(QStringLiteral("other.png")));
+    QCOMPARE(finder.Find(Path(QStringLiteral("none"))), QString());
+    QCOMPARE(finder.Find(QStringLiteral("/no/such/folder/other")), QString());
+    // A point in the folder's name is not that of an extension.
+    QCOMPARE(PictureStem(QStringLiteral("/a.b/file")), QStringLiteral("/a.b/file"));
+}
+
+void TestPictureFiles::RenamesPicture() {
+    Touch(QStringLiteral("old.PNG"));
+    Touch(QStringLiteral("old.gif"));
+    QVERIFY(RenamePictureFile(Path(QStringLiteral("old.lnk")), Path(QStringLiteral("new."))));
+    QCOMPARE(Contents(QStringLiteral("new.png")), QByteArray("old.PNG"));
+    QCOMPARE(Contents(QStringLiteral("old.gif")), QByteArray("old.gif"));
+    // A change of case alone.
+    QVERIFY(RenamePictureFile(Path(QStringLiteral("new.lnk")), Path(QStringLiteral("NEW."))));
+    QCOMPARE(Contents(QStringLiteral("NEW.png")), QByteArray("old.PNG"));
+    QVERIFY(RenamePictureFile(Path(QStringLiteral("none.lnk")), Path(QStringLiteral("x."))));
+}
+
+void TestPictureFiles::RenameNeverOverwrites() {
+    Touch(QStringLiteral("old.png"));
+    Touch(QStringLiteral("TAKEN.png"));
+    const FileResult result =
+        RenamePictureFile(Path(QStringLiteral("old.url")), Path(QStringLiteral("taken.")));
+    QVERIFY(!result);
+    QVERIFY(result.error().Text().contains(QStringLiteral("taken.png")));
+    QCOMPARE(Contents(QStringLiteral("old.png")), QByteArray("old.png"));
+    QCOMPARE(Contents(QStringLiteral("TAKEN.png")), QByteArray("TAKEN.png"));
+}
+
+void TestPictureFiles::DeletesFirstPictureOnly() {
+    Touch(QStringLiteral("b.jpeg"));
+    Touch(QStringLiteral("b.bmp"));
+    QVERIFY(DeletePictureFile(Path(QStringLiteral("b"))));
+    QVERIFY(Contents(QStringLiteral("b.jpeg")).isEmpty());
+    QVERIFY(!Contents(QStringLiteral("b.bmp")).isEmpty());
+    QVERIFY(DeletePictureFile(Path(QStringLiteral("none"))));
+}
+
+void TestPictureFiles::ReadsByContents() {
+    const QString path = Path(QStringLiteral("picture.jpg"));
+    WriteBytes(path, Encoded(PlainPicture(3, 2, 0x80FF0000), "png"));
+    const QImage picture = LoadPicture(path);
+    QCOMPARE(picture.size(), QSize(3, 2));
+    QCOMPARE(picture.format(), QImage::Format_ARGB32_Premultiplied);
+    QCOMPARE(picture.pixel(0, 0), 0x80800000u);
+    QCOMPARE(ImageSizeTwips(path), (TwipsSize{45, 30}));
+}
+
+void TestPictureFiles::RefusesHostilePictures_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray good = Encoded(PlainPicture(40, 40, kBlue), "png");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("text") << QByteArray("no picture at all");
+    QTest::newRow("header alone") << good.first(33);
+    QTest::newRow("half a header") << good.first(20);
+    QTest::newRow("20000 by 20000") << WithSize(20000, 20000);
+    QTest::newRow("too wide") << Encoded(PlainPicture(4097, 1, kBlue), "png");
+    QTest::newRow("too high") << Encoded(PlainPicture(1, 4097, kBlue), "png");
+    QTest::newRow("no width") << WithSize(0, 4);
+    QTest::newRow("negative width") << WithSize(0xFFFFFFFF, 4);
+    QTest::newRow("a format that is not read")
+        << QByteArray("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"4\" height=\"4\"/>");
+    QTest::newRow("an icon file without icons") << IconFile({});
+    QTest::newRow("an icon file that is cut") << IconFile({16}).first(40);
+}
+
+void TestPictureFiles::RefusesHostilePictures() {
+    QFETCH(QByteArray, bytes);
+    const QString path = Path(QStringLiteral("picture.png"));
+    WriteBytes(path, bytes);
+    QVERIFY(LoadPicture(path).isNull());
+    ReadPictureSize(path);
+}
+
+void TestPictureFiles::ReadsRegularFilesOnly() {
+#ifdef Q_OS_UNIX
+    const QString pipe = Path(QStringLiteral("pipe.png"));
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QVERIFY(LoadPicture(pipe).isNull());
+#endif
+    QVERIFY(LoadPicture(folder_->path()).isNull());
+    QVERIFY(LoadPicture(QStringLiteral("/dev/zero")).isNull());
+    QVERIFY(ReadPictureSize(QString()).isEmpty());
+}
+
+void TestPictureFiles::TakesFittingIconSize() {
+    const QString path = Path(QStringLiteral("icon.ico"));
+    WriteBytes(path, IconFile({16, 48, 32}));
+    QCOMPARE(LoadPicture(path, 16).width(), 16);
+    QCOMPARE(LoadPicture(path, 20).width(), 32);
+    QCOMPARE(LoadPicture(path, 32).width(), 32);
+    QCOMPARE(LoadPicture(path, 64).width(), 48);
+}
+
+void TestPictureFiles::DecodesOnce() {
+    const QString path = Path(QStringLiteral("piece.png"));
+    WriteBytes(path, Encoded(PlainPicture(5, 5, kBlue), "png"));
+    DecodedPictures pictures;
+    const QImage first = pictures.Get(path);
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(pictures.Get(path).size(), QSize(5, 5));
+    QVERIFY(DecodedPictures().Get(path).isNull());
+}
+
+void TestPictureFiles::ScalesForControls() {
+    const QString path = Path(QStringLiteral("wide.png"));
+    WriteBytes(path, Encoded(PlainPicture(40, 20, kBlue), "png"));
+    int width = 20;
+    int height = 30;
+    const auto kept = LoadScaledPicture(path, width, height, Qt::red, true);
+    QCOMPARE(kept->size(), QSize(20, 30));
+    QCOMPARE(BoxOf(*kept, kBlue), QRect(0, 0, 20, 10));
+    QCOMPARE(BoxOf(*kept, 0xFFFF0000), QRect(0, 10, 20, 20));
+    const auto stretched = LoadScaledPicture(path, width, height, Qt::red, false);
+    QCOMPARE(BoxOf(*stretched, kBlue), QRect(0, 0, 20, 30));
+    height = -1;
+    QCOMPARE(LoadScaledPicture(path, width, height, Qt::red, true)->size(), QSize(40, 20));
+    QCOMPARE(width, 40);
+    const QString missing = Path(QStringLiteral("missing.png"));
+    QCOMPARE(LoadScaledPicture(missing, width, height, Qt::red, true).error(),
+             QStringLiteral("Error loading picture ") + QDir::toNativeSeparators(missing));
+}
+
+QTEST_MAIN(TestPictureFiles)
+#include "tst_picture_files.moc"

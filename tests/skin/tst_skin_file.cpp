@@ -1,0 +1,247 @@
+#include "skin_maker.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace paneda;
+
+namespace {
+
+tl::expected<ThemeState, SkinError> Read(const QByteArray& bytes) {
+    return ReadTheme(IniText(bytes), QStringLiteral("Plain"), QStringLiteral("/skins/Plain/skin.ini"));
+}
+
+ThemeState ReadFonts(const QByteArray& lines) {
+    return *Read("[Fonts]\r\n" + lines + "\r\n" + SkinMaker::Places());
+}
+
+} // namespace
+
+class TestSkinFile : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void EmptyKeysTakeDefaults();
+    void KeysReachTheirFields();
+    void ReadsFlags();
+    void HoldsFontSizes();
+    void LabelColoursFallBack();
+    void ReadsPlaces();
+    void ChoosesLogo();
+    void MessageHeightHasItsFloor();
+    void KeyColourAvoidsTexts();
+    void TreeColours();
+    void EveryPlaceIsNeeded();
+    void FindsSkinInAnyCase();
+    void RefusesNamesOfNoSkin_data();
+    void RefusesNamesOfNoSkin();
+    void SurvivesDamage();
+};
+
+void TestSkinFile::EmptyKeysTakeDefaults() {
+    const ThemeState theme = ReadFonts({});
+    QCOMPARE(theme.CategoryActiveColor.Color, 0u);
+    QVERIFY(!theme.ButtonBackColor);
+    QVERIFY(!theme.LabelBorderColor);
+    QCOMPARE(theme.GroupDrawMode, DrawMode::Over);
+    QCOMPARE(theme.BackAlignment, QStringLiteral("5"));
+    QCOMPARE(theme.BackMethod, QStringLiteral("tile"));
+    for (const SkinFont& font : {theme.GroupFont, theme.CategoryActiveFont, theme.CategoryInactiveFont}) {
+        QCOMPARE(font.Size, 8.0);
+        QVERIFY(font.Bold && font.AntiAlias);
+        QCOMPARE(font.Name, QStringLiteral("Tahoma"));
+        QCOMPARE(font.Alignment, QStringLiteral("1"));
+    }
+    QCOMPARE(theme.ButtonBackOverride, QString());
+    QCOMPARE(theme.LabelFontName, QStringLiteral("Tahoma"));
+    QVERIFY(theme.LabelAntiAlias);
+    QCOMPARE(theme.MessageHeight, 92 * 15);
+}
+
+void TestSkinFile::KeysReachTheirFields() {
+    const ThemeState theme = ReadFonts("category active color=010203\ncategory inactive color=040506\n"
+                                       "GROUP COLOR=070809\nbutton background color=0A0B0C\n"
+                                       "group drawmode=Clear\ncategory drawmode=Clear\n"
+                                       "button background drawmode=clear\nbackground alignment=7\n"
+                                       "background drawmethod=Stretch Proportional\n"
+                                       "group font size=10\ngroup font bold=0\ngroup font name=Serif\n"
+                                       "group font alignment=6\ncategory active font size=9\n"
+                                       "category active font anti alias=0\n"
+                                       "category inactive font size=7\ncategory inactive font bold=0\n"
+                                       "button background=yes\nbutton label bold=No\n"
+                                       "button label border=user defined\n"
+                                       "drive free space color=111111\ndrive capacity color=121212\n"
+                                       "drive N/A color=131313\ndrive letter color=141414\n"
+                                       "drive bar border color=151515\ndrive bar free space color=161616\n"
+                                       "button label font name=Mono\nbutton label font anti alias=0\n");
+    QCOMPARE(theme.CategoryActiveColor.Color, 0x030201u);
+    QCOMPARE(theme.CategoryInactiveColor.Hex, QStringLiteral("040506"));
+    QCOMPARE(theme.GroupColor.Color, 0x090807u);
+    QCOMPARE(*theme.ButtonBackColor, 0x0C0B0Au);
+    QCOMPARE(theme.ButtonBackArgb, 0xFF0A0B0Cu);
+    QCOMPARE(theme.GroupDrawMode, DrawMode::Clear);
+    QCOMPARE(theme.CategoryDrawMode, DrawMode::Clear);
+    QCOMPARE(theme.ButtonDrawMode, DrawMode::Over);
+    QCOMPARE(theme.BackAlignment, QStringLiteral("7"));
+    QCOMPARE(theme.BackMethod, QStringLiteral("stretch proportional"));
+    QCOMPARE(theme.GroupFont.Size, 10.0);
+    QVERIFY(!theme.GroupFont.Bold && theme.GroupFont.AntiAlias);
+    QCOMPARE(theme.GroupFont.Name, QStringLiteral("Serif"));
+    QCOMPARE(theme.GroupFont.Alignment, QStringLiteral("6"));
+    QCOMPARE(theme.CategoryActiveFont.Size, 9.0);
+    QVERIFY(theme.CategoryActiveFont.Bold && !theme.CategoryActiveFont.AntiAlias);
+    QCOMPARE(theme.CategoryInactiveFont.Size, 7.0);
+    QVERIFY(!theme.CategoryInactiveFont.Bold);
+    QCOMPARE(theme.ButtonBackOverride, QStringLiteral("YES"));
+    QCOMPARE(theme.LabelBoldOverride, QStringLiteral("NO"));
+    QCOMPARE(theme.LabelBorderOverride, QStringLiteral("USER DEFINED"));
+    QCOMPARE(theme.DriveFreeColor.Color, 0x111111u);
+    QCOMPARE(theme.DriveCapacityColor.Color, 0x121212u);
+    QCOMPARE(theme.DriveNaColor.Color, 0x131313u);
+    QCOMPARE(theme.DriveBarBorderColor, 0x151515u);
+    QCOMPARE(theme.DriveBarFreeColor, 0x161616u);
+    QCOMPARE(theme.LabelFontName, QStringLiteral("Mono"));
+    QVERIFY(!theme.LabelAntiAlias);
+}
+
+void TestSkinFile::ReadsFlags() {
+    const auto flag = [](const QByteArray& value) {
+        return ReadFonts("group font bold=" + value).GroupFont.Bold;
+    };
+    QVERIFY(flag("") && flag("1") && flag("-1") && flag("no"));
+    QVERIFY(!flag("0") && !flag("0.0"));
+}
+
+void TestSkinFile::HoldsFontSizes() {
+    QCOMPARE(ReadFonts("group font size=9.5pt").GroupFont.Size, 9.5);
+    QCOMPARE(ReadFonts("group font size=1e9").GroupFont.Size, 200.0);
+    QCOMPARE(ReadFonts("group font size=0.01").GroupFont.Size, 1.0);
+    QCOMPARE(ReadFonts("group font size=-4").GroupFont.Size, 8.0);
+    QCOMPARE(ReadFonts("group font size=big").GroupFont.Size, 8.0);
+}
+
+void TestSkinFile::LabelColoursFallBack() {
+    const ThemeState both = ReadFonts("drive letter color=AABBCC\nbutton background color=112233");
+    QCOMPARE(both.LabelColor, 0xCCBBAAu);
+    QCOMPARE(both.LabelHex, QStringLiteral("AABBCC"));
+    QCOMPARE(*both.LabelBorderColor, 0x332211u);
+    QCOMPARE(both.LabelBorderHex, QStringLiteral("112233"));
+    const ThemeState own = ReadFonts("drive letter color=AABBCC\nbutton background color=112233\n"
+                                     "button label color=445566\nbutton label border color=778899");
+    QCOMPARE(own.LabelColor, 0x665544u);
+    QCOMPARE(*own.LabelBorderColor, 0x998877u);
+}
+
+void TestSkinFile::ReadsPlaces() {
+    const ThemeState theme = ReadFonts({});
+    QCOMPARE(theme.HideRect, (PixelArea{1, 2, 9, 12}));
+    QCOMPARE(theme.MenuRect, (PixelArea{3, 20, 11, 28}));
+    QCOMPARE(theme.LogoTop, 4);
+    QCOMPARE(theme.LogoLeft, 14);
+    QCOMPARE(theme.LogoDesign, 11);
+}
+
+void TestSkinFile::ChoosesLogo() {
+    const auto design = [](const char* value) {
+        return Read(SkinMaker::Places().replace("design=11", QByteArray(QByteArray("design=") + value)))
+            ->LogoDesign;
+    };
+    QCOMPARE(design("2"), 2);
+    QCOMPARE(design("11"), 11);
+    for (const char* value : {"12", "", "1", "02", "3x", "-2"})
+        QCOMPARE(design(value), 1);
+}
+
+void TestSkinFile::MessageHeightHasItsFloor() {
+    const auto height = [](const QByteArray& value) {
+        return Read(SkinMaker::Places() + "[Message Window]\nHeight=" + value)->MessageHeight;
+    };
+    QCOMPARE(height("114"), 92 * 15);
+    QCOMPARE(height("115"), 115 * 15);
+    QCOMPARE(height(""), 92 * 15);
+    QVERIFY(height("99999999999") > 0);
+}
+
+void TestSkinFile::KeyColourAvoidsTexts() {
+    QCOMPARE(ReadFonts({}).Key.Value, 0xFFFF01FFu);
+    QCOMPARE(ReadFonts("button label color=FF01FF").Key.Value, 0xFFFF02FFu);
+    QCOMPARE(ReadFonts("button background color=FF01FF\ndrive N/A color=FF02FF").Key.Value, 0xFFFF03FFu);
+    // No text is printed in these.
+    QCOMPARE(ReadFonts("group color=FF01FF\ndrive bar border color=FF01FF").Key.Value, 0xFFFF01FFu);
+}
+
+void TestSkinFile::TreeColours() {
+    const TreeColors plain = ReadTreeColors(IniText("[Tree]\nlabel color=ABCDEF"));
+    QCOMPARE(plain.Background, QStringLiteral("000000"));
+    QCOMPARE(plain.Highlight, QStringLiteral("0000FF"));
+    QCOMPARE(plain.HighlightLabel, QStringLiteral("ABCDEF"));
+    QCOMPARE(ReadTreeColors(IniText()).HighlightLabel, QStringLiteral("FFFFFF"));
+}
+
+void TestSkinFile::EveryPlaceIsNeeded() {
+    const QList<QByteArray> lines = SkinMaker::Places().trimmed().split('\n');
+    for (qsizetype i = 1; i < lines.size() - 1; ++i) {
+        const QByteArray key = lines[i].first(lines[i].indexOf('='));
+        QByteArray ini = SkinMaker::Places();
+        ini.replace(lines[i].trimmed(), QByteArray(key + "="));
+        const auto theme = Read(ini);
+        QVERIFY2(!theme, key.constData());
+        QCOMPARE(theme.error().Key, QString::fromLatin1(key));
+        QVERIFY(theme.error().Text().contains(QStringLiteral("skin.ini")));
+        QVERIFY(theme.error().Text().contains(QStringLiteral("\"Plain\"")));
+    }
+    QVERIFY(Read(SkinMaker::Places().replace("paneda logo design=11", "")));
+}
+
+void TestSkinFile::FindsSkinInAnyCase() {
+    SkinMaker maker;
+    maker.AddPiece("bottom", 4, 4, 0xFF000000);
+    WriteBytes(maker.PathOf(QStringLiteral("SKIN.INI")), SkinMaker::Places());
+    const auto theme = ReadSkin(maker.AppFolder(), QStringLiteral("pLAIN"));
+    QVERIFY(theme);
+    QCOMPARE(theme->SkinPath, maker.PathOf({}));
+    QCOMPARE(theme->PathOf(theme->Pieces.Bottom), maker.PathOf(QStringLiteral("bottom.png")));
+}
+
+void TestSkinFile::RefusesNamesOfNoSkin_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"", " ", ".", "..", "../Plain", "../../etc", "Plain/", "a\\b", "/etc",
+                             "C:", "Missing", "Empty", "File"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+    QTest::newRow("with a NUL") << QStringLiteral("Plain") + QChar(u'\0');
+}
+
+void TestSkinFile::RefusesNamesOfNoSkin() {
+    QFETCH(QString, name);
+    SkinMaker maker;
+    maker.AddIni();
+    QVERIFY(QDir(maker.AppFolder()).mkpath(QStringLiteral("skin/Empty")));
+    WriteBytes(maker.AppFolder() + QStringLiteral("/skin/File"), "no folder");
+    const auto theme = ReadSkin(maker.AppFolder(), name);
+    QVERIFY(!theme);
+    QVERIFY(theme.error().Key.isEmpty());
+    QVERIFY(theme.error().Text().contains(QStringLiteral("The skin \"%1\" cannot be used. ").arg(name)));
+    QVERIFY(!theme.error().Reason.isEmpty());
+}
+
+void TestSkinFile::SurvivesDamage() {
+    QRandomGenerator random(20240229);
+    const QByteArray good =
+        "[Fonts]\r\ngroup font size=8\r\nbutton label color=FFFFFF\r\n" + SkinMaker::Places();
+    for (int round = 0; round < 3000; ++round) {
+        QByteArray bytes = good;
+        const int changes = int(random.bounded(1, 12));
+        for (int i = 0; i < changes; ++i)
+            bytes[int(random.bounded(quint32(bytes.size())))] = char(random.bounded(256));
+        const auto theme = Read(bytes);
+        if (theme) {
+            QVERIFY(theme->GroupFont.Size >= 1 && theme->GroupFont.Size <= 200);
+            QVERIFY(theme->LogoDesign >= 1 && theme->LogoDesign <= 11);
+        } else {
+            QVERIFY(!theme.error().Key.isEmpty());
+        }
+    }
+}
+
+QTEST_GUILESS_MAIN(TestSkinFile)
+#include "tst_skin_file.moc"
