@@ -58,8 +58,9 @@ void MainProgram::ReloadPanel() {
 }
 
 void MainProgram::LoadPanel() {
-    panel_ = std::make_unique<frmMain>(
-        state_, PanelServices{*platform_.Launcher, *platform_.Drives, *platform_.Icons, *prompts_});
+    panel_ = std::make_unique<frmMain>(state_,
+                                       PanelServices{*platform_.Launcher, *platform_.Drives, *platform_.Icons,
+                                                     *platform_.Space, *platform_.Blending, *prompts_});
     connect(panel_.get(), &frmMain::Unloaded, qApp, &QCoreApplication::quit);
     panel_->Form_Load();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/compositor.h"
+#include "platform/drive_space.h"
 #include "platform/file_icons.h"
 #include "platform/instance_lock.h"
 #include "platform/opener.h"
@@ -15,6 +17,8 @@ struct Platform {
     std::unique_ptr<Volumes> Drives;
     std::unique_ptr<InstanceLock> Instance;
     std::unique_ptr<FileIcons> Icons;
+    std::unique_ptr<DriveSpace> Space;
+    std::unique_ptr<Compositor> Blending;
 };
 
 // The one of the system that the program is built for.

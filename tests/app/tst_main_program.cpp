@@ -24,8 +24,9 @@ private:
 };
 
 Platform FakePlatform(bool isFirst) {
-    return {std::make_unique<FakeOpener>(), std::make_unique<FakeVolumes>(),
-            std::make_unique<FakeLock>(isFirst), std::make_unique<FakeIcons>()};
+    return {std::make_unique<FakeOpener>(),      std::make_unique<FakeVolumes>(),
+            std::make_unique<FakeLock>(isFirst), std::make_unique<FakeIcons>(),
+            std::make_unique<FakeSpace>(),       std::make_unique<FakeCompositor>()};
 }
 
 frmMain* ShownPanel() {

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QSet>
 
@@ -116,8 +117,12 @@ TreePicture PictureOfTree(const QString& folder) {
 QString Difference(const TreePicture& before, const TreePicture& after) {
     TreePicture both = before;
     both.insert(after);
+    // Installed files are no part of the store, and pictures of categories are made and dropped at any start.
+    static const QRegularExpression leftOut(u"^(skin|Sound|Icons|help)/|^Cache/category[0-9]+a?\\.png$"_s);
     QStringList result;
     for (const QString& name : both.keys()) {
+        if (name.contains(leftOut))
+            continue;
         if (!before.contains(name))
             result.append(u'+' + name);
         else if (!after.contains(name))

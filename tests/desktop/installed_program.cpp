@@ -7,7 +7,9 @@
 #include "core/startup.h"
 #include "core/store_layout.h"
 #include "desktop/desktop.h"
-#include "skin/plain_look.h"
+#include "skin/frame_geometry.h"
+#include "skin/piece_sizes.h"
+#include "skin/skin_file.h"
 #include "ui/panel/screen_metrics.h"
 
 #include <QDir>
@@ -33,6 +35,13 @@ part=$(mktemp "@/started/.XXXXXXXX") || exit 1
 } >"$part"
 mv "$part" "@/started/${part##*/.}"
 )sh";
+
+ThemeState ThemeOf(const AppState& state) {
+    auto theme = ReadSkin(state.AppFolder, state.SkinName);
+    if (!theme)
+        qFatal("%s", qPrintable(theme.error().Text()));
+    return *theme;
+}
 
 } // namespace
 
@@ -99,7 +108,9 @@ void InstalledProgram::CompleteStore() const {
     AppState state = State();
     if (!LoadPanelState(state).Failures.empty())
         qFatal("The store cannot be made.");
-    WriteCache(state, {});
+    CacheRecord sizes;
+    StorePieceSizes(MeasurePieces(ThemeOf(state)), sizes);
+    WriteCache(state, sizes);
     (void)SaveAtExit(state);
 }
 
@@ -187,7 +198,8 @@ AppState InstalledProgram::State() const {
 }
 
 PanelGeometry InstalledProgram::Geometry(const AppState& state) const {
-    return LayoutPanel(state.Catalogue, {state.ButtonsPerRow, PlainMetrics(), CurrentScreenMetrics(), 0, 0});
+    return LayoutPanel(state.Catalogue, {state.ButtonsPerRow, PanelMetricsOf(MeasurePieces(ThemeOf(state))),
+                                         CurrentScreenMetrics(), 0, 0});
 }
 
 QPoint InstalledProgram::Button(const QString& name) const {
@@ -211,7 +223,12 @@ QPoint InstalledProgram::Bar(int category) const {
 }
 
 QPoint InstalledProgram::Menu() const {
-    return WindowPlace(panel_) + PlainChromeOf(Geometry(State())).Menu.center();
+    const AppState state = State();
+    const ThemeState theme = ThemeOf(state);
+    const PanelGeometry geometry = Geometry(state);
+    const FrameGeometry frame =
+        DisplayBorder(MeasurePieces(theme), {geometry.PanelWidth, geometry.PanelHeight});
+    return WindowPlace(panel_) + ToPixels(MenuArea(frame, theme)).center();
 }
 
 } // namespace paneda::test

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/compositor.h"
+#include "platform/drive_space.h"
 #include "platform/file_icons.h"
 #include "platform/opener.h"
 #include "platform/volumes.h"
 
 #include <QColor>
+#include <QHash>
 #include <QStringList>
 
 #include <vector>
@@ -43,6 +46,21 @@ public:
         icon.fill(kColour);
         return icon;
     }
+};
+
+// Volumes by their root.
+class FakeSpace : public DriveSpace {
+public:
+    QHash<QString, VolumeSpace> Spaces;
+
+    VolumeSpace SpaceOf(const QString& root) override { return Spaces.value(root); }
+};
+
+class FakeCompositor : public Compositor {
+public:
+    bool Active = true;
+
+    bool IsActive() override { return Active; }
 };
 
 } // namespace paneda::test

@@ -1,8 +1,11 @@
 #include "ui/panel/frmMain.h"
 
-#include "skin/plain_look.h"
-#include "ui/panel/button_icons.h"
+#include "core/text_rules.h"
+#include "ui/panel/plain_panel_look.h"
 #include "ui/panel/screen_metrics.h"
+#include "ui/panel/skin_choice.h"
+#include "ui/panel/skinned_panel_look.h"
+#include "ui/panel/window_shape.h"
 
 #include <QCloseEvent>
 #include <QHelpEvent>
@@ -17,6 +20,9 @@
 namespace paneda {
 
 namespace {
+
+// Without blending a pixel is shown or not; half of it decides.
+constexpr int kSolidAlpha = 128;
 
 std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
     switch (button) {
@@ -42,23 +48,44 @@ frmMain::frmMain(AppState& state, const PanelServices& services)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), state_(state), services_(services) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("AhPanel"));
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_TranslucentBackground);
 }
+
+frmMain::~frmMain() = default;
 
 void frmMain::Form_Load() {
     load_ = LoadPanelState(state_);
+    MakeLook();
     LayOut();
     state_.FormLoaded = true;
-    if (!load_.CacheValid)
-        WriteCache(state_, {});
     picCategory_Click(state_.SelectedCategory);
 }
 
+void frmMain::MakeLook() {
+    SkinChoice choice = ChooseSkin(state_.AppFolder, state_.SkinName);
+    skinProblem_ = choice.Problem;
+    // Pictures on file are those of the skin that was asked for.
+    const bool usesCache = load_.CacheValid && skinProblem_.isEmpty();
+    CacheRecord sizes;
+    if (choice.Theme) {
+        auto look = std::make_unique<SkinnedPanelLook>(state_, std::move(*choice.Theme),
+                                                       usesCache ? &load_.Cache : nullptr, services_.Icons,
+                                                       services_.Space);
+        StorePieceSizes(look->Sizes(), sizes);
+        look_ = std::move(look);
+    } else {
+        look_ = std::make_unique<PlainPanelLook>(state_, services_.Icons);
+    }
+    if (!usesCache)
+        WriteCache(state_, sizes);
+}
+
 void frmMain::LayOut() {
-    const LayoutInput input{state_.ButtonsPerRow, PlainMetrics(), CurrentScreenMetrics(), state_.PanelLeft,
+    const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), CurrentScreenMetrics(), state_.PanelLeft,
                             state_.PanelTop};
     state_.WorkAreaBottom = input.Screen.WorkAreaBottom;
     geometry_ = LayoutPanel(state_.Catalogue, input);
+    look_->SetGeometry(geometry_);
     state_.PanelLeft = geometry_.PanelLeft;
     state_.PanelTop = geometry_.PanelTop;
     setFixedSize(TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight));
@@ -71,12 +98,6 @@ void frmMain::ShowAtStart() {
         showMinimized();
     else
         show();
-    if (load_.Failures.empty())
-        return;
-    QTimer::singleShot(0, this, [this] {
-        services_.Messages.Notice(QStringLiteral("These files could not be written or read:\n\n") +
-                                  FailureText(load_.Failures));
-    });
 }
 
 void frmMain::picCategory_Click(int index) {
@@ -84,14 +105,46 @@ void frmMain::picCategory_Click(int index) {
     if (opened_.Index >= 0)
         state_.SelectedCategory = opened_.Index;
     hitAreas_ = HitAreasOf(geometry_, opened_);
-    const PlainChrome chrome = PlainChromeOf(geometry_);
-    hitAreas_.push_back({HitArea::Kind::Hide, -1, -1, -1, chrome.Hide});
-    hitAreas_.push_back({HitArea::Kind::Menu, -1, -1, -1, chrome.Menu});
-    picture_ =
-        PaintPlainPanel(state_.Catalogue, geometry_, opened_, [this](const ButtonEntry& button, int pixels) {
-            return ButtonIcon(button, pixels, state_, services_.Icons);
-        });
+    hitAreas_.push_back({HitArea::Kind::Hide, -1, -1, -1, look_->HideArea()});
+    hitAreas_.push_back({HitArea::Kind::Menu, -1, -1, -1, look_->MenuArea()});
+    ShowPicture(look_->Picture(opened_.Index));
+}
+
+void frmMain::ShowPicture(const QImage& picture) {
+    picture_ = picture;
+    // Transparent pixels let the mouse through to what is below.
+    setMask(ShapeOf(picture_, services_.Blending.IsActive() ? 1 : kSolidAlpha));
     update();
+}
+
+void frmMain::AfterFirstPaint() {
+    // Free space has changed since the pictures were made.
+    if (load_.CacheValid && HasDriveButtons(state_.Catalogue))
+        picGroup_Click();
+    PrepareNextPicture();
+    TellProblems();
+}
+
+void frmMain::PrepareNextPicture() {
+    // One picture at a time, so that the panel answers in between.
+    if (look_->PrepareNext())
+        QTimer::singleShot(0, this, &frmMain::PrepareNextPicture);
+}
+
+void frmMain::TellProblems() {
+    if (!load_.Failures.empty())
+        services_.Messages.Notice(QStringLiteral("These files could not be written or read:\n\n") +
+                                  FailureText(load_.Failures));
+    if (!skinProblem_.isEmpty())
+        services_.Messages.Notice(skinProblem_);
+}
+
+void frmMain::picGroup_Click() {
+    // Any header of the first category brings its drives up to date.
+    if (state_.SelectedCategory != 0)
+        return;
+    look_->RefreshDrives();
+    ShowPicture(look_->Picture(opened_.Index));
 }
 
 void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask) {
@@ -145,7 +198,12 @@ void frmMain::Form_Unload() {
 
 void frmMain::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.drawImage(0, 0, picture_);
+    if (painted_)
+        return;
+    painted_ = true;
+    QTimer::singleShot(0, this, &frmMain::AfterFirstPaint);
 }
 
 void frmMain::mousePressEvent(QMouseEvent* event) {
@@ -165,6 +223,8 @@ void frmMain::mouseReleaseEvent(QMouseEvent* event) {
         return;
     if (area.What == HitArea::Kind::Bar)
         picCategory_Click(area.Category);
+    else if (area.What == HitArea::Kind::Header)
+        picGroup_Click();
     else if (area.What == HitArea::Kind::Hide)
         imgHide_Click();
     else if (area.What == HitArea::Kind::Menu)

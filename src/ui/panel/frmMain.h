@@ -5,13 +5,18 @@
 #include "core/panel_geometry.h"
 #include "core/prompts.h"
 #include "core/startup.h"
+#include "platform/compositor.h"
+#include "platform/drive_space.h"
 #include "platform/file_icons.h"
 #include "platform/opener.h"
 #include "platform/volumes.h"
 #include "ui/panel/hit_areas.h"
+#include "ui/panel/panel_look.h"
 
 #include <QImage>
 #include <QWidget>
+
+#include <memory>
 
 namespace paneda {
 
@@ -20,6 +25,8 @@ struct PanelServices {
     Opener& Launcher;
     Volumes& Drives;
     FileIcons& Icons;
+    DriveSpace& Space;
+    Compositor& Blending;
     Prompts& Messages;
 };
 
@@ -31,6 +38,7 @@ class frmMain : public QWidget {
 
 public:
     frmMain(AppState& state, const PanelServices& services);
+    ~frmMain() override;
 
     // Reads the store into the state, lays the panel out and opens the selected category. Once, before the
     // first show.
@@ -46,6 +54,7 @@ public:
     void Form_LinkExecute(const QString& command);
 
     void picCategory_Click(int index);
+    void picGroup_Click();
     void picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask);
     void imgHide_Click();
     void imgMenu_Click();
@@ -65,18 +74,26 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    void MakeLook();
     void LayOut();
+    void ShowPicture(const QImage& picture);
+    void AfterFirstPaint();
+    void PrepareNextPicture();
+    void TellProblems();
     void ShowToolTip(const QPoint& local, const QPoint& global) const;
     const ButtonEntry& ButtonAt(const HitArea& area) const;
 
     AppState& state_;
     PanelServices services_;
     PanelLoad load_;
+    QString skinProblem_;
+    std::unique_ptr<PanelLook> look_;
     PanelGeometry geometry_;
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;
     HitArea pressed_;
     QImage picture_;
+    bool painted_ = false;
     bool unloaded_ = false;
 };
 

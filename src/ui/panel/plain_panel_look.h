@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/app_state.h"
+#include "platform/file_icons.h"
+#include "ui/panel/panel_look.h"
+
+namespace paneda {
+
+// The built-in look, for a program whose skins are all broken. Nothing is kept on disk.
+class PlainPanelLook : public PanelLook {
+public:
+    PlainPanelLook(const AppState& state, FileIcons& icons);
+
+    PanelMetrics Metrics() const override;
+    void SetGeometry(const PanelGeometry& geometry) override;
+    QImage Picture(int category) override;
+    QRect HideArea() const override;
+    QRect MenuArea() const override;
+    void RefreshDrives() override {}
+    QString DriveTip(int) const override { return {}; }
+    bool PrepareNext() override { return false; }
+
+private:
+    const AppState& state_;
+    FileIcons& icons_;
+    const PanelGeometry* geometry_ = nullptr;
+};
+
+} // namespace paneda
