@@ -1,0 +1,152 @@
+// Time from the start of the process to the first painted frame: a bare Qt program that shows one picture of
+// the panel's size (the floor), the panel with a valid cache, the panel without. Seen from outside, by the
+// pixels in the window. Needs an X server with a window manager (tools/with-desktop).
+//
+// usage: bench_start PANEDA FLOOR   (an installed program over its store, the floor program)
+
+#include "x_window.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTextStream>
+#include <QThread>
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+namespace {
+
+constexpr int kRuns = 25;
+constexpr int kGiveUp = 20'000;   // ms
+constexpr int kFirstStart = 3000; // ms
+
+struct Sample {
+    double Milliseconds = 0;
+    double MemoryKb = 0; // proportional set size, 300 ms after the frame
+};
+
+struct Result {
+    double Milliseconds = 0;
+    double MemoryKb = 0;
+};
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.empty() ? 0 : values[values.size() / 2];
+}
+
+double MemoryOf(qint64 processId) {
+    QFile file(QStringLiteral("/proc/%1/smaps_rollup").arg(processId));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (line.startsWith("Pss:"))
+            return line.mid(4).trimmed().split(' ').first().toDouble();
+    }
+    return 0;
+}
+
+// Starts a program, waits until the pixels at these places are the wanted ones, ends it.
+Sample Measure(const QString& program, const QStringList& arguments, const QList<QPoint>& places,
+               const QList<QRgb>& wanted, int giveUp = kGiveUp) {
+    paneda::bench::XWindow window;
+    QProcess process;
+    QElapsedTimer timer;
+    timer.start();
+    process.start(program, arguments);
+    process.waitForStarted();
+    bool found = false;
+    Sample sample;
+    while (timer.elapsed() < giveUp) {
+        found = found || window.Find(process.processId());
+        if (found && window.Pixels(places) == wanted)
+            break;
+        QThread::usleep(200);
+    }
+    sample.Milliseconds = double(timer.nsecsElapsed()) / 1e6;
+    QThread::msleep(300);
+    sample.MemoryKb = MemoryOf(process.processId());
+    process.terminate();
+    process.waitForFinished();
+    return sample;
+}
+
+Result Summarise(const std::vector<Sample>& samples) {
+    std::vector<double> times;
+    std::vector<double> memory;
+    for (const Sample& sample : samples) {
+        times.push_back(sample.Milliseconds);
+        memory.push_back(sample.MemoryKb);
+    }
+    return {Median(times), Median(memory)};
+}
+
+// Places in the frame, where every start shows the same.
+QList<QPoint> PlacesOf(const QImage& picture) {
+    const int w = picture.width();
+    const int h = picture.height();
+    QList<QPoint> places;
+    for (const QPoint& place : {QPoint(w / 4, h - 14), QPoint(w / 2, h - 14), QPoint(4, h / 2),
+                                QPoint(w - 5, h / 2), QPoint(w / 4, 6)}) {
+        if (qAlpha(picture.pixel(place)) == 255)
+            places.append(place);
+    }
+    return places;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    QTextStream out(stdout);
+    const QStringList arguments = application.arguments();
+    if (arguments.size() != 3) {
+        out << "usage: bench_start PANEDA FLOOR\n";
+        return 2;
+    }
+    const QString paneda = arguments[1];
+    const QString cache = QFileInfo(paneda).absolutePath() + QStringLiteral("/Cache");
+    const QString picture = cache + QStringLiteral("/category001.png");
+    // The first start makes the store and the pictures.
+    Measure(paneda, {}, {QPoint(0, 0)}, {0xFFFFFFFF}, kFirstStart);
+    const QImage image(picture);
+    if (image.isNull()) {
+        out << "no picture was made\n";
+        return 1;
+    }
+    const QList<QPoint> places = PlacesOf(image);
+    QList<QRgb> wanted;
+    for (const QPoint& place : places)
+        wanted.append(image.pixel(place) & 0xFFFFFF);
+    std::vector<Sample> floor;
+    std::vector<Sample> cached;
+    std::vector<Sample> uncached;
+    for (int i = 0; i < kRuns; ++i) {
+        floor.push_back(Measure(arguments[2], {picture}, places, wanted));
+        cached.push_back(Measure(paneda, {}, places, wanted));
+    }
+    for (int i = 0; i < kRuns; ++i) {
+        QFile::remove(cache + QStringLiteral("/cache"));
+        uncached.push_back(Measure(paneda, {}, places, wanted));
+    }
+    const Result base = Summarise(floor);
+    const auto print = [&](const char* name, const Result& result) {
+        out << qSetFieldWidth(10) << name << qSetFieldWidth(0)
+            << QStringLiteral("  %1 ms  %2 of the floor   %3 KB  %4 of the floor\n")
+                   .arg(result.Milliseconds, 8, 'f', 1)
+                   .arg(result.Milliseconds / base.Milliseconds, 5, 'f', 2)
+                   .arg(result.MemoryKb, 8, 'f', 0)
+                   .arg(result.MemoryKb / base.MemoryKb, 5, 'f', 2);
+    };
+    out << "medians of " << kRuns << " starts, window of " << image.width() << " x " << image.height()
+        << " pixels\n";
+    print("floor", base);
+    print("cached", Summarise(cached));
+    print("uncached", Summarise(uncached));
+    return 0;
+}
