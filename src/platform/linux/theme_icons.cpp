@@ -6,7 +6,10 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QMimeDatabase>
+#include <QPainter>
 #include <QPixmap>
+
+#include <algorithm>
 
 namespace paneda {
 
@@ -78,14 +81,31 @@ QIcon IconFor(const QString& text, const LaunchPaths& paths) {
     return {};
 }
 
+// A picture of exactly this size. A theme that has none takes a larger one made smaller, or a smaller one in
+// the middle.
+QImage Sized(const QIcon& icon, int pixels) {
+    QImage picture;
+    for (int wanted = pixels; wanted <= 4 * pixels; wanted *= 2) {
+        picture = icon.pixmap(QSize(wanted, wanted), 1.0).toImage();
+        if (std::max(picture.width(), picture.height()) >= pixels)
+            break;
+    }
+    if (picture.width() > pixels || picture.height() > pixels)
+        picture = picture.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    if (picture.size() == QSize(pixels, pixels))
+        return picture;
+    QImage sized(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    sized.fill(Qt::transparent);
+    QPainter(&sized).drawImage((pixels - picture.width()) / 2, (pixels - picture.height()) / 2, picture);
+    return sized;
+}
+
 } // namespace
 
 QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, int pixels) {
     ChooseThemeOnce();
     const QIcon icon = IconFor(target, paths);
-    if (icon.isNull())
-        return {};
-    return icon.pixmap(QSize(pixels, pixels), 1.0).toImage();
+    return icon.isNull() ? QImage() : Sized(icon, pixels);
 }
 
 } // namespace paneda
