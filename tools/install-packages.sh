@@ -9,11 +9,14 @@ set -euo pipefail
 packages_of() {
     case "$1" in
         build) echo "g++ cmake ninja-build pkg-config qt6-base-dev libexpected-dev zlib1g-dev libxcb1-dev libxcb-res0-dev" \
+                    "libxcb-xinput-dev" \
                     "libgl1-mesa-dev" ;;
         run) echo "python3 xdg-utils libqt6svg6 hicolor-icon-theme adwaita-icon-theme fonts-dejavu-core" \
-                  "fonts-liberation xvfb openbox picom hsetroot dbus-daemon x11-utils imagemagick" ;;
+                  "fonts-liberation xvfb openbox picom hsetroot dbus-daemon x11-utils imagemagick" \
+                  "libxcb-xinput0 libsdl2-mixer-2.0-0 timgm6mb-soundfont" ;;
         test) echo "python3 clang libclang-rt-14-dev clang-format clang-tidy xvfb openbox picom hsetroot" \
-                   "dbus-daemon xdotool wmctrl xterm x11-utils imagemagick" ;;
+                   "dbus-daemon dbus-bin xdotool wmctrl xterm x11-utils x11-xkb-utils imagemagick" \
+                   "libsdl2-mixer-2.0-0 timgm6mb-soundfont libglib2.0-bin" ;;
         *) echo "install-packages.sh: unknown set '$1' (there are: build run test)" >&2; return 2 ;;
     esac
 }

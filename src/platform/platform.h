@@ -1,10 +1,17 @@
 #pragma once
 
+#include "platform/autostart.h"
 #include "platform/compositor.h"
 #include "platform/drive_space.h"
 #include "platform/file_icons.h"
+#include "platform/foreground.h"
+#include "platform/hotkey.h"
 #include "platform/instance_lock.h"
 #include "platform/opener.h"
+#include "platform/outside_request.h"
+#include "platform/pointer.h"
+#include "platform/sound_player.h"
+#include "platform/termination.h"
 #include "platform/volumes.h"
 
 #include <memory>
@@ -19,6 +26,13 @@ struct Platform {
     std::unique_ptr<FileIcons> Icons;
     std::unique_ptr<DriveSpace> Space;
     std::unique_ptr<Compositor> Blending;
+    std::unique_ptr<Hotkey> Keys;
+    std::unique_ptr<Pointer> Mouse;
+    std::unique_ptr<Foreground> Front;
+    std::unique_ptr<OutsideRequest> Requests;
+    std::unique_ptr<Autostart> Session;
+    std::unique_ptr<SoundPlayer> Sounds;
+    std::unique_ptr<Termination> Ending;
 };
 
 // The one of the system that the program is built for.

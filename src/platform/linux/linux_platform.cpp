@@ -1,6 +1,13 @@
+#include "platform/linux/dbus_requests.h"
+#include "platform/linux/desktop_autostart.h"
 #include "platform/linux/instance_mark.h"
+#include "platform/linux/linux_foreground.h"
+#include "platform/linux/linux_hotkey.h"
 #include "platform/linux/linux_opener.h"
+#include "platform/linux/linux_pointer.h"
+#include "platform/linux/mixer_player.h"
 #include "platform/linux/mounted_volumes.h"
+#include "platform/linux/signal_termination.h"
 #include "platform/linux/theme_icons.h"
 #include "platform/linux/volume_space.h"
 #include "platform/linux/x11_compositor.h"
@@ -9,9 +16,21 @@
 namespace paneda {
 
 Platform MakePlatform() {
-    return {std::make_unique<LinuxOpener>(),      std::make_unique<MountedVolumes>(),
-            std::make_unique<InstanceMark>(),     std::make_unique<ThemeIcons>(),
-            std::make_unique<LinuxVolumeSpace>(), std::make_unique<X11Compositor>()};
+    Platform platform;
+    platform.Launcher = std::make_unique<LinuxOpener>();
+    platform.Drives = std::make_unique<MountedVolumes>();
+    platform.Instance = std::make_unique<InstanceMark>();
+    platform.Icons = std::make_unique<ThemeIcons>();
+    platform.Space = std::make_unique<LinuxVolumeSpace>();
+    platform.Blending = std::make_unique<X11Compositor>();
+    platform.Keys = MakeHotkey();
+    platform.Mouse = std::make_unique<LinuxPointer>();
+    platform.Front = std::make_unique<LinuxForeground>();
+    platform.Requests = std::make_unique<DBusRequests>();
+    platform.Session = std::make_unique<DesktopAutostart>();
+    platform.Sounds = std::make_unique<MixerPlayer>();
+    platform.Ending = std::make_unique<SignalTermination>();
+    return platform;
 }
 
 } // namespace paneda

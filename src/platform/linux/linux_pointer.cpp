@@ -1,0 +1,89 @@
+#include "platform/linux/linux_pointer.h"
+
+#include <QCursor>
+
+#include <xcb/xinput.h>
+
+namespace paneda {
+
+namespace {
+
+constexpr quint32 kMiddleButton = 2;
+// Raw events reach a client whatever has grabbed the mouse only from this version on.
+constexpr quint16 kInputMajor = 2;
+constexpr quint16 kInputMinor = 2;
+
+// A mask of one 32-bit word behind the protocol's header, as the server reads it.
+struct EventMask {
+    xcb_input_event_mask_t Header;
+    quint32 Bits;
+};
+
+} // namespace
+
+bool LinuxPointer::CanSee() const {
+    return !IsWaylandSession() && !qEnvironmentVariableIsEmpty("DISPLAY");
+}
+
+void LinuxPointer::WatchMiddleButton(bool on) {
+    if (on == (presses_ != nullptr) || (on && !CanSee()))
+        return;
+    // A connection for the presses alone, closed with the watch, so that no event heaps up unread.
+    presses_ = on ? std::make_unique<X11Connection>() : nullptr;
+    if (presses_ && presses_->IsOpen())
+        SelectPresses();
+}
+
+void LinuxPointer::SelectPresses() {
+    xcb_connection_t* connection = presses_->Get();
+    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_input_id);
+    if (!extension || !extension->present)
+        return;
+    const XcbPointer<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
+        connection, xcb_input_xi_query_version(connection, kInputMajor, kInputMinor), nullptr));
+    if (!version)
+        return;
+    inputExtension_ = extension->major_opcode;
+    const EventMask mask{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS};
+    xcb_input_xi_select_events(connection, presses_->Root(), 1, &mask.Header);
+    xcb_flush(connection);
+}
+
+bool LinuxPointer::TakePresses() {
+    bool found = false;
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(presses_->Get())}) {
+        if ((event->response_type & 0x7F) != XCB_GE_GENERIC)
+            continue;
+        const auto* raw = reinterpret_cast<const xcb_input_raw_button_press_event_t*>(event.get());
+        found = found || (raw->extension == inputExtension_ &&
+                          raw->event_type == XCB_INPUT_RAW_BUTTON_PRESS && raw->detail == kMiddleButton);
+    }
+    return found;
+}
+
+bool LinuxPointer::MiddleButtonDown() {
+    if (!presses_)
+        return false;
+    X11Connection& server = Server();
+    const XcbPointer<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(server.Get(), xcb_query_pointer(server.Get(), server.Root()), nullptr));
+    const bool pressed = TakePresses();
+    return pressed || (reply && (reply->mask & XCB_BUTTON_MASK_2));
+}
+
+QPoint LinuxPointer::Position() {
+    if (!CanSee())
+        return QCursor::pos();
+    X11Connection& server = Server();
+    const XcbPointer<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(server.Get(), xcb_query_pointer(server.Get(), server.Root()), nullptr));
+    return reply ? QPoint(reply->root_x, reply->root_y) : QCursor::pos();
+}
+
+X11Connection& LinuxPointer::Server() {
+    if (!server_)
+        server_ = std::make_unique<X11Connection>();
+    return *server_;
+}
+
+} // namespace paneda

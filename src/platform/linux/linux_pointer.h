@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/linux/x11_connection.h"
+#include "platform/pointer.h"
+
+#include <memory>
+
+namespace paneda {
+
+// The mouse by asking the X server. Presses between two looks come as raw events of the input extension,
+// which reach this program whatever window they are for; without the extension only the state at the look
+// counts.
+class LinuxPointer : public Pointer {
+public:
+    bool CanSee() const override;
+    void WatchMiddleButton(bool on) override;
+    bool MiddleButtonDown() override;
+    QPoint Position() override;
+
+private:
+    X11Connection& Server();
+    void SelectPresses();
+    bool TakePresses();
+
+    std::unique_ptr<X11Connection> server_;
+    std::unique_ptr<X11Connection> presses_;
+    quint8 inputExtension_ = 0;
+};
+
+} // namespace paneda

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+
+#include <xcb/xcb.h>
+
+namespace paneda {
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+// Replies, events and errors of xcb are the receiver's to free.
+template <class Reply>
+using XcbPointer = std::unique_ptr<Reply, FreeReply>;
+
+// A connection to the X server apart from Qt's own, so that what it selects and receives disturbs nobody.
+class X11Connection {
+public:
+    // Without an X server the connection is not open, and every call is harmless and gives nothing.
+    X11Connection();
+
+    bool IsOpen() const;
+    xcb_connection_t* Get() const { return connection_.get(); }
+    xcb_window_t Root() const { return root_; }
+
+    // XCB_ATOM_NONE when it cannot be had.
+    xcb_atom_t Atom(const char* name) const;
+
+    // The first 32-bit value of a window's property; 0 if there is none.
+    quint32 FirstValue(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
+
+    // A client message about a window, sent to the window manager.
+    void TellManager(xcb_window_t window, xcb_atom_t type, const std::array<quint32, 5>& data) const;
+
+private:
+    std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection_;
+    xcb_window_t root_ = XCB_NONE;
+};
+
+// Whether the session's windows belong to a Wayland compositor, where an X server sees only a part of them.
+bool IsWaylandSession();
+
+} // namespace paneda
