@@ -33,6 +33,18 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath)
     : platform_(std::move(platform)), executablePath_(executablePath) {
     FillAppState(state_, QFileInfo(executablePath).absolutePath(), *platform_.Drives);
     prompts_ = std::make_unique<QtPrompts>(state_.ProductName);
+    SettingServices settings{*prompts_,
+                             *platform_.Session,
+                             *platform_.Keys,
+                             executablePath_,
+                             [this] { ReloadPanel(); },
+                             [this] { return Scene(); },
+                             {}};
+    dialogs_ = std::make_unique<PanelDialogs>(
+        state_, DialogServices{settings, *platform_.Sounds, *platform_.Launcher, [this] {
+                                   state_.Exiting = true;
+                                   panel_->close();
+                               }});
 }
 
 MainProgram::~MainProgram() = default;
@@ -45,7 +57,26 @@ int MainProgram::Run() {
     }
     LoadPanel();
     panel_->ShowAtStart();
-    return QApplication::exec();
+    ListenToOutside();
+    const int status = QApplication::exec();
+    platform_.Keys->Unregister();
+    dialogs_->CloseAll();
+    return status;
+}
+
+void MainProgram::ListenToOutside() {
+    // Without a session bus there is nobody to ask; every other way to call the panel remains.
+    (void)platform_.Requests->Listen([this](const QString& text) { panel_->Form_LinkExecute(text); });
+    platform_.Ending->OnRequest([this] { panel_->close(); });
+}
+
+PlaceScene MainProgram::Scene() const {
+    const ScreenMetrics screen = CurrentScreenMetrics();
+    const QRect panel = panel_->geometry();
+    return {{PixelsToTwips(panel.x()), PixelsToTwips(panel.y()), PixelsToTwips(panel.width()),
+             PixelsToTwips(panel.height())},
+            {screen.Width, screen.Height},
+            screen.WorkAreaBottom};
 }
 
 void MainProgram::ReloadPanel() {
@@ -54,13 +85,15 @@ void MainProgram::ReloadPanel() {
     state_.IgnoreCache = true;
     state_.FormLoaded = false;
     LoadPanel();
+    panel_->ShowAtStart();
     panel_->Form_LinkExecute({});
 }
 
 void MainProgram::LoadPanel() {
-    panel_ = std::make_unique<frmMain>(state_,
-                                       PanelServices{*platform_.Launcher, *platform_.Drives, *platform_.Icons,
-                                                     *platform_.Space, *platform_.Blending, *prompts_});
+    panel_ = std::make_unique<frmMain>(
+        state_, PanelServices{*platform_.Launcher, *platform_.Drives, *platform_.Icons, *platform_.Space,
+                              *platform_.Blending, *platform_.Front, *platform_.Keys, *platform_.Mouse,
+                              *platform_.Sounds, satellites_, *prompts_, dialogs_->Actions()});
     connect(panel_.get(), &frmMain::Unloaded, qApp, &QCoreApplication::quit);
     panel_->Form_Load();
 }

@@ -4,6 +4,7 @@
 #include "platform/platform.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/panel/frmMain.h"
+#include "ui/panel/panel_dialogs.h"
 
 #include <QObject>
 
@@ -31,11 +32,15 @@ public:
 
 private:
     void LoadPanel();
+    void ListenToOutside();
+    PlaceScene Scene() const;
 
     Platform platform_;
     QString executablePath_;
     AppState state_;
     std::unique_ptr<QtPrompts> prompts_;
+    NoSatellites satellites_;
+    std::unique_ptr<PanelDialogs> dialogs_;
     std::unique_ptr<frmMain> panel_;
 };
 

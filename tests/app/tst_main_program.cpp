@@ -1,6 +1,7 @@
 #include "app/main_program.h"
 #include "support/store_builder.h"
 #include "ui/fake_desktop.h"
+#include "ui/fake_services.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -24,9 +25,21 @@ private:
 };
 
 Platform FakePlatform(bool isFirst) {
-    return {std::make_unique<FakeOpener>(),      std::make_unique<FakeVolumes>(),
-            std::make_unique<FakeLock>(isFirst), std::make_unique<FakeIcons>(),
-            std::make_unique<FakeSpace>(),       std::make_unique<FakeCompositor>()};
+    Platform platform;
+    platform.Launcher = std::make_unique<FakeOpener>();
+    platform.Drives = std::make_unique<FakeVolumes>();
+    platform.Instance = std::make_unique<FakeLock>(isFirst);
+    platform.Icons = std::make_unique<FakeIcons>();
+    platform.Space = std::make_unique<FakeSpace>();
+    platform.Blending = std::make_unique<FakeCompositor>();
+    platform.Keys = std::make_unique<FakeHotkey>();
+    platform.Mouse = std::make_unique<FakePointer>();
+    platform.Front = std::make_unique<FakeForeground>();
+    platform.Requests = std::make_unique<FakeRequests>();
+    platform.Session = std::make_unique<FakeAutostart>();
+    platform.Sounds = std::make_unique<FakeSounds>();
+    platform.Ending = std::make_unique<FakeTermination>();
+    return platform;
 }
 
 frmMain* ShownPanel() {

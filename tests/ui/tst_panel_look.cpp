@@ -3,9 +3,7 @@
 #include "core/store_layout.h"
 #include "skin/picture_cache.h"
 #include "skin/skin_maker.h"
-#include "support/fake_prompts.h"
-#include "ui/fake_desktop.h"
-#include "ui/panel/frmMain.h"
+#include "ui/fake_panel.h"
 #include "ui/panel/plain_panel_look.h"
 #include "ui/panel/skin_choice.h"
 #include "ui/panel/skinned_panel_look.h"
@@ -255,19 +253,17 @@ void tst_panel_look::drives() {
 void tst_panel_look::window() {
     LookBench bench;
     bench.Skin.AddPiece("topleft", 6, 6, 0x00000000);
-    FakeOpener opener;
-    FakeVolumes volumes;
-    FakeCompositor compositor;
-    FakePrompts messages;
+    FakePanelDesktop desktop;
+    const QStringList& messages = desktop.Messages.Shown;
     AppState state = bench.State;
     FillEdition(state);
-    frmMain panel(state, {opener, volumes, bench.Icons, bench.Space, compositor, messages});
+    frmMain panel(state, desktop.Services());
     panel.Form_Load();
     panel.ShowAtStart();
     QVERIFY(QTest::qWaitForWindowExposed(&panel));
     // The state's config asks for the default skin, which this folder lacks.
-    QTRY_COMPARE(messages.Shown.size(), 1);
-    QVERIFY(messages.Shown.front().contains(QStringLiteral("Paneda Black Glass")));
+    QTRY_COMPARE(messages.size(), 1);
+    QVERIFY(messages.front().contains(QStringLiteral("Paneda Black Glass")));
 
     const QString config = ConfigFilePath(state.AppFolder);
     panel.Form_Unload();
@@ -275,13 +271,13 @@ void tst_panel_look::window() {
     records->Write(kRecordSkinName, {QStringLiteral("Plain")});
     QVERIFY(records->Save(config));
     state.IgnoreCache = true;
-    frmMain skinned(state, {opener, volumes, bench.Icons, bench.Space, compositor, messages});
+    frmMain skinned(state, desktop.Services());
     skinned.Form_Load();
     skinned.ShowAtStart();
     QVERIFY(QTest::qWaitForWindowExposed(&skinned));
     QVERIFY2(!skinned.mask().contains(QPoint(2, 2)), "a transparent corner takes no mouse");
     QVERIFY(skinned.mask().contains(QPoint(10, 2)));
-    QCOMPARE(messages.Shown.size(), 1);
+    QCOMPARE(messages.size(), 1);
 }
 
 QTEST_MAIN(tst_panel_look)

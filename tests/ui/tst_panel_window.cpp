@@ -2,10 +2,8 @@
 #include "core/ini_file.h"
 #include "core/store_layout.h"
 #include "skin/plain_look.h"
-#include "support/fake_prompts.h"
 #include "support/store_builder.h"
-#include "ui/fake_desktop.h"
-#include "ui/panel/frmMain.h"
+#include "ui/fake_panel.h"
 
 #include <QApplication>
 #include <QFile>
@@ -23,16 +21,10 @@ namespace {
 const QString kTool = u"Setting/[001] One/[001] G/[001] Tool [1].pnd"_s;
 
 // A store of two categories of buttons and one tree category, with a panel over it and a fake desktop.
-class PanelBench {
+class PanelBench : public FakePanelDesktop {
 public:
     StoreBuilder Store;
     AppState State;
-    FakeOpener Opened;
-    FakeVolumes Drives;
-    FakeIcons Icons;
-    FakeSpace Space;
-    FakeCompositor Blending;
-    FakePrompts Messages;
     std::unique_ptr<frmMain> Panel;
 
     PanelBench() {
@@ -49,8 +41,7 @@ public:
     }
 
     void Load() {
-        Panel =
-            std::make_unique<frmMain>(State, PanelServices{Opened, Drives, Icons, Space, Blending, Messages});
+        Panel = std::make_unique<frmMain>(State, Services());
         Panel->Form_Load();
         Panel->ShowAtStart();
     }

@@ -8,8 +8,8 @@
 #include "ui/panel/window_shape.h"
 
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QHelpEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
@@ -23,6 +23,13 @@ namespace {
 
 // Without blending a pixel is shown or not; half of it decides.
 constexpr int kSolidAlpha = 128;
+constexpr int kFunLook = 1000; // ms between two looks at a fun sound
+
+const QString kFunAlias = QStringLiteral("fun");
+
+QString FunFolder(const QString& appFolder) {
+    return FindEntry(FindEntry(appFolder, QStringLiteral("Sound")), QStringLiteral("Fun"));
+}
 
 std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
     switch (button) {
@@ -45,16 +52,24 @@ int ShiftMaskOf(Qt::KeyboardModifiers modifiers) {
 } // namespace
 
 frmMain::frmMain(AppState& state, const PanelServices& services)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), state_(state), services_(services) {
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
+    , state_(state)
+    , services_(services)
+    , motion_(*this, state, services.Followers)
+    , calls_(state, services.Keys, services.Mouse,
+             {[this](Trigger trigger) { ToggleByTrigger(trigger); }, [this] { ShowPaneda(); }}) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("AhPanel"));
     setAttribute(Qt::WA_TranslucentBackground);
+    timer3_.setInterval(kFunLook);
+    connect(&timer3_, &QTimer::timeout, this, &frmMain::Timer3_Timer);
 }
 
 frmMain::~frmMain() = default;
 
 void frmMain::Form_Load() {
     load_ = LoadPanelState(state_);
+    fun_ = LoadFunList(FunFolder(state_.AppFolder), QDateTime::currentDateTime());
     MakeLook();
     LayOut();
     state_.FormLoaded = true;
@@ -86,18 +101,23 @@ void frmMain::LayOut() {
     state_.WorkAreaBottom = input.Screen.WorkAreaBottom;
     geometry_ = LayoutPanel(state_.Catalogue, input);
     look_->SetGeometry(geometry_);
-    state_.PanelLeft = geometry_.PanelLeft;
-    state_.PanelTop = geometry_.PanelTop;
     setFixedSize(TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight));
-    move(TwipsToPixels(geometry_.PanelLeft), TwipsToPixels(geometry_.PanelTop));
+    const WindowPlace place =
+        BringIntoView({geometry_.PanelLeft, geometry_.PanelTop},
+                      {geometry_.PanelWidth, geometry_.PanelHeight}, CurrentWorkAreas());
+    state_.PanelLeft = place.Left;
+    state_.PanelTop = place.Top;
+    motion_.MoveTo(place);
 }
 
 void frmMain::ShowAtStart() {
-    // Nothing could call a hidden panel back yet; minimized it stays in the list of windows.
-    if (state_.HideOnStartup)
+    calls_.Start();
+    if (!state_.HideOnStartup)
+        show();
+    else if (HowToHide(calls_.Ways()) == HideMeans::Minimize)
         showMinimized();
     else
-        show();
+        QTimer::singleShot(0, this, &frmMain::AfterFirstPaint);
 }
 
 void frmMain::picCategory_Click(int index) {
@@ -107,6 +127,7 @@ void frmMain::picCategory_Click(int index) {
     hitAreas_ = HitAreasOf(geometry_, opened_);
     hitAreas_.push_back({HitArea::Kind::Hide, -1, -1, -1, look_->HideArea()});
     hitAreas_.push_back({HitArea::Kind::Menu, -1, -1, -1, look_->MenuArea()});
+    hitAreas_.push_back({HitArea::Kind::Logo, -1, -1, -1, look_->LogoArea()});
     ShowPicture(look_->Picture(opened_.Index));
 }
 
@@ -167,23 +188,83 @@ void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, in
 }
 
 void frmMain::imgHide_Click() {
-    // As in ShowAtStart.
-    showMinimized();
+    services_.Followers.Hide();
+    if (HowToHide(calls_.Ways()) == HideMeans::Minimize)
+        showMinimized();
+    else
+        hide();
 }
 
 void frmMain::imgMenu_Click() {
-    QMenu menu;
-    connect(menu.addAction(QStringLiteral("Goodbye, Paneda Launcher")), &QAction::triggered, this, [this] {
-        state_.Exiting = true;
-        close();
-    });
+    MainMenu menu(services_.Menus, state_.TreeOpacity, this);
+    menu.exec(QCursor::pos());
+}
+
+void frmMain::imgLogo_MouseDown(Qt::MouseButton button) {
+    if (button == Qt::RightButton) {
+        services_.Menus.WebSearch();
+        return;
+    }
+    LogoMenu menu(services_.Menus, this);
     menu.exec(QCursor::pos());
 }
 
 void frmMain::Form_LinkExecute(const QString&) {
-    showNormal();
-    raise();
-    activateWindow();
+    BringToFront();
+}
+
+void frmMain::BringToFront() {
+    if (isMinimized())
+        showNormal();
+    else
+        show();
+    services_.Front.Activate(winId());
+    services_.Followers.Show(opened_.Index >= 0 && state_.Catalogue[std::size_t(opened_.Index)].IsTree());
+}
+
+void frmMain::ShowPaneda() {
+    const WindowPlace saved{state_.PanelLeft, state_.PanelTop};
+    const TwipsSize size{geometry_.PanelWidth, geometry_.PanelHeight};
+    const WindowPlace held =
+        HeldToFarEdges(BringIntoView(saved, size, CurrentWorkAreas()), size, WorkAreaAt(saved));
+    state_.PanelLeft = held.Left;
+    state_.PanelTop = held.Top;
+    motion_.MoveTo(held);
+    BringToFront();
+    picGroup_Click();
+}
+
+void frmMain::ToggleByTrigger(Trigger trigger) {
+    if (unloaded_)
+        return;
+    const QPoint mouse = services_.Mouse.Position();
+    const WindowPlace cursor{PixelsToTwips(mouse.x()), PixelsToTwips(mouse.y())};
+    const WId active = services_.Front.ActiveWindow();
+    const bool own = isVisible() && active != 0 && (active == winId() || services_.Followers.Owns(active));
+    const TogglePlan plan = paneda::ToggleByTrigger(
+        {trigger, own, WorkAreaAt(cursor), cursor, motion_.Rect(), services_.Followers.Note()}, state_);
+    if (plan.What == TogglePlan::Action::Hide) {
+        imgHide_Click();
+        return;
+    }
+    motion_.MoveTo(plan.Panel);
+    if (plan.Note)
+        services_.Followers.Follow(motion_.Rect(), &*plan.Note);
+    BringToFront();
+}
+
+void frmMain::PlayFun() {
+    const QString file = NextFunFile(fun_, QDateTime::currentDateTime());
+    if (file.isEmpty())
+        return;
+    services_.Sounds.Play(FunFolder(state_.AppFolder) + u'/' + file, kFunAlias);
+    timer3_.start();
+}
+
+void frmMain::Timer3_Timer() {
+    const bool playing = services_.Sounds.Status(kFunAlias) == u"playing";
+    if (!FollowFunSound(fun_, playing, QDateTime::currentDateTime()))
+        timer3_.stop();
 }
 
 void frmMain::Form_Unload() {
@@ -192,6 +273,8 @@ void frmMain::Form_Unload() {
     unloaded_ = true;
     hide();
     const FileResult saved = SaveAtExit(state_);
+    calls_.Stop();
+    services_.Sounds.CloseAll();
     if (!saved)
         services_.Messages.Notice(saved.error().Text());
 }
@@ -213,9 +296,26 @@ void frmMain::mousePressEvent(QMouseEvent* event) {
     // A button acts on the press, with no wait for the release.
     if (area.What == HitArea::Kind::Button && button)
         picIcon_MouseDown(ButtonAt(area), *button, ShiftMaskOf(event->modifiers()));
+    else if (area.What == HitArea::Kind::Logo)
+        imgLogo_MouseDown(event->button());
+    else if (area.What == HitArea::Kind::Frame)
+        motion_.StartDrag(event->globalPosition().toPoint());
+}
+
+void frmMain::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::LeftButton)
+        motion_.DoFRDrag(event->globalPosition().toPoint());
+}
+
+void frmMain::mouseDoubleClickEvent(QMouseEvent* event) {
+    // The second press of two quick ones is a press like any other.
+    mousePressEvent(event);
+    if (HitTest(hitAreas_, event->pos()).What == HitArea::Kind::Frame)
+        PlayFun();
 }
 
 void frmMain::mouseReleaseEvent(QMouseEvent* event) {
+    motion_.EndFRDrag();
     const HitArea area = HitTest(hitAreas_, event->pos());
     const bool clicked = event->button() == Qt::LeftButton && area == pressed_;
     pressed_ = {};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "core/fun_list.h"
 #include "core/launch.h"
 #include "core/panel_geometry.h"
 #include "core/prompts.h"
@@ -8,12 +9,21 @@
 #include "platform/compositor.h"
 #include "platform/drive_space.h"
 #include "platform/file_icons.h"
+#include "platform/foreground.h"
+#include "platform/hotkey.h"
 #include "platform/opener.h"
+#include "platform/pointer.h"
+#include "platform/sound_player.h"
 #include "platform/volumes.h"
 #include "ui/panel/hit_areas.h"
+#include "ui/panel/main_menu.h"
+#include "ui/panel/panel_calls.h"
 #include "ui/panel/panel_look.h"
+#include "ui/panel/panel_motion.h"
+#include "ui/panel/satellites.h"
 
 #include <QImage>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -27,7 +37,13 @@ struct PanelServices {
     FileIcons& Icons;
     DriveSpace& Space;
     Compositor& Blending;
+    Foreground& Front;
+    Hotkey& Keys;
+    Pointer& Mouse;
+    SoundPlayer& Sounds;
+    Satellites& Followers;
     Prompts& Messages;
+    MenuActions Menus;
 };
 
 // The panel: one window that shows the stack of category bars and, above them, the groups and buttons of the
@@ -44,7 +60,7 @@ public:
     // first show.
     void Form_Load();
 
-    // Shows the panel, minimized if the settings ask for a hidden start.
+    // Shows the panel, unless the settings ask for a hidden start.
     void ShowAtStart();
 
     // Saves what outlives the panel. Once, as its last act.
@@ -58,6 +74,12 @@ public:
     void picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask);
     void imgHide_Click();
     void imgMenu_Click();
+    void imgLogo_MouseDown(Qt::MouseButton button);
+
+    // Shows the panel at its saved place, held to the work area.
+    void ShowPaneda();
+    // Hides a panel that has the focus; else brings it to the front, where the settings want it.
+    void ToggleByTrigger(Trigger trigger);
 
     const PanelGeometry& Geometry() const { return geometry_; }
     const OpenedCategory& Opened() const { return opened_; }
@@ -70,13 +92,18 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
     void MakeLook();
     void LayOut();
+    void BringToFront();
     void ShowPicture(const QImage& picture);
+    void PlayFun();
+    void Timer3_Timer();
     void AfterFirstPaint();
     void PrepareNextPicture();
     void TellProblems();
@@ -88,6 +115,10 @@ private:
     PanelLoad load_;
     QString skinProblem_;
     std::unique_ptr<PanelLook> look_;
+    PanelMotion motion_;
+    PanelCalls calls_;
+    FunList fun_;
+    QTimer timer3_;
     PanelGeometry geometry_;
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;

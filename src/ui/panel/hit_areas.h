@@ -11,7 +11,7 @@ namespace paneda {
 
 // A place of the panel that answers to the mouse, in pixels of the window.
 struct HitArea {
-    enum class Kind { None, Bar, Header, Button, Hide, Menu };
+    enum class Kind { None, Bar, Header, Button, Hide, Menu, Logo, Frame };
 
     Kind What = Kind::None;
     int Category = -1;
@@ -22,7 +22,7 @@ struct HitArea {
     friend bool operator==(const HitArea&, const HitArea&) = default;
 };
 
-// Every bar, and the headers and buttons that the opened category shows.
+// The frame's four sides, every bar, and the headers and buttons that the opened category shows.
 std::vector<HitArea> HitAreasOf(const PanelGeometry& geometry, const OpenedCategory& opened);
 
 // The area at a point; one of kind None where there is none. A later area lies above an earlier one.

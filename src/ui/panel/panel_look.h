@@ -26,6 +26,9 @@ public:
     virtual QRect HideArea() const = 0;
     virtual QRect MenuArea() const = 0;
 
+    // Area of the logo; empty without one.
+    virtual QRect LogoArea() const = 0;
+
     // Reads the drives anew. The picture of the first category has changed then.
     virtual void RefreshDrives() = 0;
 

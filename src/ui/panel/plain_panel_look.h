@@ -16,6 +16,7 @@ public:
     QImage Picture(int category) override;
     QRect HideArea() const override;
     QRect MenuArea() const override;
+    QRect LogoArea() const override { return {}; }
     void RefreshDrives() override {}
     QString DriveTip(int) const override { return {}; }
     bool PrepareNext() override { return false; }

@@ -20,4 +20,18 @@ int CurrentColourDepth() {
     return screen ? screen->depth() : 0;
 }
 
+std::vector<WorkArea> CurrentWorkAreas() {
+    std::vector<WorkArea> areas;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect work = screen->availableGeometry();
+        areas.push_back({PixelsToTwips(work.x()), PixelsToTwips(work.y()),
+                         PixelsToTwips(work.x() + work.width()), PixelsToTwips(work.y() + work.height())});
+    }
+    return areas;
+}
+
+WorkArea WorkAreaAt(WindowPlace point) {
+    return NearestArea(CurrentWorkAreas(), point);
+}
+
 } // namespace paneda

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QRegularExpression>
 
 namespace paneda {
@@ -36,8 +37,8 @@ void DropPictures(const QString& folder) {
     }
 }
 
-QImage LogoOf(const ThemeState& theme) {
-    return QImage(QStringLiteral(":/logo/logo%1.png").arg(theme.LogoDesign));
+QString LogoFile(const ThemeState& theme) {
+    return QStringLiteral(":/logo/logo%1.png").arg(theme.LogoDesign);
 }
 
 } // namespace
@@ -50,7 +51,8 @@ public:
         , tools_(look.theme_, look.fonts_)
         , icons_(look.state_, look.icons_)
         , sources_{icons_, look.state_.Drives, look.state_.AppPath, look.geometry_->ButtonsPerRow}
-        , painter_({look.state_.Catalogue, *look.geometry_, sizes_, LogoOf(look.theme_)}, tools_, sources_) {}
+        , painter_({look.state_.Catalogue, *look.geometry_, sizes_, QImage(LogoFile(look.theme_))}, tools_,
+                   sources_) {}
 
     PanelPainter& Painter() { return painter_; }
 
@@ -125,6 +127,13 @@ QRect SkinnedPanelLook::HideArea() const {
 QRect SkinnedPanelLook::MenuArea() const {
     const FrameGeometry frame = DisplayBorder(sizes_, {geometry_->PanelWidth, geometry_->PanelHeight});
     return ToPixels(paneda::MenuArea(frame, theme_));
+}
+
+QRect SkinnedPanelLook::LogoArea() const {
+    const FrameGeometry frame = DisplayBorder(sizes_, {geometry_->PanelWidth, geometry_->PanelHeight});
+    const QSize logo = QImageReader(LogoFile(theme_)).size();
+    return ToPixels(
+        paneda::LogoArea(frame, theme_, {PixelsToTwips(logo.width()), PixelsToTwips(logo.height())}));
 }
 
 void SkinnedPanelLook::RefreshDrives() {

@@ -32,6 +32,7 @@ public:
     QImage Picture(int category) override;
     QRect HideArea() const override;
     QRect MenuArea() const override;
+    QRect LogoArea() const override;
     void RefreshDrives() override;
     QString DriveTip(int controlIndex) const override;
     bool PrepareNext() override;

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "core/triggers.h"
+
+class QWidget;
+
+namespace paneda {
+
+// Moves a window to where PlaceWindow puts it; `extra` is the gap to the panel in twips.
+void PlaceBeside(QWidget& window, int mode, int extra, const PlaceScene& scene);
+
+} // namespace paneda

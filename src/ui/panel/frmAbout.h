@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/app_state.h"
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class frmAbout;
+} // namespace Ui
+
+namespace paneda {
+
+// Product, version and date of the build. Shown in the other edition alone; this one shows the credits.
+class frmAbout : public QDialog {
+    Q_OBJECT
+
+public:
+    frmAbout(const AppState& state, std::function<void(const QString&)> openUrl, QWidget* parent = nullptr);
+    ~frmAbout() override;
+
+private:
+    std::unique_ptr<Ui::frmAbout> ui_;
+};
+
+} // namespace paneda

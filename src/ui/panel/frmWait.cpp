@@ -1,0 +1,41 @@
+#include "ui/panel/frmWait.h"
+
+#include "ui_frmWait.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QScreen>
+#include <QWindow>
+
+namespace paneda {
+
+namespace {
+
+// Milliseconds. A window that the desktop has not shown by then is not waited for.
+constexpr int kPatience = 300;
+
+} // namespace
+
+frmWait::frmWait(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
+    , ui_(std::make_unique<Ui::frmWait>()) {
+    ui_->setupUi(this);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+frmWait::~frmWait() = default;
+
+void frmWait::ShowNow() {
+    adjustSize();
+    move(screen()->availableGeometry().center() - rect().center());
+    show();
+    QElapsedTimer clock;
+    clock.start();
+    while (!windowHandle()->isExposed() && clock.elapsed() < kPatience)
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kPatience / 10);
+    repaint();
+    // The picture has to reach the desktop as well.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace paneda

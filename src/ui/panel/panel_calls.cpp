@@ -1,0 +1,53 @@
+#include "ui/panel/panel_calls.h"
+
+namespace paneda {
+
+namespace {
+
+constexpr int kMouseLook = 200; // ms between two looks at the middle button
+
+} // namespace
+
+PanelCalls::PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, CallActions actions)
+    : state_(state)
+    , hotkey_(hotkey)
+    , pointer_(pointer)
+    , actions_(std::move(actions))
+    , tray_({actions_.Show, {}}) {
+    timer1_.setInterval(kMouseLook);
+    connect(&timer1_, &QTimer::timeout, this, &PanelCalls::Timer1_Timer);
+}
+
+PanelCalls::~PanelCalls() {
+    Stop();
+}
+
+void PanelCalls::Start() {
+    if (state_.HotkeyEnabled)
+        hotkey_.Register(HotkeyModifiers(state_), state_.HotkeyKey,
+                         [this] { actions_.Toggle(Trigger::Hotkey); });
+    if (state_.MouseTriggerEnabled && pointer_.CanSee()) {
+        pointer_.WatchMiddleButton(true);
+        timer1_.start();
+    }
+    tray_.InstallTrayIcons(state_);
+}
+
+void PanelCalls::Stop() {
+    timer1_.stop();
+    pointer_.WatchMiddleButton(false);
+    tray_.RemoveTrayIcons();
+}
+
+CallBackWays PanelCalls::Ways() const {
+    return {tray_.IsSeen(), hotkey_.State() == Hotkey::Answer::Registered, timer1_.isActive()};
+}
+
+void PanelCalls::Timer1_Timer() {
+    if (state_.Exiting)
+        timer1_.stop();
+    if (MouseHoldTick(mouseHoldCount_, pointer_.MiddleButtonDown(), state_.MouseTriggerMode))
+        actions_.Toggle(Trigger::Mouse);
+}
+
+} // namespace paneda

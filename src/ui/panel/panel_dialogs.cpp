@@ -1,0 +1,71 @@
+#include "ui/panel/panel_dialogs.h"
+
+#include "core/launch.h"
+#include "core/web_addresses.h"
+#include "platform/opener.h"
+#include "ui/panel/tray_presence.h"
+
+namespace paneda {
+
+namespace {
+
+// Shows the window, made by `make` if there is none, and brings it to the front.
+template <class Window, class Make>
+void ShowOne(QPointer<Window>& window, const Make& make) {
+    if (!window) {
+        window = make();
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->Form_Load();
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+} // namespace
+
+PanelDialogs::PanelDialogs(AppState& state, DialogServices services)
+    : state_(state), services_(std::move(services)) {}
+
+PanelDialogs::~PanelDialogs() {
+    CloseAll();
+}
+
+MenuActions PanelDialogs::Actions() {
+    const WebAddresses web = WebAddressesOf(state_.HomepageAddress);
+    MenuActions actions;
+    actions.Setting = [this] { OpenSetting(); };
+    actions.Help = [this] {
+        OpenUrl(HelpAddress(HelpTopic::Index, state_.AppFolder, state_.HomepageAddress));
+    };
+    actions.TreeOpacity = [this](double opacity) { state_.TreeOpacity = opacity; };
+    actions.About = [this] { OpenCredit(); };
+    actions.Donate = [this, web] { OpenUrl(web.Donate); };
+    actions.Close = services_.Close;
+    actions.Homepage = [this, web] { OpenUrl(web.Home); };
+    actions.WebSearch = [this, web] { OpenUrl(web.Search); };
+    actions.Wallpapers = [this, web] { OpenUrl(web.Wallpapers); };
+    return actions;
+}
+
+void PanelDialogs::CloseAll() {
+    // Deleted at once: the loop that would delete them later may not come any more.
+    delete setting_;
+    delete credit_;
+}
+
+void PanelDialogs::OpenSetting() {
+    if (services_.Settings.TrayIcons.empty())
+        services_.Settings.TrayIcons = TrayPictures();
+    ShowOne(setting_, [this] { return new frmSetting(state_, services_.Settings); });
+}
+
+void PanelDialogs::OpenCredit() {
+    ShowOne(credit_, [this] { return new frmCredit(state_, services_.Sounds); });
+}
+
+void PanelDialogs::OpenUrl(const QString& url) {
+    services_.Launcher.Open(DecideBrowser(url, state_.Browser), {state_.Drives, state_.AppPath});
+}
+
+} // namespace paneda

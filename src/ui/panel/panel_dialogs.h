@@ -1,0 +1,46 @@
+#pragma once
+
+#include "ui/panel/frmCredit.h"
+#include "ui/panel/main_menu.h"
+#include "ui/settings/frmSetting.h"
+
+#include <QPointer>
+
+#include <functional>
+
+namespace paneda {
+
+class Opener;
+
+// What the menu's windows need besides the settings' own services.
+struct DialogServices {
+    SettingServices Settings;
+    SoundPlayer& Sounds;
+    Opener& Launcher;
+    // Ends the program.
+    std::function<void()> Close;
+};
+
+// The windows that the panel's menus open, one of each at a time. They outlive a reload of the panel.
+class PanelDialogs {
+public:
+    PanelDialogs(AppState& state, DialogServices services);
+    ~PanelDialogs();
+
+    MenuActions Actions();
+
+    // Closes all that are open, as the program ends.
+    void CloseAll();
+
+private:
+    void OpenSetting();
+    void OpenCredit();
+    void OpenUrl(const QString& url);
+
+    AppState& state_;
+    DialogServices services_;
+    QPointer<frmSetting> setting_;
+    QPointer<frmCredit> credit_;
+};
+
+} // namespace paneda

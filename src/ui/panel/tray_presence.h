@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/app_state.h"
+
+#include <QIcon>
+#include <QMenu>
+#include <QObject>
+#include <QSystemTrayIcon>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace paneda {
+
+// Number of pictures that the idle tray icon is chosen from.
+inline constexpr int kTrayPictures = 12;
+
+// The picture with this number, from 1; the first one for a number that there is none of.
+QIcon TrayPicture(int number);
+std::vector<QIcon> TrayPictures();
+
+// Tip of the tray icon without a countdown, at most 64 characters: product, version, date of the build, site.
+QString IdleTrayTip(const AppState& state);
+
+// What the presses on the icon do. Countdown may be missing as long as its dialog is.
+struct TrayActions {
+    std::function<void()> Show;
+    std::function<void()> Countdown;
+};
+
+// The program's icon in the notification area.
+class TrayPresence : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TrayPresence(TrayActions actions);
+    ~TrayPresence() override;
+
+    // Makes the icon, or makes it anew, with what the state says.
+    void InstallTrayIcons(const AppState& state);
+    void RemoveTrayIcons();
+
+    // Whether there is a notification area that shows the icon.
+    bool IsSeen() const;
+
+private:
+    void OnActivated(QSystemTrayIcon::ActivationReason reason);
+
+    TrayActions actions_;
+    QMenu menu_;
+    std::unique_ptr<QSystemTrayIcon> icon_;
+};
+
+} // namespace paneda

@@ -1,0 +1,196 @@
+#include "ui/settings/frmSetting.h"
+
+#include "core/ini_file.h"
+#include "core/key_table.h"
+#include "core/store_layout.h"
+#include "ui/common/place_beside.h"
+#include "ui/settings/drive_box.h"
+#include "ui/settings/frmSettingAdvance.h"
+#include "ui/settings/letter_look.h"
+#include "ui/settings/setting_words.h"
+#include "ui_frmSetting.h"
+
+#include <QEvent>
+#include <QScreen>
+#include <QStyle>
+#include <QTimer>
+
+namespace paneda {
+
+namespace {
+
+constexpr int kPlaceCentred = 1;
+constexpr int kGapToPanel = 150; // twips
+// What a window's title and borders may take of the screen.
+constexpr QSize kFrameOfWindow(40, 60);
+constexpr int kReplyTime = 5'000; // milliseconds
+
+} // namespace
+
+frmSetting::frmSetting(AppState& state, SettingServices services, QWidget* parent)
+    : QDialog(parent)
+    , state_(state)
+    , services_(std::move(services))
+    , ui_(std::make_unique<Ui::frmSetting>()) {
+    ui_->setupUi(this);
+    AddDriveBoxes();
+    for (const KeyRow& row : KeyTable())
+        ui_->cboOtherKey->addItem(row.Text, row.Key);
+    ui_->lblNoHotkey->setText(NoHotkeyText());
+    ui_->lblNoHotkey->setVisible(services_.Keys.Kind() == Hotkey::Means::None);
+    ui_->lblAdvance->setText(LinkText(QStringLiteral("Please show me the advance settings dialog")));
+    connect(ui_->lblSave, &QPushButton::clicked, this, &frmSetting::lblSave_Click);
+    connect(ui_->lblAdvance, &QLabel::linkActivated, this, &frmSetting::lblAdvance_Click);
+    DressAsLetter();
+}
+
+frmSetting::~frmSetting() = default;
+
+void frmSetting::AddDriveBoxes() {
+    QWidget* before = ui_->chkHideAfterLaunch;
+    const auto add = [this, &before](const QString& text, const QString& name, const QString& toolTip) {
+        auto* box = new DriveBox(text, ui_->picPaper);
+        box->setObjectName(name);
+        box->setToolTip(toolTip);
+        ui_->layDrives->addWidget(box);
+        setTabOrder(before, box);
+        before = box;
+        return box;
+    };
+    for (int i = 1; i <= 26; ++i) {
+        const QString letter(QChar(u'A' + i - 1));
+        txtDrive_[std::size_t(i)] = add(letter, QStringLiteral("txtDrive") + QString::number(i),
+                                        DriveToolTip(letter, state_.Drives.RootOf(letter.front())));
+    }
+    ui_->layDrives->addSpacing(8);
+    txtDrivePaneda_ =
+        add(QStringLiteral("9"), QStringLiteral("txtDrivePaneda"),
+            QStringLiteral("Select '9' to show the information of the drive which Paneda located, useful "
+                           "for portable drive"));
+    ui_->layDrives->addStretch();
+}
+
+void frmSetting::DressAsLetter() {
+    ui_->picPaper->setBackgroundRole(kPaperRole);
+    ui_->picPaper->setPalette(PaperPalette(palette()));
+    ui_->picPaper->setFont(LetterFont(font(), 1.1));
+    ui_->lblDear->setFont(LetterFont(font(), 1.7));
+    ui_->lblSave->setMinimumSize(ui_->lblSave->sizeHint() + QSize(28, 8));
+    const int digit = ui_->txtButtonsPerRow->fontMetrics().horizontalAdvance(u'0');
+    ui_->txtButtonsPerRow->setFixedWidth(6 * digit);
+    ui_->txtFeedHeight->setFixedWidth(8 * digit);
+    ui_->txtUser->setFixedWidth(24 * digit);
+    ui_->txtID->setFixedWidth(18 * digit);
+}
+
+void frmSetting::Form_Load() {
+    // A `config` that cannot be read leaves the state's values in the form; a save tells why.
+    const ConfigFile config = ConfigFile::Load(ConfigFilePath(state_.AppFolder)).value_or(ConfigFile());
+    const SettingForm form = ReadSettingForm(config, ReadIniFile(SettingIniFile(state_.AppFolder)), state_);
+    autostartAtLoad_ = form.Autostart;
+    ShowForm(form);
+    FitToScreen();
+    PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
+}
+
+// As large as the letter, as far as the screen allows; the rest scrolls.
+void frmSetting::FitToScreen() {
+    // The layouts still hold the sizes of the font before.
+    ui_->picPaper->layout()->activate();
+    ui_->picDesk->layout()->activate();
+    const QSize wanted = ui_->picDesk->sizeHint();
+    const QSize room = screen()->availableSize() - kFrameOfWindow;
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    resize((wanted + QSize(wanted.height() > room.height() ? scrollBar : 0, 0)).boundedTo(room));
+}
+
+std::vector<frmSetting::FlagBinding> frmSetting::Flags() const {
+    return {
+        {ui_->chkHideAfterLaunch, &SettingForm::HideAfterLaunch},
+        {ui_->chkEnableMouseClick, &SettingForm::MouseTriggerEnabled},
+        {ui_->chkMouseCenter, &SettingForm::MouseShowCenter},
+        {ui_->chkEnableHotKey, &SettingForm::HotkeyEnabled},
+        {ui_->chkCtrKey, &SettingForm::HotkeyCtrl},
+        {ui_->chkAltKey, &SettingForm::HotkeyAlt},
+        {ui_->chkShiftKey, &SettingForm::HotkeyShift},
+        {ui_->chkWinKey, &SettingForm::HotkeyWin},
+        {ui_->chkHotkeyCenter, &SettingForm::HotkeyShowCenter},
+        {ui_->chkAutoStart, &SettingForm::Autostart},
+        {ui_->chkShowFeed, &SettingForm::ShowFeed},
+    };
+}
+
+void frmSetting::ShowForm(const SettingForm& form) {
+    for (std::size_t i = 1; i < txtDrive_.size(); ++i)
+        txtDrive_[i]->setChecked(form.DriveTable[i]);
+    txtDrivePaneda_->setChecked(form.DriveOfProgram);
+    for (const auto& [box, field] : Flags())
+        box->setChecked(form.*field);
+    ui_->txtButtonsPerRow->setText(form.ButtonsPerRow);
+    (form.MouseClick ? ui_->optMouseKey0 : ui_->optMouseKey1)->setChecked(true);
+    ui_->cboOtherKey->setCurrentIndex(ui_->cboOtherKey->findData(form.HotkeyKey));
+    ui_->txtUser->setText(form.UserName);
+    ui_->txtID->setText(form.UserId);
+    ui_->txtFeedHeight->setText(form.FeedHeight);
+}
+
+SettingForm frmSetting::TypedForm() const {
+    SettingForm form;
+    for (std::size_t i = 1; i < txtDrive_.size(); ++i)
+        form.DriveTable[i] = txtDrive_[i]->isChecked();
+    form.DriveOfProgram = txtDrivePaneda_->isChecked();
+    for (const auto& [box, field] : Flags())
+        form.*field = box->isChecked();
+    form.ButtonsPerRow = ui_->txtButtonsPerRow->text();
+    form.MouseClick = ui_->optMouseKey0->isChecked();
+    // A key that the table lacks leaves the box without a choice, which counts as no key.
+    form.HotkeyKey = ui_->cboOtherKey->currentData().toInt();
+    form.UserName = ui_->txtUser->text();
+    form.UserId = ui_->txtID->text();
+    form.FeedHeight = ui_->txtFeedHeight->text();
+    return form;
+}
+
+void frmSetting::lblSave_Click() {
+    const SettingForm form = TypedForm();
+    const auto failures = WriteSettings(PlanSettings(form, autostartAtLoad_), state_.AppFolder,
+                                        [this](bool on) { return SetAutoStart(on); });
+    if (!failures.empty()) {
+        services_.Messages.Notice(QStringLiteral("The change could not be applied:\n\n") +
+                                  FailureText(failures));
+        return;
+    }
+    autostartAtLoad_ = form.Autostart;
+    services_.ReloadPanel();
+    ui_->lblReply->setText(QStringLiteral("Done."));
+    QTimer::singleShot(kReplyTime, ui_->lblReply, &QLabel::clear);
+    TellHotkeyProblem(form);
+}
+
+FileResult frmSetting::SetAutoStart(bool on) {
+    return services_.Session.Set(on, services_.ExecutablePath);
+}
+
+void frmSetting::TellHotkeyProblem(const SettingForm& form) {
+    // Where there are no means at all the letter says so already.
+    if (services_.Keys.Kind() == Hotkey::Means::None)
+        return;
+    const QString problem = HotkeyProblem(form, services_.Keys.State());
+    if (!problem.isEmpty())
+        services_.Messages.Notice(problem);
+}
+
+void frmSetting::lblAdvance_Click() {
+    auto* advance = new frmSettingAdvance(state_, services_.Messages, services_.TrayIcons, this);
+    advance->setAttribute(Qt::WA_DeleteOnClose);
+    advance->Form_Load();
+    advance->open();
+}
+
+void frmSetting::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        ui_->picPaper->setPalette(PaperPalette(palette()));
+}
+
+} // namespace paneda

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "core/app_state.h"
+#include "core/prompts.h"
+#include "core/setting_form.h"
+#include "core/triggers.h"
+#include "platform/autostart.h"
+#include "platform/hotkey.h"
+
+#include <QDialog>
+#include <QIcon>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+class QCheckBox;
+
+namespace Ui {
+class frmSetting;
+} // namespace Ui
+
+namespace paneda {
+
+class DriveBox;
+
+// What the settings dialogs ask of the program around them.
+struct SettingServices {
+    Prompts& Messages;
+    Autostart& Session;
+    Hotkey& Keys;
+    QString ExecutablePath; // host path, for the start with the session
+    // Builds the panel anew from the store, before it returns.
+    std::function<void()> ReloadPanel;
+    // The panel and its screen as they are now.
+    std::function<PlaceScene()> Scene;
+    // The tray pictures, number 1 first.
+    std::vector<QIcon> TrayIcons;
+};
+
+// The settings, as a letter to the program. It outlives a reload of the panel: a save leaves it open, so that
+// the user sees what has become of the panel and may go on.
+//
+// Of a control array each control is named by the array and its index: txtDrive1 to txtDrive26 for A to Z,
+// optMouseKey0 and optMouseKey1.
+class frmSetting : public QDialog {
+    Q_OBJECT
+
+public:
+    frmSetting(AppState& state, SettingServices services, QWidget* parent = nullptr);
+    ~frmSetting() override;
+
+    // Fills the controls from the store and places the dialog. Once, before the first show.
+    void Form_Load();
+
+    void lblSave_Click();
+    void lblAdvance_Click();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    using FlagBinding = std::pair<QCheckBox*, bool SettingForm::*>;
+
+    void AddDriveBoxes();
+    void DressAsLetter();
+    void FitToScreen();
+    std::vector<FlagBinding> Flags() const;
+    void ShowForm(const SettingForm& form);
+    SettingForm TypedForm() const;
+    FileResult SetAutoStart(bool on);
+    void TellHotkeyProblem(const SettingForm& form);
+
+    AppState& state_;
+    SettingServices services_;
+    std::unique_ptr<Ui::frmSetting> ui_;
+    std::array<DriveBox*, 27> txtDrive_{};
+    DriveBox* txtDrivePaneda_ = nullptr;
+    bool autostartAtLoad_ = false;
+};
+
+} // namespace paneda

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "platform/autostart.h"
+#include "platform/foreground.h"
+#include "platform/hotkey.h"
+#include "platform/outside_request.h"
+#include "platform/pointer.h"
+#include "platform/sound_player.h"
+#include "platform/termination.h"
+
+#include <QPoint>
+#include <QStringList>
+
+#include <utility>
+
+namespace paneda::test {
+
+// Keeps what it was asked as "on <path>" or "off <path>", and fails where a test says so.
+class FakeAutostart : public Autostart {
+public:
+    QStringList Asked;
+    bool Fails = false;
+
+    FileResult Set(bool on, const QString& executablePath) override {
+        Asked.append((on ? QStringLiteral("on ") : QStringLiteral("off ")) + executablePath);
+        if (Fails)
+            return tl::make_unexpected(FileError{QStringLiteral("/autostart"), QStringLiteral("no room")});
+        return {};
+    }
+    bool IsSet(const QString&) const override { return false; }
+};
+
+class FakeHotkey : public Hotkey {
+public:
+    Means HasMeans = Means::Grab;
+    Answer Stands = Answer::Registered;
+    std::function<void()> Press; // of the last registration
+
+    Means Kind() const override { return HasMeans; }
+    Answer Register(int, int, std::function<void()> pressed) override {
+        Press = std::move(pressed);
+        return Stands;
+    }
+    void Unregister() override {}
+    Answer State() const override { return Stands; }
+};
+
+class FakePointer : public Pointer {
+public:
+    bool Sees = true;
+    bool Down = false;
+    bool Watched = false;
+    QPoint Place; // pixels
+
+    bool CanSee() const override { return Sees; }
+    void WatchMiddleButton(bool on) override { Watched = on; }
+    bool MiddleButtonDown() override { return Down; }
+    QPoint Position() override { return Place; }
+};
+
+// A window that is activated becomes the active one.
+class FakeForeground : public Foreground {
+public:
+    WId Active = 0;
+
+    WId ActiveWindow() override { return Active; }
+    void Activate(WId window) override { Active = window; }
+};
+
+class FakeRequests : public OutsideRequest {
+public:
+    bool Listen(std::function<void(const QString&)>) override { return true; }
+};
+
+class FakeTermination : public Termination {
+public:
+    void OnRequest(std::function<void()>) override {}
+};
+
+// Keeps each call as "play <file name> <alias>", "close all" and the like.
+class FakeSounds : public SoundPlayer {
+public:
+    QStringList Calls;
+
+    void Play(const QString& path, const QString& alias) override {
+        Calls.append(QStringLiteral("play ") + path.section(u'/', -1) + u' ' + alias);
+    }
+    void Stop(const QString& alias) override { Calls.append(QStringLiteral("stop ") + alias); }
+    void Close(const QString& alias) override { Calls.append(QStringLiteral("close ") + alias); }
+    void CloseAll() override { Calls.append(QStringLiteral("close all")); }
+    QString Status(const QString&) const override { return {}; }
+};
+
+} // namespace paneda::test
