@@ -11,7 +11,7 @@ namespace paneda {
 
 namespace {
 
-constexpr QByteArrayView kMark("PanedaC2");
+constexpr QByteArrayView kMark("PanedaC3");
 constexpr qsizetype kChecksumSize = 8;
 constexpr qint64 kMaxCacheFile = 256 * 1024 * 1024;
 
@@ -22,11 +22,9 @@ public:
         bytes_.append(reinterpret_cast<const char*>(&bytes), sizeof bytes);
     }
     void Text(QStringView text) {
-        Number(qint32(text.size()));
-        const qsizetype begin = bytes_.size();
-        bytes_.resize(begin + text.size() * 2);
-        if (!text.isEmpty())
-            qToLittleEndian<char16_t>(text.utf16(), text.size(), bytes_.data() + begin);
+        const QByteArray utf8 = text.toUtf8();
+        Number(qint32(utf8.size()));
+        bytes_.append(utf8);
     }
     const QByteArray& Bytes() const { return bytes_; }
 
@@ -62,10 +60,18 @@ public:
     }
     // The same into a text that is used again and again.
     void TextInto(QString& text) {
-        const QByteArrayView bytes = Bytes(qsizetype(Number()) * 2);
-        text.resize(bytes.size() / 2);
-        if (!text.isEmpty())
-            qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
+        const QByteArrayView bytes = Bytes(Number());
+        text.resize(bytes.size());
+        QChar* target = text.data();
+        unsigned char seen = 0;
+        for (qsizetype i = 0; i < bytes.size(); ++i) {
+            const auto byte = static_cast<unsigned char>(bytes[i]);
+            seen |= byte;
+            target[i] = QChar(char16_t(byte));
+        }
+        // Nearly all names are ASCII, and those are read by now.
+        if (seen >= 0x80)
+            text = QString::fromUtf8(bytes);
     }
     // Reads a list's entries by `read`. Stops at the first that the bytes do not hold, whatever number of
     // entries the list claims.

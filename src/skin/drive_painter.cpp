@@ -1,5 +1,6 @@
 #include "skin/drive_painter.h"
 
+#include "core/launch.h"
 #include "core/text_rules.h"
 #include "skin/font_size.h"
 #include "skin/picture_cache.h"
@@ -11,7 +12,6 @@ namespace paneda {
 namespace {
 
 constexpr double kGigabyte = 1024.0 * 1024.0 * 1024.0;
-constexpr int kSpareName = 6;       // characters of "Drive " before the drive's text
 constexpr int kTextSize = 6;        // points
 constexpr int kSecondLineTop = 150; // this and all below in twips, from the button's corner
 constexpr int kLetterTop = 350;
@@ -46,12 +46,6 @@ void DrawBar(DrawingSurface& surface, const TwipsRect& box, const DriveInfo& inf
     DrawOutline(surface, PartOf(box, kBarOutline), ColorToArgb(theme.DriveBarBorderColor, 255));
 }
 
-QString DriveTextOf(const ButtonEntry& button, const QString& appPath) {
-    if (button.Path.endsWith(u'9'))
-        return appPath.left(1) + u':';
-    return button.Spare.sliced(kSpareName);
-}
-
 } // namespace
 
 std::vector<PlacedDrive> DriveButtonsOf(const CatalogueList& catalogue, const PanelGeometry& geometry,
@@ -64,8 +58,8 @@ std::vector<PlacedDrive> DriveButtonsOf(const CatalogueList& catalogue, const Pa
         const ButtonEntry& button = catalogue.front().Groups[std::size_t(group)].Buttons[std::size_t(index)];
         const ButtonGeometry& placed =
             geometry.Categories.front().Groups[std::size_t(group)].Buttons[std::size_t(index)];
-        if (button.Spare.size() > kSpareName)
-            drives.push_back({button.ControlIndex, DriveTextOf(button, appPath), placed.Rect});
+        if (!button.Spare.isEmpty())
+            drives.push_back({button.ControlIndex, DriveText(button, appPath), placed.Rect});
     }
     return drives;
 }
