@@ -102,6 +102,7 @@ private Q_SLOTS:
     void hide();
     void toolTips();
     void failuresAreShownOnce();
+    void hiddenStartTellsOnce();
     void unload();
     void unloadOfSealedStore();
     void picture();
@@ -312,6 +313,21 @@ void tst_panel_window::failuresAreShownOnce() {
     bench.Panel->Form_LinkExecute({});
     bench.Panel->picCategory_Click(1);
     QCoreApplication::processEvents();
+    QCOMPARE(bench.Notices().size(), 1);
+}
+
+void tst_panel_window::hiddenStartTellsOnce() {
+    PanelBench bench;
+    bench.Keys.Stands = Hotkey::Answer::Registered; // so that the panel can hide altogether
+    bench.Store.AddFolder(u"Setting"_s);
+    bench.Store.AddFile(u"setting.ini"_s, "[Properties]\nhide on startup=1\n");
+    bench.Store.AddFolder(u"config"_s);
+    bench.Load();
+    QVERIFY(!bench.Panel->isVisible());
+    QTRY_COMPARE(bench.Notices().size(), 1);
+    bench.Panel->Form_LinkExecute({});
+    QVERIFY(QTest::qWaitForWindowExposed(bench.Panel.get()));
+    QTest::qWait(50);
     QCOMPARE(bench.Notices().size(), 1);
 }
 

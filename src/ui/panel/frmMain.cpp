@@ -112,12 +112,16 @@ void frmMain::LayOut() {
 
 void frmMain::ShowAtStart() {
     calls_.Start();
-    if (!state_.HideOnStartup)
+    if (!state_.HideOnStartup) {
         show();
-    else if (HowToHide(calls_.Ways()) == HideMeans::Minimize)
+        return;
+    }
+    // What waits for the first paint elsewhere does not wait for a call that may never come, and is done
+    // once.
+    painted_ = true;
+    QTimer::singleShot(0, this, &frmMain::AfterFirstPaint);
+    if (HowToHide(calls_.Ways()) == HideMeans::Minimize)
         showMinimized();
-    else
-        QTimer::singleShot(0, this, &frmMain::AfterFirstPaint);
 }
 
 void frmMain::picCategory_Click(int index) {
