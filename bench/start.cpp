@@ -4,19 +4,17 @@
 //
 // usage: bench_start PANEDA FLOOR   (an installed program over its store, the floor program)
 
+#include "prepared_panel.h"
 #include "x_window.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QImage>
 #include <QProcess>
 #include <QTextStream>
 #include <QThread>
 
-#include <algorithm>
-#include <functional>
 #include <vector>
 
 namespace {
@@ -34,11 +32,6 @@ struct Result {
     double Milliseconds = 0;
     double MemoryKb = 0;
 };
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values.empty() ? 0 : values[values.size() / 2];
-}
 
 double MemoryOf(qint64 processId) {
     QFile file(QStringLiteral("/proc/%1/smaps_rollup").arg(processId));
@@ -83,20 +76,7 @@ Result Summarise(const std::vector<Sample>& samples) {
         times.push_back(sample.Milliseconds);
         memory.push_back(sample.MemoryKb);
     }
-    return {Median(times), Median(memory)};
-}
-
-// Places in the frame, where every start shows the same.
-QList<QPoint> PlacesOf(const QImage& picture) {
-    const int w = picture.width();
-    const int h = picture.height();
-    QList<QPoint> places;
-    for (const QPoint& place : {QPoint(w / 4, h - 14), QPoint(w / 2, h - 14), QPoint(4, h / 2),
-                                QPoint(w - 5, h / 2), QPoint(w / 4, 6)}) {
-        if (qAlpha(picture.pixel(place)) == 255)
-            places.append(place);
-    }
-    return places;
+    return {paneda::bench::Median(times), paneda::bench::Median(memory)};
 }
 
 } // namespace
@@ -111,28 +91,24 @@ int main(int argc, char** argv) {
     }
     const QString paneda = arguments[1];
     const QString cache = QFileInfo(paneda).absolutePath() + QStringLiteral("/Cache");
-    const QString picture = cache + QStringLiteral("/category001.png");
+    const QString picture = paneda::bench::PanelPicture(paneda);
     // The first start makes the store and the pictures.
     Measure(paneda, {}, {QPoint(0, 0)}, {0xFFFFFFFF}, kFirstStart);
-    const QImage image(picture);
-    if (image.isNull()) {
+    const paneda::bench::PanelPixels pixels = paneda::bench::ReadPanelPixels(picture);
+    if (pixels.Size.isEmpty()) {
         out << "no picture was made\n";
         return 1;
     }
-    const QList<QPoint> places = PlacesOf(image);
-    QList<QRgb> wanted;
-    for (const QPoint& place : places)
-        wanted.append(image.pixel(place) & 0xFFFFFF);
     std::vector<Sample> floor;
     std::vector<Sample> cached;
     std::vector<Sample> uncached;
     for (int i = 0; i < kRuns; ++i) {
-        floor.push_back(Measure(arguments[2], {picture}, places, wanted));
-        cached.push_back(Measure(paneda, {}, places, wanted));
+        floor.push_back(Measure(arguments[2], {picture}, pixels.Places, pixels.Colours));
+        cached.push_back(Measure(paneda, {}, pixels.Places, pixels.Colours));
     }
     for (int i = 0; i < kRuns; ++i) {
         QFile::remove(cache + QStringLiteral("/cache"));
-        uncached.push_back(Measure(paneda, {}, places, wanted));
+        uncached.push_back(Measure(paneda, {}, pixels.Places, pixels.Colours));
     }
     const Result base = Summarise(floor);
     const auto print = [&](const char* name, const Result& result) {
@@ -143,8 +119,8 @@ int main(int argc, char** argv) {
                    .arg(result.MemoryKb, 8, 'f', 0)
                    .arg(result.MemoryKb / base.MemoryKb, 5, 'f', 2);
     };
-    out << "medians of " << kRuns << " starts, window of " << image.width() << " x " << image.height()
-        << " pixels\n";
+    out << "medians of " << kRuns << " starts, window of " << pixels.Size.width() << " x "
+        << pixels.Size.height() << " pixels\n";
     print("floor", base);
     print("cached", Summarise(cached));
     print("uncached", Summarise(uncached));

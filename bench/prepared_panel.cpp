@@ -1,0 +1,74 @@
+#include "prepared_panel.h"
+
+#include "core/config_settings.h"
+#include "core/settings.h"
+#include "core/store_layout.h"
+
+#include <QFileInfo>
+#include <QImage>
+
+#include <algorithm>
+
+namespace paneda::bench {
+
+namespace {
+
+constexpr qint16 kKeyK = 75; // virtual key
+
+} // namespace
+
+bool PreparePanel(const QString& program, const CallSettings& settings) {
+    const QString folder = QFileInfo(program).absolutePath();
+    auto file = ConfigFile::Load(ConfigFilePath(folder));
+    if (!file)
+        return false;
+    AppState ignored;
+    ReadConfigRecords(*file, ignored);
+    file->Write(kRecordMouseTriggerEnabled, {settings.Mouse});
+    file->Write(kRecordHotkeyEnabled, {settings.Hotkey});
+    for (const int modifier : {kRecordHotkeyCtrl, kRecordHotkeyAlt})
+        file->Write(modifier, {true});
+    for (const int modifier : {kRecordHotkeyShift, kRecordHotkeyWin})
+        file->Write(modifier, {false});
+    file->Write(kRecordHotkeyKey, {kKeyK});
+    const QString hide = settings.HideOnStartup ? QStringLiteral("1") : QStringLiteral("0");
+    return file->Save(ConfigFilePath(folder)) &&
+           WriteSetting(folder, setting::kProperties, setting::kHideOnStartup, hide);
+}
+
+PanelPixels ReadPanelPixels(const QString& picture) {
+    const QImage image(picture);
+    PanelPixels pixels{image.size(), {}, {}};
+    const int w = image.width();
+    const int h = image.height();
+    for (const QPoint& place : {QPoint(w / 4, h - 14), QPoint(w / 2, h - 14), QPoint(4, h / 2),
+                                QPoint(w - 5, h / 2), QPoint(w / 4, 6)}) {
+        if (!image.rect().contains(place) || qAlpha(image.pixel(place)) == 0)
+            continue;
+        pixels.Places.append(place);
+        // A window with an alpha channel holds its colours premultiplied.
+        pixels.Colours.append(qPremultiply(image.pixel(place)) & 0xFFFFFF);
+    }
+    return pixels;
+}
+
+QString PanelPicture(const QString& program) {
+    return QFileInfo(program).absolutePath() + QStringLiteral("/Cache/category001.png");
+}
+
+RunningPanel::RunningPanel(const QString& program, const QStringList& arguments) {
+    process_.start(program, arguments);
+    process_.waitForStarted();
+}
+
+RunningPanel::~RunningPanel() {
+    process_.terminate();
+    process_.waitForFinished();
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.empty() ? 0 : values[values.size() / 2];
+}
+
+} // namespace paneda::bench
