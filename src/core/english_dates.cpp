@@ -9,6 +9,12 @@ QString EnglishMonthName(int month) {
     return month >= 1 && month <= 12 ? kMonths[month - 1].toString() : QString();
 }
 
+QString EnglishDayName(int dayOfWeek) {
+    static constexpr QStringView kDays[] = {u"Monday", u"Tuesday",  u"Wednesday", u"Thursday",
+                                            u"Friday", u"Saturday", u"Sunday"};
+    return dayOfWeek >= 1 && dayOfWeek <= 7 ? kDays[dayOfWeek - 1].toString() : QString();
+}
+
 QString OrdinalSuffix(int number) {
     const int lastTwo = number % 100;
     const int last = lastTwo >= 11 && lastTwo <= 13 ? 0 : number % 10;

@@ -10,6 +10,9 @@ namespace paneda {
 // "January" for 1; empty for what is no month.
 QString EnglishMonthName(int month);
 
+// "Monday" for 1 to "Sunday" for 7; empty for what is no day of the week.
+QString EnglishDayName(int dayOfWeek);
+
 // "st", "nd", "rd" or "th".
 QString OrdinalSuffix(int number);
 

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "archive/zip_records.h"
+
+#include "core/file_io.h"
+
+#include <QFile>
+#include <QString>
+
+#include <functional>
+#include <map>
+
+namespace paneda {
+
+// What the error event's number says.
+enum class ZipError : int {
+    FileMissing = 1,
+    NotAZip,
+    LibraryMissing,
+    NothingOpen,
+    NoFolder,
+    Exists,
+    CannotRemove,
+    CannotWrite,
+    UnsupportedMethod,
+    Checksum,
+    Damaged,    // the directory, or where it says an entry lies
+    UnsafeName, // empty, or could lead out of the target folder
+    TooBig,
+};
+
+// What a reader tells while it works. Those that are not set are not told.
+struct ZipEvents {
+    // After each entry, in per cent of their number. Setting the flag ends the extraction.
+    std::function<void(bool& cancel, int percent)> Progress;
+    std::function<void(const QString& text)> Status;
+    std::function<void(const QString& message, int number)> Error;
+};
+
+// Takes the uncompressed bytes of an entry and the last component of its name.
+using ZipSink = std::function<void(const QString& name, const QByteArray& bytes)>;
+
+// Reads an archive. Failures are events; the return values say only whether the work came to its end.
+//
+// Nothing that the file says is believed: places and sizes have to lie within the file, entries must not
+// overlap, and no memory is taken for more than kMaxZipEntry bytes or for more than the compressed bytes can
+// stand for. An entry that breaks a rule is an error event and gives no output. Stored (not compressed)
+// entries, folders and empty files give no output either, without an event.
+class ZipExtractionClass {
+public:
+    // With a sink its entries go there, and no folder and no file is looked at or made. Without one they
+    // become files.
+    explicit ZipExtractionClass(ZipEvents events = {}, ZipSink sink = {});
+    ~ZipExtractionClass();
+    Q_DISABLE_COPY_MOVE(ZipExtractionClass)
+
+    // The path is one of the host. False when there is no such file or it holds no end record.
+    bool OpenZip(const QString& path);
+    void CloseZip();
+
+    // Extracts all entries below this folder, which is made when it is missing; with `useFolders` into their
+    // own folders, else side by side. A file that is there stays unless `overwrite` is set. False when there
+    // is nothing to extract from or to, or when the listener cancelled.
+    bool Extract(const QString& folder, bool useFolders, bool overwrite);
+
+    static FileResult ExtractFile(const QString& path, const QByteArray& bytes);
+
+    // Empty when the library is not the one that this program was built for.
+    static QString ZLibVersion();
+
+private:
+    struct Target {
+        QString Folder;
+        bool UseFolders = false;
+        bool Overwrite = false;
+    };
+
+    void TellStatus(const QString& text) const;
+    void TellError(ZipError number, const QString& message) const;
+    bool TellProgress(int number, int total) const;
+    QByteArray BytesAt(qint64 offset, qint64 size);
+    bool FindEndRecord();
+    bool CanExtract(const QString& folder) const;
+    bool ExtractAll(const ZipEndRecord& end, const Target& target);
+    void ExtractNamed(const ZipCentralHeader& header, const QString& name, const Target& target);
+    void ExtractTo(const ZipCentralHeader& header, const QString& name, const QString& path, bool overwrite);
+    QByteArray ReadEntry(const ZipCentralHeader& header, const QString& name);
+    bool ClaimData(qint64 begin, qint64 end);
+    QByteArray Inflate(const ZipCentralHeader& header, const QString& name, qint64 dataOffset);
+
+    ZipEvents events_;
+    ZipSink sink_;
+    QFile file_;
+    QString path_;
+    qint64 endOffset_ = -1;
+    qint64 directoryOffset_ = 0;
+    // Begin and end of the entries that have been read.
+    std::map<qint64, qint64> claimed_;
+};
+
+} // namespace paneda

@@ -1,0 +1,53 @@
+#include "notes/edit_lock.h"
+
+#include "notes/note_files.h"
+#include "notes/note_keys.h"
+
+#include "core/ini_file.h"
+
+namespace paneda {
+
+namespace {
+
+// Behind a date, a time and a blank each.
+constexpr qsizetype kUserPosition = 20;
+
+} // namespace
+
+EditLock ReadEditLock(const NotePlace& place) {
+    if (!place.MultiUser)
+        return {};
+    const QString value =
+        ReadIniFile(NotePropertiesFile(place.NoteFolder)).Value(note_key::kSection, note_key::kEditing);
+    return {value, !value.isEmpty()};
+}
+
+QString LockHolder(const QString& editingValue) {
+    return editingValue.mid(kUserPosition);
+}
+
+FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk& disk) {
+    FirstEdit edit;
+    edit.Lock = ReadEditLock(place);
+    if (edit.Lock.LockedByOther) {
+        edit.Notice = QStringLiteral("Someone is editing this note! Editing Not Allow");
+        return edit;
+    }
+    edit.MayEdit = true;
+    if (!place.MultiUser)
+        return edit;
+    const QString stamp = KeyDate(session.Now) + u' ' + KeyTime(session.Now) + u' ' + session.UserName;
+    const auto written = disk.WriteKeys(NotePropertiesFile(place.NoteFolder), {{note_key::kEditing, stamp}});
+    if (!written)
+        edit.Notice = QStringLiteral("Other users cannot be told that you are editing this note.\r") +
+                      written.error().Text();
+    return edit;
+}
+
+FileResult ReleaseEditLock(const NotePlace& place, NoteDisk& disk) {
+    if (!place.MultiUser)
+        return {};
+    return disk.WriteKeys(NotePropertiesFile(place.NoteFolder), {{note_key::kEditing, QString()}});
+}
+
+} // namespace paneda

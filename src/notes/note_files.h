@@ -1,0 +1,56 @@
+#pragma once
+
+#include "archive/zip_records.h"
+
+#include "core/file_io.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+namespace paneda {
+
+// How a note's text lies in its folder: as `content.rtf`, or as the one entry "content.rtf" of `content.zip`.
+// Where both files stand the zip is the note, always; a reader needs no clock to tell.
+enum class NoteForm { None, Rtf, Zip };
+
+// A note's file as it was seen, so that a later look tells whether somebody else has saved since.
+struct NoteOnDisk {
+    NoteForm Form = NoteForm::None;
+    qint64 Size = 0;     // of the file as it lies there, compressed or not
+    QDateTime Modified;  // for texts to the user; clocks of sticks and servers are too coarse to compare
+    quint64 Hash = 0;    // of the file's bytes; 0 when they cannot be read
+    bool Unseen = false; // the editor does not hold its text, so saving over it would lose something
+};
+
+// A note's text is read and written up to this many bytes.
+inline constexpr qint64 kMaxNoteText = kMaxZipEntry;
+
+// Where the files lie, found in any case of letters.
+QString NoteRtfFile(const QString& noteFolder);
+QString NoteZipFile(const QString& noteFolder);
+QString NotePropertiesFile(const QString& noteFolder);
+
+// The form of the note at this moment, right also when another process turns one form into the other.
+NoteForm FindNoteForm(const QString& noteFolder);
+
+// The file of a form; empty for None.
+QString NoteContentFile(const QString& noteFolder, NoteForm form);
+
+// The note's file as it is now.
+NoteOnDisk LookAtNote(const QString& noteFolder);
+
+// The record of a file with these bytes, its time taken from the disk.
+NoteOnDisk DescribeNote(const QString& noteFolder, NoteForm form, const QByteArray& fileBytes);
+
+// Whether the two are the same file contents.
+bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b);
+
+// The text within a content.zip; empty when it gives none, whatever the reason.
+QByteArray ReadZippedNote(const QString& zipFile);
+
+// A path in the folder that is not taken, "content (<words>).<extension>", for a text that is kept beside the
+// note. What no file name may hold is replaced.
+QString KeptNotePath(const QString& noteFolder, const QString& words, NoteForm form);
+
+} // namespace paneda

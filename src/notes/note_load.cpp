@@ -1,0 +1,108 @@
+#include "notes/note_load.h"
+
+#include "notes/note_caption.h"
+#include "notes/note_keys.h"
+#include "notes/note_save.h"
+
+#include "core/ini_file.h"
+#include "core/text_rules.h"
+
+#include <QFileInfo>
+
+namespace paneda {
+
+namespace {
+
+// The other form is there after one change of form by another process.
+constexpr int kMaxLooks = 4;
+
+// False when the file has gone since it was found, so that another look is due.
+bool ReadText(const QString& folder, NoteForm form, LoadedNote& note) {
+    const QString file = NoteContentFile(folder, form);
+    const auto bytes = ReadFileBytes(file, kMaxNoteText);
+    if (bytes) {
+        note.OnDisk = DescribeNote(folder, form, *bytes);
+        note.Rtf = form == NoteForm::Zip ? ReadZippedNote(file) : *bytes;
+        note.OnDisk.Unseen = form == NoteForm::Zip && note.Rtf.isEmpty();
+        return !note.OnDisk.Unseen || QFileInfo::exists(file);
+    }
+    if (!QFileInfo::exists(file))
+        return false;
+    note.OnDisk = LookAtNote(folder);
+    note.OnDisk.Unseen = true;
+    note.Problem = bytes.error().Text();
+    return true;
+}
+
+void CreateText(const NotePlace& place, const NoteSession& session, const QByteArray& emptyRtf,
+                NoteDisk& disk, LoadedNote& note) {
+    note.Rtf = emptyRtf;
+    const auto saved = SaveNote(place, session, {emptyRtf, {}, note.Lock.LockedByOther}, disk);
+    if (!saved) {
+        note.Problem = saved.error().Text();
+        return;
+    }
+    // Ignored: keys that could not be written are written by the next save.
+    note.OnDisk = saved->OnDisk;
+    note.Problem = saved->Notice;
+}
+
+void LoadText(const NotePlace& place, const NoteSession& session, const QByteArray& emptyRtf, NoteDisk& disk,
+              LoadedNote& note) {
+    note.State = NoteState::Shown;
+    for (int look = 0; look < kMaxLooks; ++look) {
+        const NoteForm form = FindNoteForm(place.NoteFolder);
+        if (form != NoteForm::None && ReadText(place.NoteFolder, form, note))
+            return;
+    }
+    if (QFileInfo(place.NoteFolder).isDir())
+        CreateText(place, session, emptyRtf, disk, note);
+    else
+        note.State = NoteState::Missing;
+}
+
+int SideOr(const QString& value, int fallback) {
+    const int side = LeadingInt(value);
+    return side > 0 ? side : fallback;
+}
+
+void ReadKeys(const NotePlace& place, const NoteSession& session, LoadedNote& note) {
+    const IniText ini = ReadIniFile(NotePropertiesFile(place.NoteFolder));
+    const auto value = [&ini](QStringView key) { return ini.Value(note_key::kSection, key); };
+    note.Width = SideOr(value(note_key::kWidth), session.Settings.Width);
+    note.Height = SideOr(value(note_key::kHeight), DefaultNoteHeight(session));
+    const LastEdit last{value(note_key::kLastEditUser), value(note_key::kLastEditDate),
+                        value(note_key::kLastEditTime)};
+    note.Caption = NoteCaption(note.Lock, last, session.Now);
+    note.Tooltip = NoteTooltip(last, session.Now);
+}
+
+} // namespace
+
+LoadedNote LoadNote(const NotePlace& place, const NoteSession& session, const QByteArray& emptyRtf,
+                    NoteDisk& disk) {
+    LoadedNote note;
+    if (place.NoteFolder.isEmpty())
+        return note;
+    note.Lock = ReadEditLock(place);
+    LoadText(place, session, emptyRtf, disk, note);
+    if (note.State == NoteState::Missing) {
+        note.Lock = {};
+        note.Problem = QStringLiteral("Note have been moved/deleted/detached\r"
+                                      "Right click empty area of this tree to refresh");
+        return note;
+    }
+    ReadKeys(place, session, note);
+    return note;
+}
+
+QByteArray RestoreNoteText(const NotePlace& place, NoteOnDisk& onDisk) {
+    const QString& folder = place.NoteFolder;
+    const auto bytes = ReadFileBytes(NoteRtfFile(folder), kMaxNoteText);
+    onDisk = LookAtNote(folder);
+    const bool isShown = bytes && IsSameNote(onDisk, DescribeNote(folder, NoteForm::Rtf, *bytes));
+    onDisk.Unseen = onDisk.Form != NoteForm::None && !isShown;
+    return bytes.value_or(QByteArray());
+}
+
+} // namespace paneda

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "notes/edit_lock.h"
+#include "notes/note_files.h"
+#include "notes/note_place.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace paneda {
+
+enum class NoteState {
+    None,    // no note was asked for
+    Shown,   // the editor gets Rtf
+    Missing, // the folder is gone; Problem says so, and all else is empty
+};
+
+// What the note window shows.
+struct LoadedNote {
+    NoteState State = NoteState::None;
+    // The text. Empty for an empty editor: a file of no bytes, or one that gave no text (OnDisk.Unseen).
+    QByteArray Rtf;
+    NoteOnDisk OnDisk;
+    int Width = 0;  // pixels
+    int Height = 0; // pixels
+    EditLock Lock;
+    QString Caption; // who saved the note or is editing it, and how long ago
+    QString Tooltip; // the same moment as a date
+    // What the user has to be told; empty for nothing.
+    QString Problem;
+};
+
+// Loads a note. One that has no text yet is saved with `emptyRtf`, so that its file and its keys come to
+// exist. A damaged content.zip is an empty editor without a word; OnDisk.Unseen then makes the next save keep
+// the damaged file. A text that cannot be read for another reason is told, and kept in the same way.
+LoadedNote LoadNote(const NotePlace& place, const NoteSession& session, const QByteArray& emptyRtf,
+                    NoteDisk& disk);
+
+// The text that is put back when changes are undone or may not be made: that of content.rtf, or none, also
+// where the note is compressed. `onDisk` becomes what the editor then stands for.
+QByteArray RestoreNoteText(const NotePlace& place, NoteOnDisk& onDisk);
+
+} // namespace paneda

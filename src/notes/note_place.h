@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/app_state.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+namespace paneda {
+
+// Which note, and in which tree. Host paths.
+struct NotePlace {
+    QString NoteFolder; // empty: no note
+    QString TreeRoot;   // the tree's content folder
+    bool MultiUser = false;
+};
+
+// Who works on notes, when, and with which settings.
+struct NoteSession {
+    QString UserName;
+    QDateTime Now; // local time
+    NoteSettings Settings;
+    int PanelHeight = 0; // pixels
+};
+
+// A note's height in pixels where it has none of its own: the panel's, but at least that of the settings.
+int DefaultNoteHeight(const NoteSession& session);
+
+// The note's folder and all above it up to the tree's content folder, which comes last. The note's folder
+// alone when it does not lie below the content folder.
+QStringList FoldersUpToRoot(const NotePlace& place);
+
+// "yyyy-mm-dd" and "hh:mm:ss", as all keys hold them.
+QString KeyDate(const QDateTime& time);
+QString KeyTime(const QDateTime& time);
+
+} // namespace paneda

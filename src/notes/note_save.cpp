@@ -1,0 +1,206 @@
+#include "notes/note_save.h"
+
+#include "notes/edit_lock.h"
+#include "notes/note_keys.h"
+
+#include "archive/zip_class.h"
+
+#include "core/ini_file.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace paneda {
+
+namespace {
+
+constexpr qint64 kBytesPerKilobyte = 1024;
+
+tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
+    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
+}
+
+void Collect(std::vector<FileError>& failures, const FileResult& result) {
+    if (!result)
+        failures.push_back(result.error());
+}
+
+QString FileTime(const QDateTime& time) {
+    return time.toString(QStringLiteral("yyyy-MM-dd HH.mm.ss"));
+}
+
+QString LastUser(const QString& folder) {
+    return ReadIniFile(NotePropertiesFile(folder)).Value(note_key::kSection, note_key::kLastEditUser);
+}
+
+// One save. Holds what its steps share.
+class Saving {
+public:
+    Saving(const NotePlace& place, const NoteSession& session, const NoteDraft& draft, NoteDisk& disk)
+        : place_(place), session_(session), draft_(draft), disk_(disk), folder_(place.NoteFolder) {}
+
+    tl::expected<SavedNote, FileError> Run();
+
+private:
+    FileResult KeepOthers(const NoteOnDisk& found);
+    FileResult KeepFound(const NoteOnDisk& found);
+    QString KeptWords() const;
+    FileResult Keep(NoteForm form, const QString& words, const QString& told);
+    bool HidesText() const;
+    bool IsCompressed() const;
+    tl::expected<QByteArray, FileError> Zipped() const;
+    FileResult WriteZipped();
+    FileResult WritePlain(NoteForm before);
+    FileResult ReplaceContent(NoteForm form, const QByteArray& bytes);
+    void WriteKeys();
+
+    const NotePlace& place_;
+    const NoteSession& session_;
+    const NoteDraft& draft_;
+    NoteDisk& disk_;
+    const QString folder_;
+    SavedNote saved_;
+};
+
+tl::expected<SavedNote, FileError> Saving::Run() {
+    if (!QFileInfo(folder_).isDir())
+        return Failure(folder_, QStringLiteral("The folder of this note does not exist any more."));
+    if (draft_.Rtf.size() > kMaxNoteText)
+        return Failure(folder_, QStringLiteral("The note is larger than %1 bytes.").arg(kMaxNoteText));
+    const NoteOnDisk found = LookAtNote(folder_);
+    if (const auto kept = KeepOthers(found); !kept)
+        return tl::make_unexpected(kept.error());
+    if (const auto written = IsCompressed() ? WriteZipped() : WritePlain(found.Form); !written)
+        return tl::make_unexpected(written.error());
+    WriteKeys();
+    return saved_;
+}
+
+FileResult Saving::KeepOthers(const NoteOnDisk& found) {
+    if (const auto kept = KeepFound(found); !kept)
+        return kept;
+    if (found.Form == NoteForm::Zip && HidesText())
+        return Keep(NoteForm::Rtf, KeptWords(),
+                    QStringLiteral("A second text of this note was found. It is kept beside yours:"));
+    return {};
+}
+
+FileResult Saving::KeepFound(const NoteOnDisk& found) {
+    const bool isOurText =
+        found.Form == NoteForm::Rtf && IsSameNote(found, DescribeNote(folder_, NoteForm::Rtf, draft_.Rtf));
+    if (found.Form == NoteForm::None || isOurText)
+        return {};
+    if (!IsSameNote(found, draft_.LoadedAs)) {
+        const QString user = LastUser(folder_);
+        const QString words = QStringLiteral("other %1 %2").arg(FileTime(found.Modified), user);
+        return Keep(
+            found.Form, words.trimmed(),
+            QStringLiteral("%1 has saved this note since you opened it. That text is kept beside yours:")
+                .arg(user.isEmpty() ? QStringLiteral("Somebody") : user));
+    }
+    if (draft_.LoadedAs.Unseen)
+        return Keep(
+            found.Form, KeptWords(),
+            QStringLiteral("The text that this note had on disk was not shown. It is kept beside yours:"));
+    return {};
+}
+
+QString Saving::KeptWords() const {
+    return QStringLiteral("kept ") + FileTime(session_.Now);
+}
+
+FileResult Saving::Keep(NoteForm form, const QString& words, const QString& told) {
+    const QString path = KeptNotePath(folder_, words, form);
+    if (const auto copied = disk_.Copy(NoteContentFile(folder_, form), path); !copied)
+        return copied;
+    saved_.KeptFiles.append(path);
+    if (!saved_.Notice.isEmpty())
+        saved_.Notice += u'\r';
+    saved_.Notice += told + u'\r' + QDir::toNativeSeparators(path);
+    return {};
+}
+
+// Whether an rtf beside the zip is more than what an ended save left there, which is older than the zip or
+// has its text.
+bool Saving::HidesText() const {
+    const QFileInfo rtf(NoteRtfFile(folder_));
+    const QFileInfo zip(NoteZipFile(folder_));
+    if (!rtf.isFile())
+        return false;
+    const QByteArray zipped = ReadZippedNote(zip.filePath());
+    if (!zipped.isEmpty() && rtf.lastModified() <= zip.lastModified())
+        return false;
+    const auto text = ReadFileBytes(rtf.filePath(), kMaxNoteText);
+    return !text || *text != zipped;
+}
+
+bool Saving::IsCompressed() const {
+    const qint64 limit = session_.Settings.CompressSize;
+    return limit > 0 && draft_.Rtf.size() > limit * kBytesPerKilobyte;
+}
+
+tl::expected<QByteArray, FileError> Saving::Zipped() const {
+    ZipClass zip;
+    if (const auto added = zip.AddBytes(QStringLiteral("content.rtf"), draft_.Rtf, session_.Now); !added)
+        return tl::make_unexpected(added.error());
+    return zip.Bytes();
+}
+
+FileResult Saving::ReplaceContent(NoteForm form, const QByteArray& bytes) {
+    if (const auto written = disk_.Replace(NoteContentFile(folder_, form), bytes); !written)
+        return written;
+    saved_.OnDisk = DescribeNote(folder_, form, bytes);
+    return {};
+}
+
+FileResult Saving::WriteZipped() {
+    const auto zipped = Zipped();
+    if (!zipped)
+        return tl::make_unexpected(zipped.error());
+    if (const auto written = ReplaceContent(NoteForm::Zip, *zipped); !written)
+        return written;
+    Collect(saved_.Failures, disk_.Remove(NoteRtfFile(folder_)));
+    return {};
+}
+
+FileResult Saving::WritePlain(NoteForm before) {
+    if (before != NoteForm::Zip)
+        return ReplaceContent(NoteForm::Rtf, draft_.Rtf);
+    const auto zipped = Zipped();
+    if (!zipped)
+        return tl::make_unexpected(zipped.error());
+    if (const auto written = ReplaceContent(NoteForm::Zip, *zipped); !written)
+        return written;
+    // The text is safe from here on, and stays in the zip when it cannot be brought out of it.
+    const NoteOnDisk inZip = saved_.OnDisk;
+    auto changed = ReplaceContent(NoteForm::Rtf, draft_.Rtf);
+    if (changed)
+        changed = disk_.Remove(NoteZipFile(folder_));
+    if (!changed)
+        saved_.OnDisk = inZip;
+    Collect(saved_.Failures, changed);
+    return {};
+}
+
+void Saving::WriteKeys() {
+    const QString date = KeyDate(session_.Now);
+    const QString time = KeyTime(session_.Now);
+    const QString properties = NotePropertiesFile(folder_);
+    Collect(saved_.Failures, disk_.WriteKeys(properties, {{note_key::kLastEditUser, session_.UserName},
+                                                          {note_key::kLastEditDate, date},
+                                                          {note_key::kLastEditTime, time}}));
+    for (const QString& folder : FoldersUpToRoot(place_))
+        Collect(saved_.Failures, disk_.WriteKeys(NotePropertiesFile(folder),
+                                                 {{note_key::kLastAllLevelEditTime, date + u' ' + time}}));
+    if (!draft_.LockedByOther)
+        Collect(saved_.Failures, ReleaseEditLock(place_, disk_));
+}
+
+} // namespace
+
+tl::expected<SavedNote, FileError> SaveNote(const NotePlace& place, const NoteSession& session,
+                                            const NoteDraft& draft, NoteDisk& disk) {
+    return Saving(place, session, draft, disk).Run();
+}
+
+} // namespace paneda

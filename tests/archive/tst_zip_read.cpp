@@ -1,0 +1,289 @@
+#include "archive/zip_class.h"
+#include "archive/zip_extraction.h"
+#include "archive/zip_tools.h"
+#include "support/store_builder.h"
+
+#include <QTest>
+#include <QtEndian>
+
+#include <functional>
+
+using namespace paneda;
+using namespace paneda::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDateTime kTime({2026, 11, 21}, {6, 30});
+
+// What a reader told and gave, in order: "status: ...", "error N", "progress N", "name=bytes".
+struct Reading {
+    QStringList Log;
+    bool Result = false;
+
+    QStringList Of(const QString& kind) const { return Log.filter(kind); }
+    QStringList Output() const { return Log.filter(u"="_s); }
+};
+
+Reading Read(const QString& path, int cancelAt = 1000) {
+    Reading reading;
+    QStringList& log = reading.Log;
+    ZipEvents events;
+    events.Status = [&log](const QString& text) { log.append(u"status: "_s + text); };
+    events.Error = [&log](const QString&, int number) { log.append(u"error %1"_s.arg(number)); };
+    events.Progress = [&log, cancelAt](bool& cancel, int percent) {
+        log.append(u"progress %1"_s.arg(percent));
+        cancel = percent >= cancelAt;
+    };
+    ZipExtractionClass zip(events, [&log](const QString& name, const QByteArray& bytes) {
+        log.append(name + u'=' + QString::fromLatin1(bytes.left(20)));
+    });
+    if (zip.OpenZip(path))
+        reading.Result = zip.Extract({}, false, false);
+    return reading;
+}
+
+QString ErrorLine(ZipError error) {
+    return u"error %1"_s.arg(int(error));
+}
+
+// Two entries: a.rtf at 0 with 35 + 9 bytes, b.rtf behind it.
+QByteArray TwoEntries() {
+    ZipClass zip;
+    (void)zip.AddBytes(u"a.rtf"_s, "aaaaaaaaaa", kTime);
+    (void)zip.AddBytes(u"b.rtf"_s, "bcdefghijk", kTime);
+    return zip.Bytes().value();
+}
+
+template <class Number>
+void Put(QByteArray& bytes, qsizetype offset, Number value) {
+    qToLittleEndian(value, bytes.data() + offset);
+}
+
+} // namespace
+
+class tst_zip_read : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void events();
+    void notArchives();
+    void otherWriters_data();
+    void otherWriters();
+    void hostile_data();
+    void hostile();
+    void bombs();
+    void toFolders();
+};
+
+void tst_zip_read::events() {
+    StoreBuilder store;
+    store.AddFile(u"two.zip"_s, TwoEntries());
+    const Reading whole = Read(store.Path(u"two.zip"_s));
+    QVERIFY(whole.Result);
+    const QStringList expected{
+        u"status: Opening Zip"_s,           u"status: Zip Opened"_s, u"status: Extracting Files"_s,
+        u"status: Extracting ...\\a.rtf"_s, u"a.rtf=aaaaaaaaaa"_s,   u"progress 50"_s,
+        u"status: Extracting ...\\b.rtf"_s, u"b.rtf=bcdefghijk"_s,   u"progress 100"_s,
+        u"status: Extraction Complete"_s,   u"status: Zip Closed"_s};
+    QCOMPARE(whole.Log, expected);
+    const Reading cancelled = Read(store.Path(u"two.zip"_s), 50);
+    QVERIFY(!cancelled.Result);
+    QCOMPARE(cancelled.Log.mid(5), QStringList({u"progress 50"_s, u"status: Zip Closed"_s}));
+
+    QStringList errors;
+    ZipEvents listener;
+    listener.Error = [&errors](const QString& message, int) { errors.append(message); };
+    ZipExtractionClass zip(listener);
+    QVERIFY(!zip.Extract(store.AppFolder(), false, false));
+    QVERIFY(!zip.OpenZip(u"/no.zip"_s));
+    QVERIFY(zip.OpenZip(store.Path(u"two.zip"_s)));
+    QVERIFY(!zip.Extract(store.Path(u"two.zip/below"_s), false, false));
+    QCOMPARE(errors.size(), 3);
+    QCOMPARE(errors.at(0), u"There is no Zip File Open"_s);
+    QVERIFY(errors.at(2).startsWith(u"Can't create the folder "_s));
+}
+
+void tst_zip_read::notArchives() {
+    StoreBuilder store;
+    const QByteArray two = TwoEntries();
+    const QByteArray end = two.right(22);
+    const auto isZip = [&store](const QByteArray& bytes) {
+        store.AddFile(u"x.zip"_s, bytes);
+        return Read(store.Path(u"x.zip"_s)).Log.contains(u"status: Zip Opened"_s);
+    };
+    QVERIFY(!isZip({}));
+    QVERIFY(!isZip("{\\rtf1 }"));
+    QVERIFY(!isZip(end.left(21)));
+    QVERIFY(isZip(end));
+    // Behind so much text that the scan takes several steps, at each place across a border of them.
+    for (int shift = 0; shift < 8; ++shift)
+        QVERIFY(isZip(QByteArray(100'000, 'y') + end + QByteArray(65529 + shift, 'x')));
+    // The last one counts.
+    QByteArray empty = end;
+    Put<quint16>(empty, 10, 0);
+    store.AddFile(u"x.zip"_s, two + empty);
+    QCOMPARE(Read(store.Path(u"x.zip"_s)).Output(), QStringList());
+    store.AddFile(u"x.zip"_s, two + empty.left(10));
+    QCOMPARE(Read(store.Path(u"x.zip"_s)).Output().size(), 2);
+    QCOMPARE(Read(store.AppFolder()).Of(u"error"_s), QStringList(ErrorLine(ZipError::FileMissing)));
+}
+
+void tst_zip_read::otherWriters_data() {
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("output");
+    QTest::addColumn<QStringList>("errors");
+    const QStringList note{u"content.rtf=text text text text "_s};
+    const auto python = [](const QString& line) {
+        return QStringList{u"-c"_s,
+                           u"import zipfile as f\nz = f.ZipFile('x.zip', 'w', f.ZIP_DEFLATED)\n"_s + line};
+    };
+    const auto add = [](const char* tag, const QString& program, const QStringList& arguments,
+                        const QStringList& output, const QStringList& errors = {}) {
+        QTest::newRow(tag) << program << arguments << output << errors;
+    };
+    add("zip", u"zip"_s, {u"x.zip"_s, u"content.rtf"_s}, note);
+    add("zip, stored", u"zip"_s, {u"-0"_s, u"x.zip"_s, u"content.rtf"_s}, {});
+    add("zip, folders", u"zip"_s, {u"-r"_s, u"x.zip"_s, u"sub"_s, u"content.rtf"_s},
+        {u"deep.rtf=text text text text "_s, note.first()});
+    add("7z", u"7z"_s, {u"a"_s, u"x.zip"_s, u"content.rtf"_s}, note);
+    add("7z, another method", u"7z"_s, {u"a"_s, u"-mm=BZip2"_s, u"x.zip"_s, u"content.rtf"_s}, {},
+        {ErrorLine(ZipError::UnsupportedMethod)});
+    add("python", u"python3"_s, python(u"z.write('content.rtf')"_s), note);
+    add("python, comment", u"python3"_s, python(u"z.comment = b'c' * 65535\nz.write('content.rtf')"_s), note);
+    add("python, sizes behind the data", u"python3"_s,
+        python(u"with z.open('content.rtf', 'w') as e: e.write(open('content.rtf', 'rb').read())"_s), note);
+    add("python, empty file", u"python3"_s, python(u"z.writestr('content.rtf', b'')"_s), {});
+}
+
+void tst_zip_read::otherWriters() {
+    QFETCH(QString, program);
+    QFETCH(QStringList, arguments);
+    if (!HasProgram(program))
+        QSKIP("the program is not installed");
+    StoreBuilder store;
+    const QByteArray text = QByteArray("text ").repeated(40);
+    store.AddFile(u"content.rtf"_s, text);
+    store.AddFile(u"sub/deep.rtf"_s, text);
+    QCOMPARE(RunTool(program, arguments, store.AppFolder()), QString());
+    const Reading reading = Read(store.Path(u"x.zip"_s));
+    QTEST(reading.Output(), "output");
+    QTEST(reading.Of(u"error"_s), "errors");
+}
+
+void tst_zip_read::hostile_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("output");
+    QTest::addColumn<QStringList>("errors");
+    const QByteArray good = TwoEntries();
+    const qsizetype first = good.indexOf("PK\x01\x02"); // its central header
+    const qsizetype second = first + kZipCentralSize + 5;
+    const qsizetype end = good.size() - kZipEndSize;
+    const QString a = u"a.rtf=aaaaaaaaaa"_s;
+    const QString b = u"b.rtf=bcdefghijk"_s;
+    const auto add = [&good](const char* tag, const std::function<void(QByteArray&)>& change,
+                             const QStringList& output, const QList<ZipError>& errors) {
+        QByteArray bytes = good;
+        change(bytes);
+        QStringList lines;
+        for (const ZipError error : errors)
+            lines.append(ErrorLine(error));
+        QTest::newRow(tag) << bytes << output << lines;
+    };
+    const auto change16 = [&add](const char* tag, qsizetype at, int value, const QStringList& output,
+                                 const QList<ZipError>& errors) {
+        add(
+            tag, [at, value](QByteArray& bytes) { Put<quint16>(bytes, at, quint16(value)); }, output, errors);
+    };
+    const auto change32 = [&add](const char* tag, qsizetype at, qint64 value, const QStringList& output,
+                                 const QList<ZipError>& errors) {
+        add(
+            tag, [at, value](QByteArray& bytes) { Put<quint32>(bytes, at, quint32(value)); }, output, errors);
+    };
+    const auto rename = [&add, first, &b](const char* tag, const char* name) {
+        add(tag, [first, name](QByteArray& bytes) { bytes.replace(first + kZipCentralSize, 5, name, 5); },
+            {b}, {ZipError::UnsafeName});
+    };
+    change32("local header beyond the file", first + 42, 0xFFFFFFF0, {b}, {ZipError::Damaged});
+    change32("local header elsewhere", first + 42, 3, {b}, {ZipError::Damaged});
+    change32("data beyond the file", second + 20, 0x7FFFFFFF, {a}, {ZipError::Damaged});
+    change32("data into the directory", second + 20, first, {a}, {ZipError::Damaged});
+    change32("data over the next entry", first + 20, first - 40, {a}, {ZipError::Damaged});
+    change32("two entries of one place", second + 42, 0, {a}, {ZipError::Damaged});
+    change32("size over the limit", first + 24, 0x10000001, {b}, {ZipError::TooBig});
+    change32("size that so few bytes cannot hold", first + 24, 0x0FFFFFFF, {b}, {ZipError::Checksum});
+    change32("checksum", first + 16, 1, {b}, {ZipError::Checksum});
+    change32("short data", first + 20, 1, {b}, {ZipError::Checksum});
+    change32("no data", first + 20, 0, {b}, {ZipError::Checksum});
+    change16("local name beyond the file", 26, 0xFFFF, {b}, {ZipError::Damaged});
+    change16("method", first + 10, 99, {b}, {ZipError::UnsupportedMethod});
+    change16("central name beyond the file", second + 28, 0xFFFF, {a}, {ZipError::UnsafeName});
+    change16("long comment", first + 32, 0xFFFF, {a}, {ZipError::Damaged});
+    change16("more entries than there are", end + 10, 0xFFFF, {a, b}, {ZipError::Damaged});
+    change16("spanned", end + 4, 1, {}, {});
+    change32("directory beyond the file", end + 16, 0xFFFFFFFF, {}, {ZipError::Damaged});
+    change32("directory elsewhere", end + 16, first + 1, {}, {ZipError::Damaged});
+    rename("upwards", "../x!");
+    rename("upwards on Windows", "..\\x!");
+    rename("upwards in the middle", "a/../");
+    rename("absolute", "/etc!");
+    rename("drive", "C:x!!");
+    rename("ends in a separator", "abcd/");
+    // The sizes that the local header gives are not looked at.
+    change32("local sizes", 18, 0xFFFFFFFF, {a, b}, {});
+}
+
+void tst_zip_read::hostile() {
+    QFETCH(QByteArray, bytes);
+    StoreBuilder store;
+    store.AddFile(u"x.zip"_s, bytes);
+    const Reading reading = Read(store.Path(u"x.zip"_s));
+    QTEST(reading.Output(), "output");
+    const QStringList errors = reading.Of(u"error"_s);
+    QTEST(QStringList(errors.mid(0, 2)), "errors");
+}
+
+// A stream that goes on far behind the size that is told gives no more than that, and no text.
+void tst_zip_read::bombs() {
+    ZipClass zip;
+    QVERIFY(zip.AddBytes(u"a.rtf"_s, QByteArray(64 * 1024 * 1024, 'a'), kTime));
+    QByteArray bytes = zip.Bytes().value();
+    Put<quint32>(bytes, bytes.indexOf("PK\x01\x02") + 24, 1000);
+    StoreBuilder store;
+    store.AddFile(u"x.zip"_s, bytes);
+    const Reading reading = Read(store.Path(u"x.zip"_s));
+    QCOMPARE(reading.Output(), QStringList());
+    QCOMPARE(reading.Of(u"error"_s), QStringList(ErrorLine(ZipError::Checksum)));
+}
+
+void tst_zip_read::toFolders() {
+    ZipClass zip;
+    QVERIFY(zip.AddBytes(u"one/two/a.rtf"_s, "new", kTime));
+    QVERIFY(zip.AddBytes(u"b.rtf"_s, "new", kTime));
+    StoreBuilder store;
+    QVERIFY(zip.WriteZip(store.Path(u"x.zip"_s), false));
+    QStringList errors;
+    ZipEvents events;
+    events.Error = [&errors](const QString& message, int) { errors.append(message); };
+    ZipExtractionClass reader(events);
+    QVERIFY(reader.OpenZip(store.Path(u"x.zip"_s)));
+
+    store.AddFile(u"flat/b.rtf"_s, "old");
+    QVERIFY(reader.Extract(store.Path(u"flat"_s), false, false));
+    QCOMPARE(store.Bytes(u"flat/a.rtf"_s), QByteArray("new"));
+    QCOMPARE(store.Bytes(u"flat/b.rtf"_s), QByteArray("old"));
+    QCOMPARE(errors.size(), 1);
+    QVERIFY(errors.first().endsWith(u"b.rtf already exists"_s));
+    QVERIFY(reader.Extract(store.Path(u"flat"_s), false, true));
+    QCOMPARE(store.Bytes(u"flat/b.rtf"_s), QByteArray("new"));
+
+    store.AddFolder(u"deep/b.rtf"_s);
+    QVERIFY(reader.Extract(store.Path(u"deep"_s), true, true));
+    QCOMPARE(store.Bytes(u"deep/one/two/a.rtf"_s), QByteArray("new"));
+    QVERIFY(errors.last().startsWith(u"Can't remove the file "_s));
+    QVERIFY(store.Entries().contains(u"deep/b.rtf/"_s));
+}
+
+QTEST_GUILESS_MAIN(tst_zip_read)
+#include "tst_zip_read.moc"

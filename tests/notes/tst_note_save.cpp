@@ -1,0 +1,309 @@
+#include "notes/note_maker.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace paneda;
+using namespace paneda::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kRtf = u"content.rtf"_s;
+const QString kZip = u"content.zip"_s;
+// With a limit of 1 kB the first lies above it, the second below.
+const QByteArray kLong(2000, 'L');
+const QByteArray kShort = "short";
+
+} // namespace
+
+class tst_note_save : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void compressesAboveTheLimit_data();
+    void compressesAboveTheLimit();
+    void endsAnywhere_data();
+    void endsAnywhere();
+    void keys();
+    void foldersUpToRoot();
+    void keepsOtherTexts_data();
+    void keepsOtherTexts();
+    void savesAgain();
+    void failures();
+    void readOnlyFolder();
+};
+
+void tst_note_save::compressesAboveTheLimit_data() {
+    QTest::addColumn<int>("kilobytes");
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QString>("form");
+    QTest::newRow("at the limit") << 100 << 102'400 << kRtf;
+    QTest::newRow("above it") << 100 << 102'401 << kZip;
+    QTest::newRow("never") << 0 << 102'401 << kRtf;
+    QTest::newRow("beyond an int of bytes") << 3'000'000 << 102'401 << kRtf;
+}
+
+void tst_note_save::compressesAboveTheLimit() {
+    QFETCH(int, kilobytes);
+    QFETCH(int, size);
+    QFETCH(QString, form);
+    NoteMaker note;
+    note.Session.Settings.CompressSize = kilobytes;
+    const QByteArray text(size, 'x');
+    QVERIFY(note.Save(text, {}));
+    QCOMPARE(note.Contents(), QStringList(form));
+    QCOMPARE(note.Load().Rtf, text);
+}
+
+void tst_note_save::endsAnywhere_data() {
+    QTest::addColumn<QByteArray>("before"); // null: no file yet
+    QTest::addColumn<QByteArray>("after");
+    const QByteArray otherLong(3000, 'M');
+    QTest::newRow("new rtf") << QByteArray() << kShort;
+    QTest::newRow("new zip") << QByteArray() << kLong;
+    QTest::newRow("rtf to rtf") << QByteArray("old") << kShort;
+    QTest::newRow("rtf to zip") << kShort << kLong;
+    QTest::newRow("zip to rtf") << kLong << kShort;
+    QTest::newRow("zip to zip") << kLong << otherLong;
+}
+
+// Ends a save behind each of its steps. A reader finds the old text or the new one, never the old one after
+// the new; the save's result tells which; and the next save leaves one file and nothing beside it.
+void tst_note_save::endsAnywhere() {
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    int steps = 100;
+    for (int ending = 0; ending <= steps; ++ending) {
+        NoteMaker note(true);
+        note.Session.Settings.CompressSize = 1;
+        LoadedNote loaded;
+        if (!before.isNull()) {
+            QVERIFY(note.Save(before, {}));
+            loaded = note.Load();
+        }
+        note.Disk.StepsLeft = ending;
+        const auto saved = note.Save(after, loaded);
+        const int unused = note.Disk.StepsLeft;
+        note.Disk.StepsLeft = INT_MAX;
+        if (unused >= 0) {
+            steps = ending - unused;
+            QVERIFY(saved && saved->Failures.empty());
+        }
+        const bool hasText = FindNoteForm(note.Place.NoteFolder) != NoteForm::None;
+        QCOMPARE(hasText, saved.has_value() || !before.isNull());
+        if (!hasText)
+            continue;
+        const LoadedNote seen = note.Load();
+        QCOMPARE(seen.Rtf, saved ? after : before);
+        QVERIFY(!seen.OnDisk.Unseen);
+
+        // Goes on from what the first save returned, as the window would.
+        if (saved)
+            loaded.OnDisk = saved->OnDisk;
+        for (const QByteArray& next : QByteArrayList{kShort + "er", kLong + "er"}) {
+            const auto again = note.Save(next, loaded);
+            QVERIFY(again && again->Failures.empty() && again->Notice.isEmpty());
+            QCOMPARE(note.Contents(), QStringList(next.size() > 1024 ? kZip : kRtf));
+            QCOMPARE(note.Load().Rtf, next);
+            loaded.OnDisk = again->OnDisk;
+        }
+    }
+    QVERIFY(steps < 100);
+}
+
+void tst_note_save::keys() {
+    NoteMaker note(true);
+    note.Put(u"properties.INI"_s, "; mine\r\n[Properties]\r\nName=N\r\nEditing=2026-11-21 06:00:00 Ann\r\n");
+    QVERIFY(note.Save(kShort, {}));
+    const QByteArray stamp = "Last All Level Edit Time=2026-11-21 06:30:43\r\n";
+    QCOMPARE(
+        note.Bytes(u"properties.INI"_s),
+        "; mine\r\n[Properties]\r\nName=N\r\nEditing=\r\nLast Edit User=Ann\r\nLast Edit Date=2026-11-21\r\n"
+        "Last Edit Time=06:30:43\r\n" +
+            stamp);
+    for (const QString& folder : {kParent, kRoot})
+        QCOMPARE(note.Store.Bytes(folder + u"/Properties.ini"_s), "[Properties]\r\n" + stamp);
+    QVERIFY(!note.Store.Entries().contains(u"Data/Properties.ini"_s));
+}
+
+void tst_note_save::foldersUpToRoot() {
+    const auto folders = [](const QString& note, const QString& root) {
+        return FoldersUpToRoot({note, root, false}).join(u' ');
+    };
+    QCOMPARE(folders(u"/t/1/2/"_s, u"/t/"_s), u"/t/1/2 /t/1 /t"_s);
+    QCOMPARE(folders(u"/1/2"_s, u"/"_s), u"/1/2 /1 /"_s);
+    QCOMPARE(folders(u"C:/Tree/1"_s, u"c:/tree"_s), u"C:/Tree/1 C:/Tree"_s);
+    // Never above the note's folder where the root is none of its parents.
+    QCOMPARE(folders(u"/t/1/2"_s, u"/t/1/2"_s), u"/t/1/2"_s);
+    QCOMPARE(folders(u"/tree/1"_s, u"/t"_s), u"/tree/1"_s);
+    QCOMPARE(folders(u"/t/1"_s, {}), u"/t/1"_s);
+}
+
+using Meanwhile = std::function<void(NoteMaker&)>;
+Q_DECLARE_METATYPE(Meanwhile)
+
+void tst_note_save::keepsOtherTexts_data() {
+    QTest::addColumn<QByteArray>("text");     // as loaded
+    QTest::addColumn<Meanwhile>("meanwhile"); // what somebody else does then
+    QTest::addColumn<QString>("kept");        // the file beside the note; empty: none
+    QTest::addColumn<QByteArray>("keptText");
+    QTest::addColumn<QString>("told"); // how the notice begins
+    const QDateTime otherTime({2026, 11, 20}, {23, 59, 58});
+    const auto other = [otherTime](const QByteArray& text) {
+        return [text, otherTime](NoteMaker& note) {
+            note.Session.UserName = u"Bob/x"_s;
+            const LoadedNote loaded = note.Load();
+            QVERIFY(note.Save(text, loaded));
+            const QString folder = note.Place.NoteFolder;
+            note.SetTime(QFileInfo(NoteContentFile(folder, FindNoteForm(folder))).fileName(), otherTime);
+            note.Session.UserName = u"Ann"_s;
+        };
+    };
+    const QString otherName = u"content (other 2026-11-20 23.59.58 Bob-x)"_s;
+    const QString keptName = u"content (kept 2026-11-21 06.30.43)"_s;
+    const QString byBob = u"Bob/x has saved"_s;
+    const auto add = [](const char* tag, const QByteArray& text, const Meanwhile& meanwhile,
+                        const QString& kept = {}, const QByteArray& keptText = {}, const QString& told = {}) {
+        QTest::newRow(tag) << text << meanwhile << kept << keptText << told;
+    };
+    add("nobody", kShort, [](NoteMaker&) {});
+    add("rtf", kShort, other("theirs"), otherName + u".rtf"_s, "theirs", byBob);
+    add("zip", kLong, other(kLong + "theirs"), otherName + u".zip"_s, kLong + "theirs", byBob);
+    add("rtf to zip", kShort, other(kLong), otherName + u".zip"_s, kLong, byBob);
+    add("zip to rtf", kLong, other(kShort), otherName + u".rtf"_s, kShort, byBob);
+    add(
+        "same size, same time", kShort,
+        [](NoteMaker& note) {
+            const QDateTime time = QFileInfo(note.Store.Path(note.In(kRtf))).lastModified();
+            note.Put(kRtf, "SHORT");
+            note.SetTime(kRtf, time);
+        },
+        u"*other*.rtf"_s, "SHORT", u"Ann has saved"_s);
+    add("only touched", kShort, [otherTime](NoteMaker& note) { note.SetTime(kRtf, otherTime); });
+    add("the very text that is saved", kShort, other("mine"));
+    add("removed", kShort, [](NoteMaker& note) { QVERIFY(QFile::remove(note.Store.Path(note.In(kRtf)))); });
+    add("an older rtf beside the zip", kLong, [otherTime](NoteMaker& note) {
+        note.Put(kRtf, "stale");
+        note.SetTime(kRtf, otherTime);
+    });
+    add(
+        "a newer rtf beside the zip", kLong,
+        [](NoteMaker& note) {
+            note.Put(kRtf, "copied here");
+            note.SetTime(kRtf, QDateTime::currentDateTime().addDays(1));
+        },
+        keptName + u".rtf"_s, "copied here", u"A second text"_s);
+    add(
+        "name taken", kShort,
+        [other, otherName](NoteMaker& note) {
+            note.Put(otherName + u".RTF"_s, "earlier");
+            other("theirs")(note);
+        },
+        otherName.chopped(1) + u" 2).rtf"_s, "theirs", byBob);
+}
+
+void tst_note_save::keepsOtherTexts() {
+    QFETCH(QByteArray, text);
+    QFETCH(Meanwhile, meanwhile);
+    QFETCH(QString, kept);
+    QFETCH(QByteArray, keptText);
+    QFETCH(QString, told);
+    NoteMaker note;
+    note.Session.Settings.CompressSize = 1;
+    QVERIFY(note.Save(text, {}));
+    const LoadedNote loaded = note.Load();
+    meanwhile(note);
+    const qsizetype before = note.Contents().size();
+    const auto saved = note.Save("mine", loaded);
+    QVERIFY(saved && saved->Failures.empty());
+    QCOMPARE(note.Load().Rtf, QByteArray("mine"));
+    QVERIFY(note.Contents().contains(kRtf) && !note.Contents().contains(kZip));
+    QCOMPARE(saved->KeptFiles.size(), kept.isEmpty() ? 0 : 1);
+    if (kept.isEmpty()) {
+        QCOMPARE(saved->Notice, QString());
+        QVERIFY(note.Contents().size() <= std::max<qsizetype>(before, 1));
+        return;
+    }
+    const QString file = saved->KeptFiles.first();
+    QVERIFY2(QRegularExpression::fromWildcard(kept).match(QFileInfo(file).fileName()).hasMatch(),
+             qPrintable(file));
+    QCOMPARE(file.endsWith(u".zip"_s) ? ReadZippedNote(file) : ReadFileBytes(file, 100'000).value(),
+             keptText);
+    QVERIFY2(saved->Notice.startsWith(told) && saved->Notice.endsWith(u'\r' + file),
+             qPrintable(saved->Notice));
+}
+
+// Of two machines that save in turn each finds the other's text once, and its own never.
+void tst_note_save::savesAgain() {
+    NoteMaker note;
+    LoadedNote ours = note.Load();
+    LoadedNote theirs = ours;
+    const auto save = [&note](const QByteArray& text, LoadedNote& from) {
+        const auto saved = note.Save(text, from);
+        if (saved)
+            from.OnDisk = saved->OnDisk;
+        return saved ? saved->KeptFiles.size() : -1;
+    };
+    QCOMPARE(save("ours 1", ours), 0);
+    QCOMPARE(save("ours 2", ours), 0);
+    QCOMPARE(save("theirs 1", theirs), 1);
+    QCOMPARE(save("theirs 2", theirs), 0);
+    QCOMPARE(save("ours 3", ours), 1);
+    QCOMPARE(note.Contents().size(), 3);
+}
+
+void tst_note_save::failures() {
+    NoteMaker note(true);
+    QVERIFY(note.Save("old", {}));
+    LoadedNote loaded = note.Load();
+
+    // Behind the text a failure is told and nothing more; the lock is given back all the same.
+    note.SetKey(u"Editing"_s, u"2026-11-21 06:00:00 Ann"_s);
+    QVERIFY(QFile::remove(note.Store.Path(u"Data/Tree/Properties.ini"_s)));
+    note.Store.AddFolder(u"Data/Tree/Properties.ini"_s);
+    const auto saved = note.Save("new", loaded);
+    QVERIFY(saved);
+    QCOMPARE(int(saved->Failures.size()), 1);
+    QVERIFY(saved->Failures.front().Path.endsWith(u"Properties.ini"_s));
+    QCOMPARE(note.Key(u"Editing"_s), QString());
+    QCOMPARE(note.Load().Rtf, QByteArray("new"));
+
+    // Another's text that cannot be kept is not written over.
+    note.Disk.StepsLeft = 0;
+    QVERIFY(!note.Save("newer", loaded));
+    QCOMPARE(note.Bytes(kRtf), QByteArray("new"));
+    note.Disk.StepsLeft = INT_MAX;
+
+    // A folder where the text should be.
+    QVERIFY(QFile::remove(note.Store.Path(note.In(kRtf))));
+    note.Store.AddFolder(note.In(kRtf));
+    const auto blocked = note.Save("newest", note.Load());
+    QVERIFY(!blocked && !blocked.error().Reason.isEmpty());
+
+    QVERIFY(QDir(note.Store.Path(kParent)).removeRecursively());
+    const auto gone = note.Save("newest", loaded);
+    QVERIFY(!gone);
+    QCOMPARE(gone.error().Path, QDir::toNativeSeparators(note.Place.NoteFolder));
+    QVERIFY(!note.Store.Entries().contains(kParent + u'/'));
+}
+
+void tst_note_save::readOnlyFolder() {
+    NoteMaker note;
+    QVERIFY(note.Save("old", {}));
+    const LoadedNote loaded = note.Load();
+    QFile folder(note.Place.NoteFolder);
+    const auto rights = folder.permissions();
+    QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    const bool bars = !QFile(note.Store.Path(note.In(u"probe"_s))).open(QIODevice::WriteOnly);
+    const auto saved = note.Save("new", loaded);
+    QVERIFY(folder.setPermissions(rights));
+    if (!bars)
+        QSKIP("this user may write everywhere");
+    QVERIFY(!saved);
+    QCOMPARE(note.Bytes(kRtf), QByteArray("old"));
+    QCOMPARE(note.Contents(), QStringList(kRtf));
+}
+
+QTEST_GUILESS_MAIN(tst_note_save)
+#include "tst_note_save.moc"
