@@ -6,7 +6,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -20,7 +19,7 @@ QStringList ListNames(const QString& folder, QDir::Filters filters) {
     while (entries.hasNext()) {
         entries.next();
         const QString name = entries.fileName();
-        if (!name.contains(u'\\'))
+        if (!name.contains(u'\\') && !name.startsWith(kUnfinishedPrefix))
             names.append(name);
     }
     std::sort(names.begin(), names.end(),
@@ -70,13 +69,6 @@ tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 li
     if (file.error() != QFileDevice::NoError)
         return Failure(path, file.errorString());
     return bytes;
-}
-
-FileResult ReplaceFile(const QString& path, const QByteArray& bytes) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return Failure(path, file.errorString());
-    return {};
 }
 
 FileResult MakeFolder(const QString& path) {

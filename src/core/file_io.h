@@ -32,16 +32,21 @@ QString FindEntry(const QString& folder, const QString& name);
 // larger than `limit` bytes, or cannot be read.
 tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 limit);
 
+// How the name of a file begins that ReplaceFile has not finished. One is left where the program is killed
+// meanwhile; no listing shows it, and it may be deleted at any time.
+inline constexpr QStringView kUnfinishedPrefix = u".paneda-";
+
 // Replaces a file whole: a temporary file beside it, flushed to the disk, then renamed over it. On failure
-// the old file stays as it was.
+// the old file stays as it was, and one that may not be written is not replaced. The new file has the old
+// one's permissions; where the path is a link, the file that it leads to is replaced.
 FileResult ReplaceFile(const QString& path, const QByteArray& bytes);
 
 // Makes one folder; a folder that exists is no failure.
 FileResult MakeFolder(const QString& path);
 
-// Names of the folders (files) in a folder, in byte order, without hidden ones. A folder that cannot be read
-// has none. Left out are names that hold a backslash, which the stored form of a path cannot tell from a
-// separator, and names whose bytes are not valid in the file system's encoding.
+// Names of the folders (files) in a folder, in byte order, without hidden ones and unfinished files. A folder
+// that cannot be read has none. Left out are names that hold a backslash, which the stored form of a path
+// cannot tell from a separator, and names whose bytes are not valid in the file system's encoding.
 QStringList ListFolders(const QString& folder);
 QStringList ListFiles(const QString& folder);
 

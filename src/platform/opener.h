@@ -16,8 +16,9 @@ class Opener {
 public:
     virtual ~Opener() = default;
 
-    // Begins what the request asks for and returns at once. Nothing is reported: what cannot be started does
-    // not start. Started programs live on their own and leave no zombie.
+    // Begins what the request asks for and returns at once. Nothing comes back: what cannot be started does
+    // not start, and where a shortcut leads nowhere the desktop tells the user. Started programs live on
+    // their own and leave no zombie.
     virtual void Open(const LaunchRequest& request, const LaunchPaths& paths) = 0;
 };
 

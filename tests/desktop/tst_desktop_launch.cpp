@@ -1,6 +1,7 @@
 #include "core/config_settings.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
+#include "support/link_builder.h"
 
 #include <QDir>
 #include <QFile>
@@ -89,6 +90,10 @@ void tst_desktop_launch::initTestCase() {
     AddButton(u"[011] Page.url"_s, "[InternetShortcut]\r\nURL=https://b.example/\r\n");
     AddButton(u"[012] Empty.pnd"_s, "[Properties]\nTarget=\n");
     AddButton(u"[013] Missing.pnd"_s, Record(u"C:\\no\\such\\file"_s));
+    AddButton(u"[015] Shortcut.lnk"_s, MakeLink({.LocalPath = mark,
+                                                 .WorkingFolder = program_->Stored(u"@/Work"_s),
+                                                 .Arguments = u"-x \"a b\""_s}));
+    AddButton(u"[016] Nowhere.lnk"_s, MakeLink({.LocalPath = u"C:\\no\\such\\file"_s}));
     for (const char* state : {"Minimized", "Maximized"}) {
         const QString more = u"Parameter=-T \"A Window\" -e sleep 60\nWindow State=%1"_s;
         AddButton(u"[014] %1.pnd"_s.arg(QLatin1StringView(state)),
@@ -127,6 +132,8 @@ void tst_desktop_launch::targets_data() {
     row("[011] Page.url", "@/Tools/handler in @/Launcher/Setting/[001] One/[001] Group: https://b.example/");
     row("[012] Empty.pnd", "");
     row("[013] Missing.pnd", "");
+    row("[015] Shortcut.lnk", "@/Tools/mark in @/Work: -x|a b");
+    row("[016] Nowhere.lnk", "");
 }
 
 void tst_desktop_launch::targets() {

@@ -1,7 +1,10 @@
 #include "core/triggers.h"
 #include "platform/linux/dbus_requests.h"
+#include "platform/linux/linux_opener.h"
 #include "platform/linux/portal_hotkey.h"
 #include "platform/linux/session_bus.h"
+#include "support/link_builder.h"
+#include "support/store_builder.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMetaType>
@@ -25,6 +28,21 @@ constexpr int kSpace = 32;
 QDBusConnection Other() {
     return QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
 }
+
+// What shows notifications: keeps what it was asked to show.
+class Notifications : public QDBusVirtualObject {
+public:
+    QStringList Texts;
+
+    QString introspect(const QString&) const override { return {}; }
+
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
+        if (call.member() != u"Notify" || call.signature() != u"susssasa{sv}i")
+            return false;
+        Texts.append(call.arguments().at(4).toString());
+        return bus.send(call.createReply(1U));
+    }
+};
 
 // A desktop's portal: answers as it is told and keeps what it was asked.
 class Portal : public QDBusVirtualObject {
@@ -117,6 +135,7 @@ private Q_SLOTS:
     void noPortal_data();
     void noPortal();
     void sessionEndedByDesktop();
+    void notice();
 
 private:
     void OfferPortal() {
@@ -263,6 +282,28 @@ void tst_session_bus::sessionEndedByDesktop() {
     QTRY_COMPARE(hotkey.State(), Hotkey::Answer::Registered);
     portal_.CloseSession(Other());
     QTRY_COMPARE(hotkey.State(), Hotkey::Answer::Refused);
+}
+
+// A shortcut that leads nowhere is told by the desktop, and the launch does not wait for that.
+void tst_session_bus::notice() {
+    const QString path = u"/org/freedesktop/Notifications"_s;
+    const QString name = u"org.freedesktop.Notifications"_s;
+    Notifications shown;
+    QVERIFY(Other().registerVirtualObject(path, &shown));
+    QVERIFY(Other().registerService(name));
+    test::StoreBuilder store;
+    store.AddFile(u"<a> & b.lnk"_s, test::MakeLink({.LocalPath = u"Q:\\x.exe"_s}));
+    const LaunchPaths paths{DriveMap::FromMountPoints({}), u"C:\\"_s};
+    LinuxOpener opener;
+    opener.Open(
+        {LaunchRequest::Action::OpenTarget, store.Path(u"<a> & b.lnk"_s), {}, {}, ShowCommand::Normal},
+        paths);
+    QTRY_COMPARE(shown.Texts.size(), 1);
+    const QString begin =
+        store.AppFolder() + u"/&lt;a&gt; &amp; b.lnk: The shortcut points to \"Q:\\x.exe\""_s;
+    QVERIFY2(shown.Texts[0].startsWith(begin), qPrintable(shown.Texts[0]));
+    Other().unregisterService(name);
+    Other().unregisterObject(path);
 }
 
 QTEST_GUILESS_MAIN(tst_session_bus)

@@ -1,5 +1,6 @@
 #include "platform/linux/linux_opener.h"
 
+#include "platform/linux/session_notice.h"
 #include "platform/linux/start_plan.h"
 #include "platform/linux/window_watch.h"
 
@@ -11,7 +12,9 @@ namespace {
 
 constexpr int kWorkers = 8;
 
-void Start(const StartPlan& plan, ShowCommand show) {
+void Start(const StartPlan& plan) {
+    if (!plan.Problem.isEmpty())
+        TellSession(plan.Problem);
     if (plan.Program.isEmpty())
         return;
     QProcess process;
@@ -21,8 +24,8 @@ void Start(const StartPlan& plan, ShowCommand show) {
     process.setStandardInputFile(QProcess::nullDevice());
     qint64 processId = 0;
     // A start that fails shows nothing, as told in Opener.
-    if (process.startDetached(&processId) && plan.OwnsWindow && show != ShowCommand::Normal)
-        ShowFirstWindow(processId, show);
+    if (process.startDetached(&processId) && plan.OwnsWindow && plan.Show != ShowCommand::Normal)
+        ShowFirstWindow(processId, plan.Show);
 }
 
 } // namespace
@@ -32,7 +35,7 @@ LinuxOpener::LinuxOpener() {
 }
 
 void LinuxOpener::Open(const LaunchRequest& request, const LaunchPaths& paths) {
-    workers_.start([request, paths] { Start(PlanStart(request, paths), request.Show); });
+    workers_.start([request, paths] { Start(PlanStart(request, paths)); });
 }
 
 } // namespace paneda

@@ -1,18 +1,14 @@
 #include "platform/linux/start_plan.h"
 
-#include "core/file_io.h"
 #include "core/ini_file.h"
 #include "core/names.h"
-#include "core/text_rules.h"
 #include "platform/linux/desktop_entry.h"
+#include "platform/linux/host_target.h"
+#include "platform/linux/shortcut_target.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QStandardPaths>
-
-#include <optional>
 
 namespace paneda {
 
@@ -90,12 +86,6 @@ QStringList SplitParameter(const QString& line) {
     return words;
 }
 
-// A folder that is gone must not keep the target from starting.
-QString ExistingFolder(const QString& stored, const LaunchPaths& paths, const QString& fallback) {
-    const QString host = FindTarget(stored, paths);
-    return QFileInfo(host).isDir() ? host : fallback;
-}
-
 StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const QString& folder) {
     const DesktopEntry entry = ReadDesktopEntry(file);
     if (entry.Type == u"Link")
@@ -107,7 +97,7 @@ StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const Q
     return PlanCommand(ExpandExec(entry, file, files), entry.Terminal, working);
 }
 
-StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
+StartPlan PlanFollowed(const LaunchRequest& request, const LaunchPaths& paths) {
     if (IsAddress(request.Target)) {
         const bool bare = request.Target.startsWith(u"www.", Qt::CaseInsensitive);
         return OpenByDesktop(bare ? QStringLiteral("http://") + request.Target : request.Target, {});
@@ -117,6 +107,7 @@ StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
     const QStringList arguments = SplitParameter(request.Parameter);
     switch (KindOf(target)) {
     case TargetKind::Missing:
+    case TargetKind::Shortcut: // has been followed
         return {};
     case TargetKind::DesktopFile:
         return PlanDesktopFile(target, arguments, folder);
@@ -134,6 +125,14 @@ StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
     return {};
 }
 
+StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
+    const auto followed = FollowShortcuts(request, paths);
+    StartPlan plan = followed ? PlanFollowed(*followed, paths) : StartPlan();
+    plan.Show = followed ? followed->Show : ShowCommand::Normal;
+    plan.Problem = followed ? QString() : followed.error().Text();
+    return plan;
+}
+
 // The settings of a store that has been to another system may name "firefox.exe".
 StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
     const QStringList address(request.Parameter.isEmpty() ? QStringList() : QStringList(request.Parameter));
@@ -146,58 +145,7 @@ StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
     return OpenByDesktop(request.Parameter, {});
 }
 
-QString WithoutRegardToCase(const QString& hostPath) {
-    QString found = QStringLiteral("/");
-    for (const QString& part : hostPath.split(u'/', Qt::SkipEmptyParts)) {
-        found = FindEntry(found, part);
-        if (!QFileInfo::exists(found))
-            return {};
-    }
-    return found;
-}
-
 } // namespace
-
-bool IsAddress(const QString& target) {
-    static const QRegularExpression address(QStringLiteral("^([a-z][a-z0-9+.-]+:|www\\.)"),
-                                            QRegularExpression::CaseInsensitiveOption);
-    return target.contains(address);
-}
-
-TargetKind KindOf(const QString& hostPath) {
-    const QFileInfo info(hostPath);
-    if (hostPath.isEmpty() || !info.exists())
-        return TargetKind::Missing;
-    if (info.isDir())
-        return TargetKind::Folder;
-    const QString extension = info.suffix().toLower();
-    if (extension == u"desktop")
-        return TargetKind::DesktopFile;
-    if (extension == u"url")
-        return TargetKind::InternetShortcut;
-    if (!info.isExecutable() || !info.isFile())
-        return TargetKind::Document;
-    QFile file(hostPath);
-    const QByteArray begin = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
-    // A program that may be run and not be read is still one.
-    if (begin.isEmpty() && !info.isReadable())
-        return TargetKind::Program;
-    if (begin.startsWith("\x7F"
-                         "ELF") ||
-        begin.startsWith("#!"))
-        return TargetKind::Program;
-    return extension == u"sh" ? TargetKind::ShellScript : TargetKind::Document;
-}
-
-QString FindTarget(const QString& target, const LaunchPaths& paths) {
-    const QString host = paths.Drives.ToHost(target, paths.AppPath);
-    if (host.isEmpty() || QFileInfo::exists(host))
-        return host;
-    const QString found = WithoutRegardToCase(host);
-    if (!found.isEmpty() || target.contains(u'\\') || target.contains(u'/'))
-        return found;
-    return QStandardPaths::findExecutable(target);
-}
 
 StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths) {
     switch (request.What) {

@@ -1,10 +1,12 @@
 #include "platform/linux/theme_icons.h"
 
 #include "platform/linux/desktop_entry.h"
-#include "platform/linux/start_plan.h"
+#include "platform/linux/host_target.h"
+#include "platform/linux/shortcut_target.h"
 
 #include <QFileInfo>
 #include <QIcon>
+#include <QImageReader>
 #include <QMimeDatabase>
 #include <QPainter>
 #include <QPixmap>
@@ -58,7 +60,22 @@ QIcon AddressIcon() {
         {QStringLiteral("text-html"), QStringLiteral("web-browser"), QStringLiteral("emblem-web")});
 }
 
-QIcon IconFor(const QString& text, const LaunchPaths& paths) {
+QIcon IconFor(const QString& text, const LaunchPaths& paths, int shortcutsSoFar);
+
+// The picture that a shortcut names, where this host has it and can read it, else the icon of its target.
+// Icons within Windows programs are out of reach.
+QIcon ShortcutIcon(const QString& file, const LaunchPaths& paths, int shortcutsSoFar) {
+    const auto link = ReadShellLink(file);
+    const QString picture = link ? FindAbsolute(link->IconLocation, paths) : QString();
+    if (QFileInfo(picture).isFile() && QImageReader(picture).canRead())
+        return QIcon(picture);
+    const auto target = ResolveShortcut(file, paths);
+    if (!target || shortcutsSoFar == kMaxShortcutsInARow)
+        return {};
+    return IconFor(target->Path, paths, shortcutsSoFar + 1);
+}
+
+QIcon IconFor(const QString& text, const LaunchPaths& paths, int shortcutsSoFar) {
     if (IsAddress(text))
         return AddressIcon();
     const QString target = FindTarget(text, paths);
@@ -72,6 +89,8 @@ QIcon IconFor(const QString& text, const LaunchPaths& paths) {
         return EntryIcon(target);
     case TargetKind::InternetShortcut:
         return AddressIcon();
+    case TargetKind::Shortcut:
+        return ShortcutIcon(target, paths, shortcutsSoFar);
     case TargetKind::Program:
     case TargetKind::ShellScript:
         return ProgramIcon(target);
@@ -104,7 +123,7 @@ QImage Sized(const QIcon& icon, int pixels) {
 
 QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, int pixels) {
     ChooseThemeOnce();
-    const QIcon icon = IconFor(target, paths);
+    const QIcon icon = IconFor(target, paths, 0);
     return icon.isNull() ? QImage() : Sized(icon, pixels);
 }
 

@@ -1,0 +1,74 @@
+#include "platform/linux/host_target.h"
+
+#include "core/file_io.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+namespace paneda {
+
+namespace {
+
+QString WithoutRegardToCase(const QString& hostPath) {
+    QString found = QStringLiteral("/");
+    for (const QString& part : hostPath.split(u'/', Qt::SkipEmptyParts)) {
+        found = FindEntry(found, part);
+        if (!QFileInfo::exists(found))
+            return {};
+    }
+    return found;
+}
+
+} // namespace
+
+bool IsAddress(const QString& target) {
+    static const QRegularExpression address(QStringLiteral("^([a-z][a-z0-9+.-]+:|www\\.)"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    return target.contains(address);
+}
+
+TargetKind KindOf(const QString& hostPath) {
+    const QFileInfo info(hostPath);
+    if (hostPath.isEmpty() || !info.exists())
+        return TargetKind::Missing;
+    if (info.isDir())
+        return TargetKind::Folder;
+    const QString extension = info.suffix().toLower();
+    if (extension == u"desktop")
+        return TargetKind::DesktopFile;
+    if (extension == u"url")
+        return TargetKind::InternetShortcut;
+    if (extension == u"lnk")
+        return TargetKind::Shortcut;
+    if (!info.isExecutable() || !info.isFile())
+        return TargetKind::Document;
+    QFile file(hostPath);
+    const QByteArray begin = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
+    // A program that may be run and not be read is still one.
+    if (begin.isEmpty() && !info.isReadable())
+        return TargetKind::Program;
+    if (begin.startsWith("\x7F"
+                         "ELF") ||
+        begin.startsWith("#!"))
+        return TargetKind::Program;
+    return extension == u"sh" ? TargetKind::ShellScript : TargetKind::Document;
+}
+
+QString FindTarget(const QString& target, const LaunchPaths& paths) {
+    const QString host = paths.Drives.ToHost(target, paths.AppPath);
+    if (host.isEmpty() || QFileInfo::exists(host))
+        return host;
+    const QString found = WithoutRegardToCase(host);
+    if (!found.isEmpty() || target.contains(u'\\') || target.contains(u'/'))
+        return found;
+    return QStandardPaths::findExecutable(target);
+}
+
+QString ExistingFolder(const QString& stored, const LaunchPaths& paths, const QString& fallback) {
+    const QString host = FindTarget(stored, paths);
+    return QFileInfo(host).isDir() ? host : fallback;
+}
+
+} // namespace paneda

@@ -1,0 +1,204 @@
+#include "platform/linux/shortcut_target.h"
+#include "platform/linux/start_plan.h"
+#include "platform/linux/theme_icons.h"
+#include "support/link_builder.h"
+#include "support/store_builder.h"
+
+#include <QFile>
+#include <QImage>
+#include <QTest>
+
+using namespace paneda;
+using namespace paneda::test;
+using namespace Qt::StringLiterals;
+
+// Windows shortcuts on this host: what a launch of one starts, what the user reads where it cannot, and its
+// icon. "@" stands for the test's folder, "~" for its stored form.
+class tst_shortcuts : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void plans_data();
+    void plans();
+    void problems_data();
+    void problems();
+    void icons_data();
+    void icons();
+
+private:
+    QString Expand(QString text) const;
+    void Put(const QString& name, LinkParts parts) const;
+    QString Describe(const LaunchRequest& request) const;
+
+    StoreBuilder files_;
+    LaunchPaths paths_;
+};
+
+QString tst_shortcuts::Expand(QString text) const {
+    return text.replace(u'@', files_.AppFolder()).replace(u'~', paths_.Drives.ToStored(files_.AppFolder()));
+}
+
+void tst_shortcuts::Put(const QString& name, LinkParts parts) const {
+    for (QString* text :
+         {&parts.LocalPath, &parts.WorkingFolder, &parts.IconLocation, &parts.EnvironmentPath})
+        *text = Expand(*text);
+    files_.AddFile(name, MakeLink(parts));
+}
+
+QString tst_shortcuts::Describe(const LaunchRequest& request) const {
+    const StartPlan plan = PlanStart(request, paths_);
+    if (plan.Program.isEmpty())
+        return QString(plan.Problem).replace(files_.AppFolder(), u"@"_s);
+    QString text = plan.Program + u'(' + plan.Arguments.join(u'|') + u") in "_s + plan.WorkingFolder;
+    if (plan.Show != ShowCommand::Normal)
+        text += plan.Show == ShowCommand::Minimized ? u" minimized"_s : u" maximized"_s;
+    return text.replace(files_.AppFolder(), u"@"_s);
+}
+
+void tst_shortcuts::initTestCase() {
+    paths_.Drives = DriveMap::FromMountPoints({});
+    paths_.AppPath = Expand(u"~\\app"_s);
+    for (const QString& name : {u"Tools/tool"_s, u"bin/xdg-open"_s}) {
+        files_.AddFile(name, "#!/bin/sh\n");
+        QVERIFY(QFile::setPermissions(files_.Path(name), QFile::ReadOwner | QFile::ExeOwner));
+    }
+    qputenv("PATH", QFile::encodeName(files_.Path(u"bin"_s)));
+    files_.AddFolder(u"Work"_s);
+    files_.AddFolder(u"app"_s);
+    files_.AddFile(u"Tools/text.txt"_s, "text");
+    for (const auto& [name, colour] :
+         {std::pair(u"red.png"_s, Qt::red), std::pair(u"blue.png"_s, Qt::blue)}) {
+        QImage picture(16, 16, QImage::Format_RGB32);
+        picture.fill(colour);
+        QVERIFY(picture.save(files_.Path(name)));
+    }
+    files_.AddFile(u"Tools/blue.desktop"_s, Expand(u"[Desktop Entry]\nIcon=@/blue.png\nExec=x\n"_s).toUtf8());
+
+    Put(u"app/tool.lnk"_s, {.LocalPath = u"~\\Tools\\tool"_s});
+    Put(u"app/OTHER.LNK"_s, {.LocalPath = u"~\\TOOLS\\Tool"_s});
+    Put(u"app/all.lnk"_s, {.LocalPath = u"~\\Tools\\tool"_s,
+                           .WorkingFolder = u"~\\Work"_s,
+                           .Arguments = u"-x \"a b\""_s,
+                           .ShowCode = 7});
+    Put(u"app/gone folder.lnk"_s, {.LocalPath = u"~\\Tools\\tool"_s, .WorkingFolder = u"%HOMEPATH%"_s});
+    Put(u"app/moved.lnk"_s, {.LocalPath = u"Q:\\Tools\\tool"_s,
+                             .RelativePath = u"..\\tools\\TOOL"_s,
+                             .EnvironmentPath = u"%ProgramFiles%\\tool"_s});
+    Put(u"app/environment.lnk"_s, {.EnvironmentPath = u"~\\Tools\\tool"_s});
+    Put(u"app/document.lnk"_s, {.LocalPath = u"~\\Tools\\text.txt"_s, .Arguments = u"a"_s});
+    Put(u"app/folder.lnk"_s, {.LocalPath = u"~\\Work\\"_s});
+    Put(u"app/again.lnk"_s, {.LocalPath = u"~\\app\\all.lnk"_s, .Arguments = u"-y"_s, .ShowCode = 3});
+    Put(u"app/link.lnk"_s, {.LocalPath = u"~\\app\\again.lnk"_s});
+
+    Put(u"app/circle.lnk"_s, {.LocalPath = u"~\\app\\circle.lnk"_s});
+    Put(u"app/missing.lnk"_s, {.LocalPath = u"C:\\no\\such\\x.exe"_s});
+    Put(u"app/percent.lnk"_s, {.LocalPath = u"C:\\5%\\6%"_s});
+    Put(u"app/drive.lnk"_s, {.LocalPath = u"Q:\\x.exe"_s});
+    Put(u"app/variable.lnk"_s, {.EnvironmentPath = u"%ProgramFiles%\\x.exe"_s});
+    Put(u"app/network.lnk"_s, {.NetworkName = u"\\\\server\\share"_s, .Suffix = u"x.exe"_s});
+    Put(u"app/beside.lnk"_s, {.RelativePath = u".\\x.exe"_s});
+    Put(u"app/item.lnk"_s, {.Description = u"Control panel"_s});
+    Put(u"app/bare.lnk"_s, {.LocalPath = u"tool"_s});
+    files_.AddFile(u"app/text.lnk"_s, "text");
+
+    Put(u"app/picture.lnk"_s, {.LocalPath = u"Q:\\x.exe"_s, .IconLocation = u"~\\RED.png"_s});
+    Put(u"app/target.lnk"_s, {.LocalPath = u"~\\Tools\\blue.desktop"_s});
+    Put(u"app/within.lnk"_s, {.LocalPath = u"~\\app\\target.lnk"_s, .IconLocation = u"~\\Tools\\text.txt"_s});
+}
+
+void tst_shortcuts::plans_data() {
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<QString>("startIn");
+    QTest::addColumn<int>("show");
+    QTest::addColumn<QString>("plan");
+
+    const auto row = [](const char* target, const char* parameter, const char* startIn, const char* plan,
+                        ShowCommand show = ShowCommand::Normal) {
+        QTest::addRow("%s %s %s", target, parameter, startIn)
+            << QString::fromUtf8(target) << QString::fromUtf8(parameter) << QString::fromUtf8(startIn)
+            << int(show) << QString::fromUtf8(plan);
+    };
+    row("~\\app\\tool.lnk", "", "", "@/Tools/tool() in @/Tools");
+    row("~\\app\\tool.lnk", "-p", "~\\app\\", "@/Tools/tool(-p) in @/Tools");
+    row("~\\app\\tool.lnk", "-p", "~\\Work", "@/Tools/tool(-p) in @/Work");
+    row("~\\app\\other.lnk", "", "", "@/Tools/tool() in @/Tools");
+    row("~\\app\\all.lnk", "", "", "@/Tools/tool(-x|a b) in @/Work minimized");
+    row("~\\app\\all.lnk", "\"c d\"", "~\\Tools", "@/Tools/tool(-x|a b|c d) in @/Work minimized");
+    row("~\\app\\all.lnk", "-m", "", "@/Tools/tool(-x|a b|-m) in @/Work maximized", ShowCommand::Maximized);
+    row("~\\app\\gone folder.lnk", "", "", "@/Tools/tool() in @/Tools");
+    row("~\\app\\gone folder.lnk", "", "~\\Work", "@/Tools/tool() in @/Work");
+    row("~\\app\\moved.lnk", "", "", "@/Tools/tool() in @/Tools");
+    row("~\\app\\environment.lnk", "", "", "@/Tools/tool() in @/Tools");
+    row("~\\app\\document.lnk", "", "", "@/bin/xdg-open(@/Tools/text.txt) in @/Tools");
+    row("~\\app\\folder.lnk", "", "", "@/bin/xdg-open(@/Work/) in @/Work");
+    // The inner one's arguments first, the outer one's show state.
+    row("~\\app\\again.lnk", "-z", "", "@/Tools/tool(-x|a b|-y|-z) in @/Work maximized");
+    row("~\\app\\link.lnk", "", "", "@/Tools/tool(-x|a b|-y) in @/Work maximized");
+}
+
+void tst_shortcuts::plans() {
+    QFETCH(QString, target);
+    QFETCH(QString, parameter);
+    QFETCH(QString, startIn);
+    QFETCH(int, show);
+    QTEST(Describe({LaunchRequest::Action::OpenTarget, Expand(target), parameter, Expand(startIn),
+                    ShowCommand(show)}),
+          "plan");
+}
+
+void tst_shortcuts::problems_data() {
+    QTest::addColumn<QString>("problem");
+
+    const auto row = [](const char* name, const QString& problem) { QTest::newRow(name) << problem; };
+    row("missing", u"The shortcut points to \"C:\\no\\such\\x.exe\", and \"/no/such/x.exe\" is not there. "
+                   "Put the file there, or make a button for one that is here."_s);
+    row("percent",
+        u"The shortcut points to \"C:\\5%\\6%\", and \"/5%/6%\" is not there. Put the file there, or make a button for one that is here."_s);
+    row("drive", u"The shortcut points to \"Q:\\x.exe\", and there is no drive Q: here. Connect the drive "
+                 "and start the program again."_s);
+    row("variable", u"The shortcut points to \"%ProgramFiles%\\x.exe\", and Windows alone knows where "
+                    "\"%ProgramFiles%\" is. Put a shortcut with a full path in its place."_s);
+    row("network", u"The shortcut points to \"\\\\server\\share\\x.exe\", which lies on the network. Make a "
+                   "button for the place where this computer has it."_s);
+    row("beside", u"The shortcut points to \".\\x.exe\", and \"@/app/x.exe\" is not there. Put the file "
+                  "there, or make a button for one that is here."_s);
+    row("item", u"The shortcut points to something within Windows that is no file. Remove the button, or put "
+                "a file of this computer in its place."_s);
+    row("bare",
+        u"The shortcut points to \"tool\", and \"@/app/tool\" is not there. Put the file there, or make a "
+        "button for one that is here."_s);
+    row("circle",
+        u"The shortcut leads from one shortcut to the next without an end. Put one that points to a "
+        "file in its place."_s);
+    row("text", u"This is no shortcut of Windows."_s);
+}
+
+void tst_shortcuts::problems() {
+    QFETCH(QString, problem);
+    const QString file = u"@/app/%1.lnk"_s.arg(QLatin1StringView(QTest::currentDataTag()));
+    const LaunchRequest request{LaunchRequest::Action::OpenTarget, Expand(file), {}, {}, ShowCommand::Normal};
+    QCOMPARE(Describe(request), file + u": "_s + problem);
+}
+
+void tst_shortcuts::icons_data() {
+    QTest::addColumn<QString>("colour");
+
+    QTest::newRow("picture") << u"#ffff0000"_s;
+    QTest::newRow("target") << u"#ff0000ff"_s;
+    QTest::newRow("within") << u"#ff0000ff"_s; // no picture where it says so: the target's
+    QTest::newRow("missing") << u"none"_s;
+    QTest::newRow("circle") << u"none"_s;
+    QTest::newRow("text") << u"none"_s;
+}
+
+void tst_shortcuts::icons() {
+    const QString file = u"~\\app\\%1.lnk"_s.arg(QLatin1StringView(QTest::currentDataTag()));
+    const QImage icon = ThemeIcons().IconOf(Expand(file), paths_, 32);
+    const QString colour = icon.isNull() ? u"none"_s : icon.pixelColor(16, 16).name(QColor::HexArgb);
+    QTEST(colour, "colour");
+}
+
+QTEST_MAIN(tst_shortcuts)
+#include "tst_shortcuts.moc"
