@@ -19,18 +19,6 @@ LaunchRequest DriveRequest(const QString& path, const QString& appPath) {
     return {LaunchRequest::Action::OpenDrive, letter, {}, {}, ShowCommand::Normal};
 }
 
-// The folder of a target: everything up to its last separator, which is "/" in a host path.
-QString FolderOf(const QString& target) {
-    const QChar separator = target.startsWith(u'/') ? u'/' : u'\\';
-    return target.first(target.lastIndexOf(separator) + 1);
-}
-
-ShowCommand ShowCommandOf(const QString& windowState) {
-    if (windowState == u"Minimized")
-        return ShowCommand::Minimized;
-    return windowState == u"Maximized" ? ShowCommand::Maximized : ShowCommand::Normal;
-}
-
 LaunchRequest RecordRequest(const ButtonFields& fields, const QString& appPath) {
     QString target = fields.Target;
     // A path without drive lies on the drive that the program runs from; a network path stays.
@@ -40,10 +28,21 @@ LaunchRequest RecordRequest(const ButtonFields& fields, const QString& appPath) 
     if (target.isEmpty())
         return {};
     return {LaunchRequest::Action::OpenTarget, target, fields.Parameter,
-            IfEmpty(fields.StartIn, FolderOf(target)), ShowCommandOf(fields.WindowState)};
+            IfEmpty(fields.StartIn, FolderOfTarget(target)), ShowCommandOf(fields.WindowState)};
 }
 
 } // namespace
+
+QString FolderOfTarget(const QString& target) {
+    const QChar separator = target.startsWith(u'/') ? u'/' : u'\\';
+    return target.first(target.lastIndexOf(separator) + 1);
+}
+
+ShowCommand ShowCommandOf(const QString& windowState) {
+    if (windowState == u"Minimized")
+        return ShowCommand::Minimized;
+    return windowState == u"Maximized" ? ShowCommand::Maximized : ShowCommand::Normal;
+}
 
 QString ButtonKind(const QString& path) {
     return ExtensionOf(path).left(3).toUpper();

@@ -49,6 +49,12 @@ struct LaunchContext {
     QString Browser; // "default" or a program
 };
 
+// The folder of a target: everything up to and with its last separator, which is "/" in a host path.
+QString FolderOfTarget(const QString& target);
+
+// By the word of a record: "Minimized", "Maximized"; normal for anything else.
+ShowCommand ShowCommandOf(const QString& windowState);
+
 // The button's kind by the first three characters of its extension, in capitals.
 QString ButtonKind(const QString& path);
 

@@ -1,0 +1,183 @@
+// How long the operations on a tree take, against a plain walk that reads each node's file. Prints tables;
+// judges nothing.
+//
+// usage: bench_tree [FOLDER]   the trees are made below FOLDER, else in the folder for temporary files
+
+#include "notes/node_operations.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+using namespace paneda;
+
+namespace {
+
+constexpr int kRuns = 7;
+
+class NoPrompts : public Prompts {
+public:
+    void Notice(const QString& text, const QString& title) override {
+        qFatal("%s %s", qPrintable(title), qPrintable(text));
+    }
+    bool Confirm(const QString&, const QString&) override { return true; }
+};
+
+void MakeNode(const QString& folder, int number) {
+    QDir().mkpath(folder);
+    QFile file(folder + QStringLiteral("/Properties.ini"));
+    const QByteArray text =
+        "[Properties]\r\nName=Node number " + QByteArray::number(number) +
+        "\r\nDescription=\r\nSort=" + QByteArray::number(qint64(number) * 900'000).rightJustified(10, '0') +
+        "\r\nLast Edit User=Master\r\nLast Edit Date=2026-01-02\r\n"
+        "Last Edit Time=10:11:12\r\nLast All Level Edit Time=2026-01-02 10:11:12\r\n";
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        qFatal("Cannot write %s", qPrintable(file.fileName()));
+    QFile content(folder + QStringLiteral("/content.rtf"));
+    if (!content.open(QIODevice::WriteOnly) || content.write("{\\rtf1}") < 0)
+        qFatal("Cannot write %s", qPrintable(content.fileName()));
+}
+
+QString Number(int number) {
+    return QString::number(number).rightJustified(6, u'0');
+}
+
+// All nodes in one level, or ten to a level.
+void MakeTree(const QString& folder, int count, bool flat) {
+    for (int i = 1; i <= count; ++i) {
+        QString path = folder;
+        if (flat) {
+            path += u'/' + Number(i);
+        } else {
+            QStringList parts;
+            for (int n = i; n > 0; n = (n - 1) / 10)
+                parts.prepend(Number((n - 1) % 10 + 1));
+            path += u'/' + parts.join(u'/');
+        }
+        MakeNode(path, i);
+    }
+}
+
+// Milliseconds.
+double TimeOf(const std::function<void()>& function) {
+    const auto begin = std::chrono::steady_clock::now();
+    function();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+}
+
+double Median(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+double MedianOf(const std::function<void()>& function) {
+    std::vector<double> times;
+    for (int run = 0; run < kRuns; ++run)
+        times.push_back(TimeOf(function));
+    return Median(times);
+}
+
+void Walk(const QString& folder) {
+    qint64 bytes = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.toStdString())) {
+        if (entry.path().filename() != "Properties.ini")
+            continue;
+        QFile file(entry.path());
+        if (file.open(QIODevice::ReadOnly))
+            bytes += file.readAll().size();
+    }
+    if (bytes == 0)
+        qFatal("Nothing was read.");
+}
+
+void ExpandAll(TreeModel& tree) {
+    for (std::size_t i = 0; i < tree.Nodes().size(); ++i) {
+        if (tree.Nodes()[i].ExpandState == BranchState::Collapsed)
+            tree.ExpandNode(tree.Nodes()[i].RowIndex);
+    }
+}
+
+// Writes are timed once each in turn: they change what they are measured on.
+void MeasureChanges(TreeModel& tree) {
+    NoPrompts prompts;
+    NodeTransfer transfer;
+    NodeServices services{prompts, {}, {}, {}};
+    services.TreeOf = [&](int) { return &tree; };
+    NodeOperations operations(tree, transfer, services);
+    std::vector<double> adds;
+    std::vector<double> moves;
+    std::vector<double> deletes;
+    for (int run = 0; run < kRuns; ++run) {
+        const int middle = tree.Nodes()[tree.Nodes().size() / 2].RowIndex;
+        transfer.Pending = PendingNode{QStringLiteral("New"), {}, NodePosition::Below, {}, {}, {}};
+        int row = -1;
+        adds.push_back(TimeOf([&] { row = operations.AddOrMoveNode(middle, NodeMode::Add); }));
+        operations.StartMove(row);
+        const int first = tree.Nodes()[1].RowIndex;
+        moves.push_back(TimeOf([&] { row = operations.FinishMove(first, MoveChoice::Child); }));
+        deletes.push_back(TimeOf([&] { operations.DeleteNode(row, DeleteMode::AskAndDelete); }));
+    }
+    std::printf(" %9.2f %9.2f %9.2f", Median(adds), Median(moves), Median(deletes));
+}
+
+double MeasureRenumber(TreeModel& tree) {
+    NoPrompts prompts;
+    NodeTransfer transfer;
+    NodeOperations operations(tree, transfer, {prompts, {}, {}, {}});
+    transfer.Pending = PendingNode{QStringLiteral("First"), {}, NodePosition::Above, {}, {}, {}};
+    double last = 0;
+    for (QString sort = QStringLiteral("9"); tree.Nodes()[0].Sort < sort;) {
+        sort = tree.Nodes()[0].Sort;
+        last = TimeOf([&] { operations.AddOrMoveNode(tree.Nodes()[0].RowIndex, NodeMode::Add); });
+    }
+    return last;
+}
+
+void Measure(const QString& below, int count, bool flat) {
+    const QTemporaryDir folder(below + QStringLiteral("/bench-tree-XXXXXX"));
+    MakeTree(folder.path(), count, flat);
+    TreeSettings settings;
+    settings.ContentFolder = folder.path();
+    TreeModel tree(QStringLiteral("E:\\Paneda"));
+    const double walk = MedianOf([&] { Walk(folder.path()); });
+    const double load = MedianOf([&] {
+        tree.Open(QStringLiteral("Tree"), settings, 1);
+        ExpandAll(tree);
+    });
+    if (int(tree.Nodes().size()) != count)
+        qFatal("%d nodes were loaded.", int(tree.Nodes().size()));
+    double toggle = 0;
+    if (!flat) {
+        const int row = tree.Nodes()[0].RowIndex;
+        toggle = MedianOf([&] {
+            tree.ToggleNode(row);
+            tree.ToggleNode(row);
+        });
+    }
+    std::printf("%8d %-7s %9.2f %9.2f %9.2f %9.2f", count, flat ? "one" : "many", walk, load, load / walk,
+                toggle);
+    MeasureChanges(tree);
+    flat ? std::printf(" %9.0f\n", MeasureRenumber(tree)) : std::printf("\n");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    const QString below = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::tempPath();
+    std::printf("Medians of %d runs, in ms; renumber once\n", kRuns);
+    std::printf("%8s %-7s %9s %9s %9s %9s %9s %9s %9s %9s\n", "nodes", "levels", "walk", "load", "load/walk",
+                "toggle", "add", "move", "delete", "renumber");
+    for (const bool flat : {true, false}) {
+        for (const int count : {1'000, 5'555, 10'000})
+            Measure(below, count, flat);
+    }
+    return 0;
+}

@@ -1,0 +1,125 @@
+#include "notes/node_files.h"
+
+#include "notes/node_properties.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QUuid>
+
+#include <algorithm>
+#include <cmath>
+
+namespace paneda {
+
+namespace {
+
+constexpr int kAttempts = 50;
+constexpr qint64 kLeftoverDays = 1;
+const QString kMoving = QStringLiteral(".moving-");
+const QString kDeleted = QStringLiteral(".deleted-");
+
+QString FolderName(double number) {
+    return QString::number(std::llround(number)).rightJustified(6, u'0');
+}
+
+// A folder of our own that no loader shows.
+tl::expected<QString, FileError> MakeHiddenFolder(const QString& contentFolder, const QString& prefix) {
+    const QString path = contentFolder + u'/' + prefix + QUuid::createUuid().toString(QUuid::Id128);
+    if (const EntryResult made = MakeNewFolder(path); !made)
+        return tl::make_unexpected(made.error().Error);
+    return path;
+}
+
+// A copy that another program is making must not be touched.
+void RemoveLeftovers(const QString& contentFolder, const QDateTime& now) {
+    QDirIterator folders(contentFolder, {kMoving + u'*', kDeleted + u'*'},
+                         QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    while (folders.hasNext()) {
+        const QString folder = folders.next();
+        const bool isOld = folders.fileInfo().lastModified().daysTo(now) > kLeftoverDays;
+        // Whatever stays is tried again the next time.
+        if (isOld || folders.fileName().startsWith(kDeleted))
+            std::ignore = RemoveTree(folder);
+    }
+}
+
+tl::expected<MovedFolder, FileError> PlaceCopy(const NodeMove& move, const QString& copy) {
+    if (const FileResult copied = CopyTree(move.SourceFolder, copy); !copied)
+        return tl::make_unexpected(copied.error());
+    const FileResult sorted = WriteSort(copy, move.ChooseSort(ScanSiblings(move.TargetLevel)));
+    if (!sorted)
+        return tl::make_unexpected(sorted.error());
+    auto claimed =
+        ClaimFolder(move.TargetLevel, [&copy](const QString& path) { return RenameEntry(copy, path); });
+    if (!claimed)
+        return tl::make_unexpected(claimed.error().Error);
+    return MovedFolder{std::move(*claimed), {}};
+}
+
+tl::expected<MovedFolder, FileError> MoveToOtherVolume(const NodeMove& move) {
+    const auto hidden = MakeHiddenFolder(move.TargetContent, kMoving);
+    if (!hidden)
+        return tl::make_unexpected(hidden.error());
+    auto moved = PlaceCopy(move, *hidden + QStringLiteral("/node"));
+    const FileResult cleaned = RemoveTree(*hidden);
+    if (!moved)
+        return moved;
+    if (!cleaned)
+        moved->Failures.push_back(cleaned.error());
+    const FileResult removed = RemoveNodeFolder(move.SourceContent, move.SourceFolder, move.Now);
+    if (!removed)
+        moved->Failures.push_back(removed.error());
+    return moved;
+}
+
+} // namespace
+
+tl::expected<ClaimedFolder, EntryError> ClaimFolder(const QString& levelFolder,
+                                                    const std::function<EntryResult(const QString&)>& take) {
+    double number = 0;
+    for (int attempt = 1;; ++attempt) {
+        ClaimedFolder claimed{{}, ScanSiblings(levelFolder)};
+        // What has the name need not be a folder that a scan sees.
+        number = std::max(claimed.Scan.HighestNumber, number) + 1;
+        claimed.Folder = FolderName(number);
+        const EntryResult taken = take(levelFolder + u'/' + claimed.Folder);
+        if (taken)
+            return claimed;
+        if (taken.error().Problem != EntryProblem::AlreadyThere || attempt == kAttempts)
+            return tl::make_unexpected(taken.error());
+    }
+}
+
+tl::expected<MovedFolder, FileError> MoveNodeFolder(const NodeMove& move) {
+    auto claimed = ClaimFolder(move.TargetLevel,
+                               [&move](const QString& path) { return RenameEntry(move.SourceFolder, path); });
+    if (!claimed && claimed.error().Problem == EntryProblem::OtherVolume)
+        return MoveToOtherVolume(move);
+    if (!claimed)
+        return tl::make_unexpected(claimed.error().Error);
+    MovedFolder moved{std::move(*claimed), {}};
+    const FileResult sorted =
+        WriteSort(move.TargetLevel + u'/' + moved.Claimed.Folder, move.ChooseSort(moved.Claimed.Scan));
+    if (!sorted)
+        moved.Failures.push_back(sorted.error());
+    return moved;
+}
+
+FileResult RemoveNodeFolder(const QString& contentFolder, const QString& nodeFolder, const QDateTime& now) {
+    RemoveLeftovers(contentFolder, now);
+    if (!EntryExists(nodeFolder))
+        return {};
+    const auto hidden = MakeHiddenFolder(contentFolder, kDeleted);
+    if (!hidden)
+        return tl::make_unexpected(hidden.error());
+    const EntryResult renamed = RenameEntry(nodeFolder, *hidden + QStringLiteral("/node"));
+    const FileResult removed = RemoveTree(*hidden);
+    if (renamed)
+        return removed;
+    // On a volume of its own it can only be removed where it is.
+    if (renamed.error().Problem == EntryProblem::OtherVolume)
+        return RemoveTree(nodeFolder);
+    return tl::make_unexpected(renamed.error().Error);
+}
+
+} // namespace paneda

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "core/file_io.h"
+
+#include <QString>
+
+namespace paneda {
+
+// A node's own icon: Image.png, which wins, or Image.ico in its folder, in any case of letters.
+
+// Copies a picture to "Image." and the last three characters of its name.
+FileResult CopyNodeIcon(const QString& source, const QString& nodeFolder);
+
+// Gives a node another icon, or none for an empty source. The new picture stands before the old one goes.
+FileResult ChangeNodeIcon(const QString& source, const QString& nodeFolder);
+
+// Where the icon of a web address belongs.
+QString FaviconFile(const QString& nodeFolder);
+
+} // namespace paneda

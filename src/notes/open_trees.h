@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace paneda {
+
+// What the tree window does to the controls that show its trees. Numbers count from 1.
+struct TreeSwitch {
+    std::optional<int> Unload;
+    // A new control, filled with this tree.
+    std::optional<int> Load;
+    // The control to be made visible in front of the others.
+    std::optional<int> Show;
+
+    friend bool operator==(const TreeSwitch&, const TreeSwitch&) = default;
+};
+
+// Which control of the tree window shows which tree. A tree once opened stays so, and a number is never used
+// again.
+class OpenTrees {
+public:
+    // Drops `removeTree`, then shows `showTree`, opening it if need be; empty stands for none. A tree that is
+    // opened along with a removal is not brought to the front.
+    TreeSwitch RefreshTree(const QString& showTree, const QString& removeTree);
+
+    // The control of a tree; nothing when it is not open.
+    std::optional<int> ControlOf(const QString& tree) const;
+
+    // By control, the first being 1. A dropped tree leaves a mark, which keeps the numbers of the others.
+    const QStringList& Names() const { return names_; }
+
+private:
+    QStringList names_;
+};
+
+} // namespace paneda

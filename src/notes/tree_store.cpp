@@ -1,0 +1,113 @@
+#include "notes/tree_store.h"
+
+#include "core/app_state.h"
+#include "core/file_io.h"
+#include "core/ini_file.h"
+#include "core/names.h"
+#include "core/path_conversion.h"
+
+#include <QDir>
+#include <QDirIterator>
+
+#include <algorithm>
+
+namespace paneda {
+
+namespace {
+
+const QString kIniEnd = QStringLiteral(".ini");
+
+QString SettingsFolder(const QString& appFolder) {
+    return FindEntry(appFolder, QStringLiteral("Setting2"));
+}
+
+bool IsNodeFolderName(const QString& name) {
+    return !name.startsWith(u'.');
+}
+
+uint HexPair(const QString& text) {
+    bool isHex = false;
+    const uint value = text.toUInt(&isHex, 16);
+    return isHex ? value : 0;
+}
+
+} // namespace
+
+QStringList ListTrees(const QString& appFolder) {
+    QStringList trees;
+    for (const QString& file : ListFiles(SettingsFolder(appFolder))) {
+        if (file.endsWith(kIniEnd, Qt::CaseInsensitive))
+            trees.append(WithoutExtension(file));
+    }
+    return trees;
+}
+
+QString TreeIniFile(const QString& appFolder, const QString& treeName) {
+    return FindEntry(SettingsFolder(appFolder), treeName + kIniEnd);
+}
+
+TreeSettings ReadTreeSettings(const AppState& state, const QString& treeName) {
+    const IniText text = ReadIniFile(TreeIniFile(state.AppFolder, treeName));
+    TreeSettings settings;
+    settings.Path = text.Value(u"Properties", u"Path");
+    settings.NoteBackColor = ReadHexColour(text.Value(u"Note", u"Background Color"));
+    settings.NoteTitleColor = ReadHexColour(text.Value(u"Note", u"Title Color"));
+    settings.NoteTitle2Color = ReadHexColour(text.Value(u"Note", u"Title 2 Color"));
+    ResolveContentFolder(settings, state.AppPath, state.Drives);
+    if (!settings.ContentFolder.isEmpty()) {
+        const QString shared = FindEntry(settings.ContentFolder, QStringLiteral("Properties.ini"));
+        settings.MultiUser =
+            ReadIni(QStringLiteral("Properties"), QStringLiteral("Multiuser"), shared) == u"1";
+    }
+    return settings;
+}
+
+QString ResolveStoredPath(const QString& path, const QString& appPath) {
+    return path.startsWith(u'/') ? path : ToAbsolutePath(path, appPath);
+}
+
+void ResolveContentFolder(TreeSettings& settings, const QString& appPath, const DriveMap& drives) {
+    QString stored = ResolveStoredPath(settings.Path, appPath);
+    while (stored.endsWith(u'\\') || (stored.endsWith(u'/') && stored.size() > 1))
+        stored.chop(1);
+    settings.ContentFolder = drives.ToHost(stored, appPath);
+    settings.ShownFolder =
+        settings.ContentFolder.isEmpty() ? stored : QDir::toNativeSeparators(settings.ContentFolder);
+}
+
+QRgb ReadHexColour(const QString& text) {
+    return qRgb(int(HexPair(text.left(2))), int(HexPair(text.mid(2, 2))), int(HexPair(text.right(2))));
+}
+
+QString LevelFolder(const QString& contentFolder, const QString& relativePath) {
+    if (contentFolder.isEmpty())
+        return {};
+    QString folder = contentFolder;
+    if (folder.endsWith(u'/'))
+        folder.chop(1);
+    folder += QString(relativePath).replace(u'\\', u'/');
+    // The root of a drive keeps its separator.
+    if (relativePath.size() > 1 || !contentFolder.endsWith(u'/'))
+        folder.chop(1);
+    return folder;
+}
+
+QStringList ListNodeFolders(const QString& levelFolder) {
+    if (levelFolder.isEmpty())
+        return {};
+    QStringList folders = ListFolders(levelFolder);
+    folders.removeIf([](const QString& name) { return !IsNodeFolderName(name); });
+    return folders;
+}
+
+bool HasSubfolder(const QString& nodeFolder) {
+    QDirIterator folders(nodeFolder, QDir::Dirs | QDir::NoDotAndDotDot);
+    while (folders.hasNext()) {
+        folders.next();
+        if (IsNodeFolderName(folders.fileName()))
+            return true;
+    }
+    return false;
+}
+
+} // namespace paneda

@@ -1,0 +1,124 @@
+#include "core/text_rules.h"
+#include "notes/sort_value.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+
+class tst_sort_value : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void chooses_data();
+    void chooses();
+    void halvesDownToTheEnd();
+    void evenSortsFitTenDigits();
+    void renumberingKeepsTheOrder();
+};
+
+void tst_sort_value::chooses_data() {
+    QTest::addColumn<NodePosition>("position");
+    QTest::addColumn<QString>("base");
+    QTest::addColumn<QString>("level"); // texts between ","
+    QTest::addColumn<QString>("sort");
+    QTest::addColumn<bool>("renumber");
+
+    using enum NodePosition;
+    const QString two = u"0001000000,0002000000"_s;
+    QTest::newRow("first of a tree") << Below << u"0000000000"_s << u""_s << u"0001000000"_s << false;
+    QTest::newRow("append") << Below << u"0002000000"_s << two << u"0003000000"_s << false;
+    QTest::newRow("between, below") << Below << u"0001000000"_s << two << u"0001500000"_s << false;
+    QTest::newRow("between, above") << Above << u"0002000000"_s << two << u"0001500000"_s << false;
+    QTest::newRow("above the first") << Above << u"0001000000"_s << two << u"0000500000"_s << false;
+    QTest::newRow("a half rounds up")
+        << Above << u"0000000005"_s << u"0000000005"_s << u"0000000003"_s << false;
+    QTest::newRow("gap 2") << Below << u"0000000005"_s << u"0000000005,0000000007"_s << u"0000000006"_s
+                           << false;
+    QTest::newRow("gap 1, below") << Below << u"0000000005"_s << u"0000000005,0000000006"_s
+                                  << u"0000000006.5"_s << true;
+    QTest::newRow("gap 1, above") << Above << u"0000000006"_s << u"0000000005,0000000006"_s
+                                  << u"0000000004.5"_s << true;
+    QTest::newRow("nothing above 1") << Above << u"0000000001"_s << u"0000000001"_s << u"-0000000000.5"_s
+                                     << true;
+    QTest::newRow("temporary form") << Below << u"0000000005"_s << u"0000000005,0000000005.5"_s
+                                    << u"0000000006.0"_s << true;
+    QTest::newRow("past the temporary form")
+        << Above << u"0000000009"_s << u"0000000005.5,0000000009"_s << u"0000000007"_s << false;
+    QTest::newRow("equal ones are no neighbours")
+        << Below << u"0001000000"_s << u"0001000000,0001000000,0003000000"_s << u"0002000000"_s << false;
+    QTest::newRow("absent sorts first") << Below << u""_s << u",0001000000"_s << u"0000500000"_s << false;
+    QTest::newRow("above an absent one") << Above << u""_s << u",0001000000"_s << u"-0000000000.5"_s << true;
+    QTest::newRow("letters are above all")
+        << Below << u"0002000000"_s << two + u",B"_s << u"0003000000"_s << false;
+    QTest::newRow("first child") << Child << u"0009000000"_s << u""_s << u"0001000000"_s << false;
+    QTest::newRow("last child") << Child << u"0000000001"_s << two << u"0003000000"_s << false;
+    QTest::newRow("no eleventh digit")
+        << Below << u"9999000000"_s << u"9999000000"_s << u"9999999999.9"_s << true;
+    QTest::newRow("the last ten digits") << Child << u""_s << u"9998999999"_s << u"9999999999"_s << false;
+}
+
+void tst_sort_value::chooses() {
+    QFETCH(const NodePosition, position);
+    QFETCH(const QString, base);
+    QFETCH(const QString, level);
+    const SortChoice choice = ChooseSort(position, base, NeighbourSort(position, base, level.split(u',')));
+    QTEST(choice.Sort, "sort");
+    QTEST(choice.Renumber, "renumber");
+}
+
+void tst_sort_value::halvesDownToTheEnd() {
+    QStringList level{FormatSort(1'000'000)};
+    QStringList tail;
+    for (SortChoice choice; !choice.Renumber;) {
+        choice = ChooseSort(NodePosition::Above, level.first(),
+                            NeighbourSort(NodePosition::Above, level.first(), level));
+        level.prepend(choice.Sort);
+    }
+    QCOMPARE(level.mid(0, 5), (QStringList{u"-0000000000.5"_s, u"0000000001"_s, u"0000000002"_s,
+                                           u"0000000004"_s, u"0000000008"_s}));
+    QCOMPARE(level.mid(level.size() - 3), (QStringList{u"0000250000"_s, u"0000500000"_s, u"0001000000"_s}));
+}
+
+void tst_sort_value::evenSortsFitTenDigits() {
+    QCOMPARE(EvenSorts(3), (QStringList{u"0001000000"_s, u"0002000000"_s, u"0003000000"_s}));
+    for (const int count : {9'999, 10'000, 250'000}) {
+        const QStringList sorts = EvenSorts(std::size_t(count));
+        QCOMPARE(sorts.size(), count);
+        QVERIFY(std::adjacent_find(sorts.begin(), sorts.end(), [](const QString& a, const QString& b) {
+                    return a.size() != 10 || b.size() != 10 || CompareText(a, b) >= 0;
+                }) == sorts.end());
+    }
+}
+
+// Killed behind any write, a level stands in its order, equal texts by place.
+void tst_sort_value::renumberingKeepsTheOrder() {
+    QRandomGenerator random(4711);
+    const QStringList odd{u""_s,          u"-0000000000.5"_s, u"A"_s, u"99999999999"_s, u"0000000004.5"_s,
+                          u"0003000000"_s};
+    for (int run = 0; run < 2'000; ++run) {
+        const int count = random.bounded(12);
+        const double scale = std::pow(10, random.bounded(11));
+        QStringList level;
+        for (int i = 0; i < count; ++i)
+            level.append(random.bounded(5) == 0 ? odd[random.bounded(int(odd.size()))]
+                                                : FormatSort(random.generateDouble() * scale));
+        std::sort(level.begin(), level.end(),
+                  [](const QString& a, const QString& b) { return CompareText(a, b) < 0; });
+        const QStringList wanted = EvenSorts(std::size_t(count));
+        for (const SortWrite& write : PlanRenumber(level, wanted)) {
+            QVERIFY(level[qsizetype(write.Index)] != write.Sort);
+            level[qsizetype(write.Index)] = write.Sort;
+            QVERIFY2(std::is_sorted(level.begin(), level.end(),
+                                    [](const QString& a, const QString& b) { return CompareText(a, b) < 0; }),
+                     qPrintable(level.join(u' ')));
+        }
+        QCOMPARE(level, wanted);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_sort_value)
+#include "tst_sort_value.moc"

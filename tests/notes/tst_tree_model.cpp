@@ -1,0 +1,241 @@
+#include "notes/open_trees.h"
+#include "notes/shortcut_start.h"
+#include "tree_desk.h"
+
+#include <QDir>
+#include <QTest>
+
+using namespace paneda;
+using namespace paneda::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Follows the rows by what it is told alone.
+class Follower : public TreeListener {
+public:
+    explicit Follower(TreeModel& tree) : tree_(tree) {
+        tree.SetListener(this);
+        TreeLoaded();
+    }
+
+    std::vector<int> Rows;
+    QStringList Changed;
+
+    void TreeLoaded() override {
+        Rows.clear();
+        RowsAdded(0, int(tree_.Nodes().size()));
+    }
+
+    void RowsAdded(int position, int count) override {
+        for (int i = position; i < position + count; ++i)
+            Rows.insert(Rows.begin() + i, tree_.Nodes()[std::size_t(i)].RowIndex);
+    }
+
+    void RowsRemoved(int position, const std::vector<int>& rows) override {
+        for (const int row : rows) {
+            if (Rows[std::size_t(position)] != row)
+                qFatal("Another row stands there.");
+            Rows.erase(Rows.begin() + position);
+        }
+    }
+
+    void RowChanged(int row) override { Changed.append(tree_.Find(row)->Name); }
+
+private:
+    TreeModel& tree_;
+};
+
+std::vector<int> RowIndexes(const TreeModel& tree) {
+    std::vector<int> rows;
+    for (const TreeNode& node : tree.Nodes())
+        rows.push_back(node.RowIndex);
+    return rows;
+}
+
+} // namespace
+
+class tst_tree_model : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void loadsOneLevel();
+    void expandsAndCollapses();
+    void namelessChildren();
+    void refreshes();
+    void switchesTrees();
+    void startsLinks_data();
+    void startsLinks();
+};
+
+void tst_tree_model::loadsOneLevel() {
+    TreeDesk desk;
+    desk.Put(u"Tree/000001"_s, "late", "0003000000",
+             "Description=d\r\n[Link]\r\nType=File\r\nTarget=..\\x.exe\r\n"
+             "Parameter=p\r\nStart In=s\r\nWindow State=Maximized\r\n");
+    desk.Put(u"Tree/000002"_s, "equal b", "0002000000");
+    desk.Put(u"Tree/000003"_s, "equal a", "0002000000");
+    desk.Put(u"Tree/000004"_s, "unsorted", "");
+    desk.Put(u"Tree/000005"_s, "web", "A", "[Link]\r\nType=URL\r\nTarget=example.org\r\nParameter=no\r\n");
+    desk.Put(u"Tree/000006"_s, "", "0000000001");
+    desk.Put(u"Tree/.moving-1"_s, "hidden", "0000000001");
+    desk.Put(u"Tree/my own"_s, "own", "B");
+    desk.Put(u"Tree/000002/000001"_s, "child", "0001000000");
+    desk.Store.AddFolder(u"Tree/000003/.deleted-1"_s);
+    desk.Store.AddFile(u"Tree/000001 late.txt"_s);
+    desk.Store.AddFile(u"Tree/000007/properties.INI"_s, "[properties]\nname=spelling\nSORT=C\n");
+    const TreeModel& tree = desk.Open(u"Tree"_s);
+    QCOMPARE(TreeDesk::Rows(tree),
+             (QStringList{u"unsorted "_s, u"+equal b 0002000000"_s, u"equal a 0002000000"_s,
+                          u"late 0003000000"_s, u"web A"_s, u"own B"_s, u"spelling C"_s}));
+    QCOMPARE(RowIndexes(tree), (std::vector{1, 2, 3, 4, 5, 6, 7}));
+    const TreeNode expected{u"late"_s,
+                            u"0003000000"_s,
+                            u"000001"_s,
+                            4,
+                            u"\\"_s,
+                            0,
+                            BranchState::Leaf,
+                            u"Tree"_s,
+                            u"d"_s,
+                            u"File"_s,
+                            {u"E:\\x.exe"_s, u"p"_s, u"s"_s, u"Maximized"_s}};
+    QCOMPARE(tree.Nodes()[3], expected);
+    QCOMPARE(tree.Nodes()[4].LinkData, (NodeLink{u"example.org"_s, {}, {}, {}}));
+    QCOMPARE(tree.LastTop(), 60 + 6 * 270);
+}
+
+void tst_tree_model::expandsAndCollapses() {
+    TreeDesk desk;
+    desk.Put(u"Tree/000001"_s, "a", "1");
+    desk.Put(u"Tree/000002"_s, "b", "2");
+    desk.Put(u"Tree/000001/000003"_s, "a1", "1");
+    desk.Put(u"Tree/000001/000001"_s, "a2", "2");
+    desk.Put(u"Tree/000001/000001/000001"_s, "a2x", "1");
+    desk.Put(u"Tree/000002/000001"_s, "b1", "1");
+    TreeModel& tree = desk.Open(u"Tree"_s);
+    Follower follower(tree);
+    tree.ToggleNode(1);
+    tree.ToggleNode(TreeDesk::Row(tree, u"a2"_s));
+    QCOMPARE(TreeDesk::Rows(tree),
+             (QStringList{u"-a 1"_s, u"  a1 1"_s, u"  -a2 2"_s, u"    a2x 1"_s, u"+b 2"_s}));
+    QCOMPARE(RowIndexes(tree), (std::vector{1, 3, 4, 5, 2}));
+    QCOMPARE(follower.Rows, RowIndexes(tree));
+    const TreeNode& deep = tree.Nodes()[3];
+    QCOMPARE(deep.RelativePath, u"\\000001\\000001\\"_s);
+    QCOMPARE(deep.PathLabel, u"Tree \\ a \\ a2"_s);
+    QCOMPARE(deep.Level, 2);
+    QCOMPARE(tree.NodeFolder(deep), desk.Store.Path(u"Tree/000001/000001/000001"_s));
+
+    tree.ToggleNode(5); // a leaf
+    tree.SelectRow(5);
+    tree.ToggleNode(1);
+    QCOMPARE(tree.SelectedRow(), -1);
+    QCOMPARE(TreeDesk::Rows(tree), (QStringList{u"+a 1"_s, u"+b 2"_s}));
+    QCOMPARE(tree.FreeRows(), (std::vector{3, 4, 5}));
+    tree.SelectRow(2);
+    tree.ToggleNode(2);
+    tree.ToggleNode(1);
+    // Released rows come first, and what was expanded below is not.
+    QCOMPARE(TreeDesk::Rows(tree),
+             (QStringList{u"-a 1"_s, u"  a1 1"_s, u"  +a2 2"_s, u"-b 2"_s, u"  b1 1"_s}));
+    QCOMPARE(RowIndexes(tree), (std::vector{1, 4, 3, 2, 5}));
+    QVERIFY(tree.FreeRows().empty());
+    QCOMPARE(tree.SelectedRow(), 2);
+    QCOMPARE(follower.Rows, RowIndexes(tree));
+    QCOMPARE(follower.Changed, (QStringList{u"a"_s, u"a2"_s, u"a"_s, u"b"_s, u"a"_s}));
+}
+
+void tst_tree_model::namelessChildren() {
+    TreeDesk desk;
+    desk.Put(u"Tree/000001"_s, "a", "1");
+    desk.Store.AddFolder(u"Tree/000001/000001"_s);
+    TreeModel& tree = desk.Open(u"Tree"_s);
+    tree.ToggleNode(1);
+    QCOMPARE(TreeDesk::Rows(tree), QStringList{u"-a 1"_s});
+    tree.ToggleNode(1);
+    QCOMPARE(TreeDesk::Rows(tree), QStringList{u"+a 1"_s});
+}
+
+void tst_tree_model::refreshes() {
+    TreeDesk desk;
+    TreeModel& tree = desk.Open(u"Tree"_s);
+    Follower follower(tree);
+    QVERIFY(tree.CanvasTip().startsWith(u"Right click to add first note in this tree, subsequents "));
+    QCOMPARE(tree.Refresh(), RefreshOutcome::OfferFirstNote);
+    desk.Put(u"Tree/000001"_s, "a", "1");
+    desk.Put(u"Tree/000001/000001"_s, "a1", "1");
+    QVERIFY(tree.Nodes().empty());
+    QCOMPARE(tree.Refresh(), RefreshOutcome::Shown);
+    QVERIFY(tree.CanvasTip().isEmpty());
+    tree.ToggleNode(1);
+    tree.CollapseNode(1);
+    tree.SelectRow(1);
+    QCOMPARE(tree.Refresh(), RefreshOutcome::Shown);
+    QVERIFY(tree.FreeRows().empty() && tree.SelectedRow() == -1);
+    QCOMPARE(TreeDesk::Rows(tree), QStringList{u"+a 1"_s});
+    QCOMPARE(follower.Rows, std::vector{1});
+    QVERIFY(QDir(desk.Store.Path(u"Tree"_s)).removeRecursively());
+    QCOMPARE(tree.Refresh(), RefreshOutcome::FolderNotFound);
+    QCOMPARE(tree.NotFoundText(), u"Folder  '"_s + desk.Store.Path(u"Tree"_s) + u"'  Not Found!"_s);
+
+    TreeModel nowhere(kAppPath);
+    nowhere.Open(u"None"_s, {}, 1);
+    QCOMPARE(nowhere.Refresh(), RefreshOutcome::FolderNotFound);
+}
+
+void tst_tree_model::switchesTrees() {
+    OpenTrees trees;
+    QCOMPARE(trees.RefreshTree(u"A"_s, {}), (TreeSwitch{{}, 1, 1}));
+    QCOMPARE(trees.RefreshTree(u"B"_s, {}), (TreeSwitch{{}, 2, 2}));
+    QCOMPARE(trees.RefreshTree(u"A"_s, {}), (TreeSwitch{{}, {}, 1}));
+    QCOMPARE(trees.RefreshTree({}, u"none"_s), TreeSwitch());
+    QCOMPARE(trees.RefreshTree({}, u"A"_s), (TreeSwitch{1, {}, {}}));
+    QCOMPARE(trees.RefreshTree(u"A"_s, {}), (TreeSwitch{{}, 3, 3}));
+    // Loaded anew behind the others.
+    QCOMPARE(trees.RefreshTree(u"B"_s, u"B"_s), (TreeSwitch{2, 4, {}}));
+    QCOMPARE(trees.Names(), (QStringList{u"XXDELETED TREEXX"_s, u"XXDELETED TREEXX"_s, u"A"_s, u"B"_s}));
+    QCOMPARE(trees.RefreshTree({}, u"XXDELETED TREEXX"_s), TreeSwitch());
+}
+
+void tst_tree_model::startsLinks_data() {
+    using Action = LaunchRequest::Action;
+    QTest::addColumn<TreeNode>("node");
+    QTest::addColumn<LaunchRequest>("request");
+    const auto file = [](const NodeLink& link) {
+        TreeNode node;
+        node.Type = kFileNode;
+        node.LinkData = link;
+        return node;
+    };
+    TreeNode note;
+    note.LinkData.Target = u"E:\\x.exe"_s;
+    QTest::newRow("note") << note << LaunchRequest();
+    QTest::newRow("start folder and minimized")
+        << file({u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, u"Minimized"_s})
+        << LaunchRequest{Action::OpenTarget, u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, ShowCommand::Minimized};
+    QTest::newRow("folder of the target, maximized") << file({u"bin\\x.exe"_s, {}, {}, u"Maximized"_s})
+                                                     << LaunchRequest{Action::OpenTarget,
+                                                                      u"E:\\Paneda\\bin\\x.exe"_s,
+                                                                      {},
+                                                                      u"E:\\Paneda\\bin\\"_s,
+                                                                      ShowCommand::Maximized};
+    QTest::newRow("host path")
+        << file({u"/usr/bin/x"_s, {}, {}, u"maximized"_s})
+        << LaunchRequest{Action::OpenTarget, u"/usr/bin/x"_s, {}, u"/usr/bin/"_s, ShowCommand::Normal};
+    QTest::newRow("no target") << file({u" "_s, u"p"_s, u"s"_s, {}}) << LaunchRequest();
+    TreeNode web;
+    web.Type = kUrlNode;
+    web.LinkData.Target = u"example.org"_s;
+    QTest::newRow("address")
+        << web << LaunchRequest{Action::OpenBrowser, u"b.exe"_s, u"example.org"_s, {}, ShowCommand::Normal};
+}
+
+void tst_tree_model::startsLinks() {
+    QFETCH(const TreeNode, node);
+    QFETCH(const LaunchRequest, request);
+    QVERIFY(DecideNodeStart(node, kAppPath, u"b.exe"_s) == request);
+}
+
+QTEST_GUILESS_MAIN(tst_tree_model)
+#include "tst_tree_model.moc"

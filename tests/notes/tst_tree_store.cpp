@@ -1,0 +1,155 @@
+#include "core/app_state.h"
+#include "notes/node_properties.h"
+#include "notes/remark_file.h"
+#include "notes/tree_store.h"
+#include "support/store_builder.h"
+
+#include <QDir>
+#include <QTest>
+
+using namespace paneda;
+using namespace Qt::StringLiterals;
+using paneda::test::StoreBuilder;
+
+class tst_tree_store : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsTreesAndSettings();
+    void colours_data();
+    void colours();
+    void contentFolder_data();
+    void contentFolder();
+    void remarkNames_data();
+    void remarkNames();
+    void remarkFollowsItsNode();
+    void propertiesKeepTexts();
+};
+
+void tst_tree_store::readsTreesAndSettings() {
+    const StoreBuilder store;
+    AppState state = store.State();
+    state.AppPath = QDir::toNativeSeparators(store.AppFolder()).replace(u'/', u'\\');
+    state.Drives = DriveMap::FromMountPoints({});
+    state.AppPath.prepend(state.AppPath.startsWith(u'\\') ? u"C:"_s : QString());
+    store.AddFile(u"SETTING2/work.Notes.INI"_s,
+                  "[properties]\nPATH=data\\Work\\\n[Note]\nTitle Color=12aBfF\nTitle 2 Color=0000FF\n");
+    store.AddFile(u"SETTING2/Another.ini"_s);
+    store.AddFile(u"SETTING2/ini"_s);
+    store.AddFile(u"SETTING2/Old.ini.bak"_s);
+    store.AddFile(u"data/Work/properties.INI"_s, "[Properties]\nMultiuser=1\n");
+    QCOMPARE(ListTrees(store.AppFolder()), (QStringList{u"Another"_s, u"work.Notes"_s}));
+
+    const TreeSettings settings = ReadTreeSettings(state, u"Work.notes"_s);
+    QCOMPARE(settings.Path, u"data\\Work\\"_s);
+    QCOMPARE(settings.ContentFolder, store.Path(u"data/Work"_s));
+    QCOMPARE(settings.NoteBackColor, 0xFF000000u);
+    QCOMPARE(settings.NoteTitleColor, 0xFF12ABFFu);
+    QCOMPARE(settings.NoteTitle2Color, 0xFF0000FFu);
+    QVERIFY(settings.MultiUser);
+    const TreeSettings none = ReadTreeSettings(state, u"None"_s);
+    QCOMPARE(none.ContentFolder, QString());
+    QVERIFY(!none.MultiUser && ListNodeFolders(none.ContentFolder).isEmpty());
+    QVERIFY(ListTrees(store.Path(u"data"_s)).isEmpty());
+}
+
+void tst_tree_store::colours_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QRgb>("colour");
+    QTest::newRow("red first") << u"FF8001"_s << 0xFFFF8001u;
+    QTest::newRow("no digits") << u"zz80-1"_s << 0xFF008000u;
+    QTest::newRow("short") << u"F"_s << 0xFF0F000Fu;
+}
+
+void tst_tree_store::colours() {
+    QFETCH(const QString, text);
+    QTEST(ReadHexColour(text), "colour");
+}
+
+void tst_tree_store::contentFolder_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("shown");
+    const QString app = u"/media/stick/Tools/Paneda"_s;
+    QTest::newRow("relative") << u"Data\\Tree"_s << app + u"/Data/Tree"_s << app + u"/Data/Tree"_s;
+    QTest::newRow("upwards") << u"..\\Notes\\"_s << u"/media/stick/Tools/Notes"_s
+                             << u"/media/stick/Tools/Notes"_s;
+    QTest::newRow("without drive") << u"\\Notes"_s << u"/media/stick/Notes"_s << u"/media/stick/Notes"_s;
+    QTest::newRow("another drive") << u"c:\\home\\n"_s << u"/home/n"_s << u"/home/n"_s;
+    QTest::newRow("a drive's root") << u"D:\\"_s << u"/media/stick"_s << u"/media/stick"_s;
+    QTest::newRow("no such drive") << u"Q:\\Notes"_s << u""_s << QDir::fromNativeSeparators(u"Q:\\Notes"_s);
+    QTest::newRow("host path") << u"/srv/notes/"_s << u"/srv/notes"_s << u"/srv/notes"_s;
+    QTest::newRow("blanks") << u"  "_s << u""_s << u""_s;
+}
+
+void tst_tree_store::contentFolder() {
+    QFETCH(const QString, path);
+    TreeSettings settings;
+    settings.Path = path;
+    ResolveContentFolder(settings, u"D:\\Tools\\Paneda"_s, DriveMap::FromMountPoints({u"/media/stick"_s}));
+    QTEST(settings.ContentFolder, "folder");
+    QTEST(QDir::fromNativeSeparators(settings.ShownFolder), "shown");
+}
+
+void tst_tree_store::remarkNames_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("nine characters") << u"a\\b/c:d*e?f\"g<h>i|j[k]"_s
+                                     << u"000007 a-b-c-d-e-f-g-h-i-j[k].txt"_s;
+    // 240 bytes in all; a letter outside the basic plane has 4 and is not split.
+    QTest::newRow("long") << u"x"_s.repeated(254) << u"000007 "_s + u"x"_s.repeated(229) + u".txt"_s;
+    QTest::newRow("long letters") << u"\U0001F600"_s.repeated(127)
+                                  << u"000007 "_s + u"\U0001F600"_s.repeated(57) + u".txt"_s;
+}
+
+void tst_tree_store::remarkNames() {
+    QFETCH(const QString, name);
+    QTEST(RemarkFileName(u"000007"_s, name), "file");
+    const StoreBuilder store;
+    QVERIFY(WriteRemark(store.AppFolder(), u"000007"_s, name));
+    QTEST(store.Entries().value(0), "file");
+}
+
+void tst_tree_store::remarkFollowsItsNode() {
+    const StoreBuilder store;
+    const QString level = store.AppFolder();
+    QVERIFY(WriteRemark(level, u"000001"_s, u"Old"_s));
+    QCOMPARE(store.Bytes(u"000001 Old.txt"_s), "[Remark]\r\nRemark=\r\n"_ba);
+    store.AddFile(u"000001 NEW.txt"_s, "somebody's");
+    QVERIFY(MoveRemark(level, u"000001 Old.txt"_s, level, u"000001 NEW.txt"_s));
+    QCOMPARE(store.Entries(), QStringList{u"000001 NEW.txt"_s});
+    QCOMPARE(store.Bytes(u"000001 NEW.txt"_s), "somebody's"_ba);
+    QVERIFY(MoveRemark(level, u"000001 missing.txt"_s, level, u"000002 made.txt"_s));
+    QVERIFY(RemoveRemark(level, u"000001"_s, u"new"_s));
+    store.AddFile(u"000003 Folder.txt/kept"_s);
+    QVERIFY(RemoveRemark(level, u"000003"_s, u"Folder"_s));
+    QCOMPARE(store.Entries(),
+             (QStringList{u"000002 made.txt"_s, u"000003 Folder.txt/"_s, u"000003 Folder.txt/kept"_s}));
+}
+
+// What is written comes back, and the keys of a link go with it.
+void tst_tree_store::propertiesKeepTexts() {
+    const PendingNode file{
+        u"\"quoted\""_s, {},        NodePosition::Below,
+        u"'d'"_s,        kFileNode, {u"bin\\x.exe"_s, u"\"a b\" \"c\""_s, u"C:\\in"_s, u"Minimized"_s}};
+    IniText text("[Properties]\nEditing=kept\n");
+    SetNodeTitle(text, file);
+    SetNodeLink(text, file);
+    TreeNode node;
+    ReadNodeKeys(text, test::kAppPath, node);
+    QCOMPARE(node.Name, file.Name);
+    QCOMPARE(node.Description, file.Description);
+    QCOMPARE(node.LinkData, (NodeLink{u"E:\\Paneda\\bin\\x.exe"_s, file.LinkData.Parameter,
+                                      file.LinkData.StartIn, file.LinkData.WindowState}));
+    SetNodeLink(text, PendingNode{u"n"_s, {}, NodePosition::Below, {}, {}, {}});
+    ReadNodeKeys(text, test::kAppPath, node);
+    QVERIFY(node.Type.isEmpty() && node.LinkData == NodeLink());
+    QVERIFY(text.Bytes().contains("Editing=kept\n") && !text.Bytes().contains("x.exe"));
+
+    IniText note;
+    SetNodeLink(note, PendingNode{u"n"_s, {}, NodePosition::Below, {}, {}, {}});
+    QVERIFY(note.Bytes().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(tst_tree_store)
+#include "tst_tree_store.moc"
