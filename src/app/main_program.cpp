@@ -71,12 +71,15 @@ void MainProgram::ListenToOutside() {
 }
 
 PlaceScene MainProgram::Scene() const {
-    const ScreenMetrics screen = CurrentScreenMetrics();
     const QRect panel = panel_->geometry();
-    return {{PixelsToTwips(panel.x()), PixelsToTwips(panel.y()), PixelsToTwips(panel.width()),
-             PixelsToTwips(panel.height())},
-            {screen.Width, screen.Height},
-            screen.WorkAreaBottom};
+    const TwipsRect rect{PixelsToTwips(panel.x()), PixelsToTwips(panel.y()), PixelsToTwips(panel.width()),
+                         PixelsToTwips(panel.height())};
+    const ScreenPlace screen =
+        ScreenAt(*platform_.Areas, {rect.Left + rect.Width / 2, rect.Top + rect.Height / 2});
+    return {rect,
+            {screen.Metrics.Width, screen.Metrics.Height},
+            screen.Origin.Top + screen.Metrics.WorkAreaBottom,
+            screen.Origin};
 }
 
 void MainProgram::ReloadPanel() {
@@ -93,7 +96,8 @@ void MainProgram::LoadPanel() {
     panel_ = std::make_unique<frmMain>(
         state_, PanelServices{*platform_.Launcher, *platform_.Drives, *platform_.Icons, *platform_.Space,
                               *platform_.Blending, *platform_.Front, *platform_.Keys, *platform_.Mouse,
-                              *platform_.Sounds, satellites_, *prompts_, dialogs_->Actions()});
+                              *platform_.Trays, *platform_.Areas, *platform_.Sounds, satellites_, *prompts_,
+                              dialogs_->Actions()});
     connect(panel_.get(), &frmMain::Unloaded, qApp, &QCoreApplication::quit);
     panel_->Form_Load();
 }

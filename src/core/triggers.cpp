@@ -46,21 +46,23 @@ TogglePlan SideBySide(const ToggleInput& input) {
 
 int PlacedLeft(const TwipsRect& window, int extra, const PlaceScene& scene) {
     const TwipsRect& panel = scene.Panel;
-    const bool panelIsRight = scene.Screen.Width / 2 < panel.Left + panel.Width / 2;
+    const int screenLeft = scene.ScreenOrigin.Left;
+    const bool panelIsRight = screenLeft + scene.Screen.Width / 2 < panel.Left + panel.Width / 2;
     const int left = panelIsRight ? panel.Left - window.Width - extra : panel.Right() + extra;
-    return HeldBetween(left, window.Width, 0, scene.Screen.Width);
+    return HeldBetween(left, window.Width, screenLeft, screenLeft + scene.Screen.Width);
 }
 
 int PlacedTop(const TwipsRect& window, int mode, const PlaceScene& scene) {
     const TwipsRect& panel = scene.Panel;
     const int lowest = scene.WorkAreaBottom - window.Height;
+    const int screenTop = scene.ScreenOrigin.Top;
     switch (mode) {
     case kPlaceOnScreen:
-        return (scene.Screen.Height - window.Height) / 2;
+        return screenTop + (scene.Screen.Height - window.Height) / 2;
     case kPlaceAtTop:
         return std::min(panel.Top, lowest);
     case kPlaceOnPanel:
-        return std::min(std::max(panel.Top - (window.Height - panel.Height) / 2, 0), lowest);
+        return std::min(std::max(panel.Top - (window.Height - panel.Height) / 2, screenTop), lowest);
     default:
         return window.Top;
     }

@@ -83,11 +83,12 @@ WindowPlace HeldToFarEdges(WindowPlace saved, TwipsSize panel, const WorkArea& a
 // snaps to it, left and top first. Beyond the work area nothing snaps.
 WindowPlace SnapToEdges(const TwipsRect& panel, const WorkArea& area);
 
-// What a satellite window is placed by.
+// What a satellite window is placed by: the panel and the screen that it stands on.
 struct PlaceScene {
     TwipsRect Panel;
     TwipsSize Screen;
     int WorkAreaBottom = 0;
+    WindowPlace ScreenOrigin{}; // the screen's corner on the desktop that all screens share
 };
 
 // The border label that a placed window shows, on its side away from the panel. Only mode 3 decides it.

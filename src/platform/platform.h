@@ -12,7 +12,9 @@
 #include "platform/pointer.h"
 #include "platform/sound_player.h"
 #include "platform/termination.h"
+#include "platform/tray_hosts.h"
 #include "platform/volumes.h"
+#include "platform/work_areas.h"
 
 #include <memory>
 
@@ -29,6 +31,8 @@ struct Platform {
     std::unique_ptr<Hotkey> Keys;
     std::unique_ptr<Pointer> Mouse;
     std::unique_ptr<Foreground> Front;
+    std::unique_ptr<TrayHosts> Trays;
+    std::unique_ptr<WorkAreas> Areas;
     std::unique_ptr<OutsideRequest> Requests;
     std::unique_ptr<Autostart> Session;
     std::unique_ptr<SoundPlayer> Sounds;

@@ -19,7 +19,7 @@ public:
     // the time between two looks is not missed. False when it cannot be known or is not watched.
     virtual bool MiddleButtonDown() = 0;
 
-    // In pixels of the display. Where it cannot be known: where Qt saw it last.
+    // In the coordinates of windows. Where it cannot be known: where Qt saw it last.
     virtual QPoint Position() = 0;
 };
 

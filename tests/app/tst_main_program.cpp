@@ -34,6 +34,8 @@ Platform FakePlatform(bool isFirst) {
     platform.Blending = std::make_unique<FakeCompositor>();
     platform.Keys = std::make_unique<FakeHotkey>();
     platform.Mouse = std::make_unique<FakePointer>();
+    platform.Trays = std::make_unique<FakeTrayHosts>();
+    platform.Areas = std::make_unique<FakeWorkAreas>();
     platform.Front = std::make_unique<FakeForeground>();
     platform.Requests = std::make_unique<FakeRequests>();
     platform.Session = std::make_unique<FakeAutostart>();

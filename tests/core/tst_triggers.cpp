@@ -193,6 +193,16 @@ void tst_triggers::placing() {
     QFETCH(int, panelTop);
     const PlaceScene scene{{panelLeft, panelTop, 3000, 6000}, {15000, 10800}, 10500};
     QTEST(PlaceWindow(window, mode, 150, scene), "expected");
+
+    // The same on a screen that lies beside and below the first one.
+    const WindowPlace corner{15000, 1500};
+    const auto moved = [corner](const TwipsRect& rect) {
+        return TwipsRect{rect.Left + corner.Left, rect.Top + corner.Top, rect.Width, rect.Height};
+    };
+    const PlaceScene second{moved(scene.Panel), scene.Screen, scene.WorkAreaBottom + corner.Top, corner};
+    PlacedWindow placed = PlaceWindow(moved(window), mode, 150, second);
+    placed.Place = {placed.Place.Left - corner.Left, placed.Place.Top - corner.Top};
+    QTEST(placed, "expected");
 }
 
 void tst_triggers::intoView_data() {

@@ -1,11 +1,15 @@
 #include "desktop/desktop.h"
 
 #include <QGuiApplication>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QSet>
+#include <QTest>
+
+#include <utility>
 
 namespace paneda::test {
 
@@ -41,7 +45,24 @@ void ClickAt(const QPoint& place, int button, const QStringList& heldKeys) {
     words << u"click"_s << QString::number(button);
     for (const QString& key : heldKeys)
         words << u"keyup"_s << key;
+    Xdotool(words);
+}
+
+void Xdotool(const QStringList& words) {
     ToolOutput(kXdotool, words);
+}
+
+void MoveMouse(const QPoint& place) {
+    Xdotool({u"mousemove"_s, QString::number(place.x()), QString::number(place.y())});
+}
+
+void Drag(const QPoint& from, const QPoint& by) {
+    constexpr int kSteps = 4;
+    MoveMouse(from);
+    Xdotool({u"mousedown"_s, u"1"_s});
+    for (int i = 1; i <= kSteps; ++i)
+        MoveMouse(from + by * i / kSteps);
+    Xdotool({u"mouseup"_s, u"1"_s});
 }
 
 void PressKey(const QString& key) {
@@ -76,19 +97,47 @@ bool IsMaximized(const QString& window) {
 }
 
 QPoint WindowPlace(const QString& window) {
-    QPoint place(-1, -1);
-    const QStringList words{u"getwindowgeometry"_s, u"--shell"_s, window};
-    for (const QString& line : ToolOutput(kXdotool, words).split(u'\n')) {
-        if (line.startsWith(u"X="))
-            place.setX(line.sliced(2).toInt());
-        else if (line.startsWith(u"Y="))
-            place.setY(line.sliced(2).toInt());
+    return WindowRect(window).topLeft();
+}
+
+QRect WindowRect(const QString& window) {
+    static const QRegularExpression numbers(
+        u"Absolute upper-left X: +(-?\\d+)\\s+Absolute upper-left Y: +(-?\\d+).*"
+        "Width: +(\\d+)\\s+Height: +(\\d+)"_s,
+        QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = numbers.match(ToolOutput(u"xwininfo"_s, {u"-id"_s, window}));
+    const auto number = [&match](int i) { return match.captured(i).toInt(); };
+    return match.hasMatch() ? QRect(number(1), number(2), number(3), number(4)) : QRect(-1, -1, 0, 0);
+}
+
+QRect RectOf(const QString& nameAndClass, const QSize& least) {
+    const QRegularExpression place(QRegularExpression::escape(nameAndClass) +
+                                   u"  (\\d+)x(\\d+)\\S+  \\+(-?\\d+)\\+(-?\\d+)"_s);
+    QRect rect;
+    for (const QString& line : ToolOutput(u"xwininfo"_s, {u"-root"_s, u"-tree"_s}).split(u'\n')) {
+        const QRegularExpressionMatch match = place.match(line);
+        const auto number = [&match](int i) { return match.captured(i).toInt(); };
+        if (match.hasMatch() && number(1) >= least.width() && number(2) >= least.height())
+            rect = QRect(number(3), number(4), number(1), number(2));
     }
-    return place;
+    return rect;
 }
 
 QImage WindowPicture(const QString& window) {
     return QGuiApplication::primaryScreen()->grabWindow(WId(window.toULongLong())).toImage();
+}
+
+QImage PictureOfBox(const QString& title, const QString& text) {
+    constexpr int kPainted = 3; // colours; a window that is mapped and not painted has one or two
+    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok);
+    box.show();
+    const QString window = QString::number(box.winId());
+    QImage picture;
+    const auto settles = [&] {
+        const QImage last = std::exchange(picture, WindowPicture(window));
+        return box.isActiveWindow() && last == picture && CountColours(picture) >= kPainted;
+    };
+    return QTest::qWaitFor(settles, 10'000) ? picture : QImage();
 }
 
 int CountColours(const QImage& picture) {

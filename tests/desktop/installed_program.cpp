@@ -7,13 +7,15 @@
 #include "core/startup.h"
 #include "core/store_layout.h"
 #include "desktop/desktop.h"
-#include "skin/frame_geometry.h"
 #include "skin/piece_sizes.h"
 #include "skin/skin_file.h"
 #include "ui/panel/screen_metrics.h"
 
 #include <QDir>
 #include <QTest>
+
+#include <algorithm>
+#include <csignal>
 
 #include <unistd.h>
 
@@ -25,6 +27,7 @@ namespace {
 
 constexpr int kWait = 10'000; // ms
 constexpr uid_t kStranger = 65'534;
+constexpr int kLetterK = 75;
 
 // The script's path, folder and arguments; whole as soon as it has its name.
 const QByteArray kMarkScript = R"sh(#!/bin/sh
@@ -104,6 +107,35 @@ void InstalledProgram::SetConfig(int record, bool value) const {
         qFatal("config cannot be written");
 }
 
+void InstalledProgram::SetRecords(const std::vector<std::pair<int, ConfigValue>>& records) const {
+    const QString path = ConfigFilePath(Folder());
+    ConfigFile config = ConfigFile::Load(path).value_or(ConfigFile());
+    for (const auto& [record, value] : records)
+        config.Write(record, {value});
+    if (!config.Save(path))
+        qFatal("config cannot be written");
+}
+
+void InstalledProgram::UseHotkey() const {
+    SetRecords({{kRecordHotkeyEnabled, true},
+                {kRecordHotkeyCtrl, true},
+                {kRecordHotkeyAlt, true},
+                {kRecordHotkeyKey, qint16(kLetterK)}});
+}
+
+void InstalledProgram::SetPlace(const QPoint& place) const {
+    const QString path = ConfigFilePath(Folder());
+    ConfigFile config = ConfigFile::Load(path).value_or(ConfigFile());
+    config.Write(kRecordPanelPlace, {double(PixelsToTwips(place.y())), double(PixelsToTwips(place.x()))});
+    if (!config.Save(path))
+        qFatal("config cannot be written");
+}
+
+ConfigArray InstalledProgram::Record(int number) const {
+    const ConfigFile config = ConfigFile::Load(ConfigFilePath(Folder())).value_or(ConfigFile());
+    return config.Read(number).value_or(ConfigArray());
+}
+
 void InstalledProgram::CompleteStore() const {
     AppState state = State();
     if (!LoadPanelState(state).Failures.empty())
@@ -126,6 +158,8 @@ QProcessEnvironment InstalledProgram::Environment(bool asStranger) const {
         environment.insert(u"XDG_RUNTIME_DIR"_s, home);
         environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
     }
+    for (auto variable = variables_.begin(); variable != variables_.end(); ++variable)
+        environment.insert(variable.key(), variable.value());
     return environment;
 }
 
@@ -135,12 +169,18 @@ bool InstalledProgram::Start(bool asStranger) {
     process_.waitForFinished();
     const QString program = Folder() + u"/paneda"_s;
     process_.setProcessEnvironment(Environment(asStranger));
+    // So that a limit of the size of files is an error of the write, as a full disk is.
+    process_.setChildProcessModifier([] { ::signal(SIGXFSZ, SIG_IGN); });
     // Root passes over permissions, so that only another user meets them.
     if (asStranger && ::geteuid() == 0)
         process_.start(u"setpriv"_s, {u"--reuid"_s, QString::number(kStranger), u"--regid"_s,
                                       QString::number(kStranger), u"--clear-groups"_s, program});
     else
         process_.start(program, {});
+    return FindPanel();
+}
+
+bool InstalledProgram::FindPanel() {
     return QTest::qWaitFor(
                [this] {
                    panel_ = FindWindow(kPanelTitle.toString(), process_.processId());
@@ -222,13 +262,26 @@ QPoint InstalledProgram::Bar(int category) const {
     return WindowPlace(panel_) + ToPixels(Geometry(State()).Categories[std::size_t(category)].Bar).center();
 }
 
-QPoint InstalledProgram::Menu() const {
+QPoint InstalledProgram::Spot(TwipsRect (*area)(const FrameGeometry&, const ThemeState&)) const {
     const AppState state = State();
     const ThemeState theme = ThemeOf(state);
     const PanelGeometry geometry = Geometry(state);
     const FrameGeometry frame =
         DisplayBorder(MeasurePieces(theme), {geometry.PanelWidth, geometry.PanelHeight});
-    return WindowPlace(panel_) + ToPixels(MenuArea(frame, theme)).center();
+    return WindowPlace(panel_) + ToPixels(area(frame, theme)).center();
+}
+
+QPoint InstalledProgram::HideSpot() const {
+    return Spot(HideArea);
+}
+
+QPoint InstalledProgram::Menu() const {
+    return Spot(MenuArea);
+}
+
+QPoint InstalledProgram::Grip() const {
+    const QRect panel = WindowRect(panel_);
+    return panel.topLeft() + QPoint(std::min(60, panel.width() / 2), 8);
 }
 
 } // namespace paneda::test

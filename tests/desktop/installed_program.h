@@ -1,11 +1,17 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "core/config_file.h"
 #include "core/panel_geometry.h"
+#include "skin/frame_geometry.h"
 #include "support/store_builder.h"
 
+#include <QMap>
 #include <QPoint>
 #include <QProcess>
+
+#include <utility>
+#include <vector>
 
 namespace paneda::test {
 
@@ -37,8 +43,18 @@ public:
 
     // Writes one record of the file `config`, the others as on a first start.
     void SetConfig(int record, bool value) const;
+    // Writes records of the file `config` as it is, each of one value.
+    void SetRecords(const std::vector<std::pair<int, ConfigValue>>& records) const;
+    // Switches the hotkey on: Ctrl, Alt and K.
+    void UseHotkey() const;
+    // Saves the panel's place, in pixels.
+    void SetPlace(const QPoint& place) const;
+    ConfigArray Record(int number) const;
     // Makes the store complete, cache included, as a start and an end of the program leave it.
     void CompleteStore() const;
+
+    // A variable of the environment of later starts.
+    void SetVariable(const QString& name, const QString& value) { variables_.insert(name, value); }
 
     // Starts the program, as another user who owns nothing here if asked to. True once its panel is there,
     // as a window that is shown or minimized.
@@ -52,21 +68,30 @@ public:
     QProcessEnvironment Environment(bool asStranger) const;
 
     const QString& Panel() const { return panel_; }
+    // Looks for the panel's window anew, which a reload has replaced.
+    bool FindPanel();
     bool PanelBecomes(const QString& state) const;
     // Brings a minimized panel back and gives it the focus.
     bool ShowPanel() const;
 
     // Places on the screen by the layout of the store as it is now: the centre of a button by its file name,
-    // or "Drive C"; of a bar by its number; of the menu's hot spot.
+    // or "Drive C"; of a bar by its number; of the hot spots that hide the panel
+    // and open its menu; of the frame's upper edge.
     QPoint Button(const QString& name) const;
     QPoint Bar(int category) const;
+    QPoint HideSpot() const;
     QPoint Menu() const;
+    QPoint Grip() const;
+
+    // What the program's start makes of the store as it is now.
+    AppState State() const;
 
 private:
-    AppState State() const;
+    QPoint Spot(TwipsRect (*area)(const FrameGeometry& frame, const ThemeState& theme)) const;
     PanelGeometry Geometry(const AppState& state) const;
 
     StoreBuilder files_;
+    QMap<QString, QString> variables_;
     QProcess process_;
     QString panel_;
 };

@@ -5,9 +5,16 @@
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
 
+#include <QDataStream>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
+#include <cstdlib>
 
 using namespace paneda;
 using namespace paneda::test;
@@ -17,35 +24,36 @@ namespace {
 
 const QString kShown = u"Normal"_s;
 const QString kHidden; // a window that is withdrawn has no state
-constexpr int kLetterK = 75;
-
-void WriteRecords(const InstalledProgram& program, const std::vector<std::pair<int, ConfigValue>>& records) {
-    const QString path = ConfigFilePath(program.Folder());
-    ConfigFile config = ConfigFile::Load(path).value_or(ConfigFile());
-    for (const auto& [record, value] : records)
-        config.Write(record, {value});
-    QVERIFY(config.Save(path).has_value());
+// A sound of one channel at one level: 16 bits, a fifth of a second.
+QByteArray Sound(qint16 level) {
+    constexpr quint32 kRate = 44'100;
+    constexpr int kSamples = int(kRate) / 5;
+    QByteArray wave;
+    QDataStream out(&wave, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out.writeRawData("RIFF", 4);
+    out << quint32(36 + 2 * kSamples);
+    out.writeRawData("WAVEfmt ", 8);
+    out << quint32(16) << quint16(1) << quint16(1) << kRate << 2 * kRate << quint16(2) << quint16(16);
+    out.writeRawData("data", 4);
+    out << quint32(2 * kSamples);
+    // From one end to the other, since a constant is no sound.
+    for (int i = 0; i < kSamples; ++i)
+        out << qint16(i % 100 < 50 ? level : -level);
+    return wave;
 }
 
-void WriteHotkey(const InstalledProgram& program) {
-    WriteRecords(program, {{kRecordHotkeyEnabled, true},
-                           {kRecordHotkeyCtrl, true},
-                           {kRecordHotkeyAlt, true},
-                           {kRecordHotkeyKey, qint16(kLetterK)}});
-}
-
-void Xdotool(const QStringList& words) {
-    ToolOutput(u"xdotool"_s, words);
-}
-
-// Drags from a place of the panel's upper edge, with real events.
-void Drag(const QPoint& from, const QPoint& by) {
-    const auto text = [](int number) { return QString::number(number); };
-    Xdotool({u"mousemove"_s, text(from.x()), text(from.y()), u"mousedown"_s, u"1"_s});
-    // In steps, as a hand does.
-    for (int i = 1; i <= 4; ++i)
-        Xdotool({u"mousemove"_s, text(from.x() + by.x() * i / 4), text(from.y() + by.y() * i / 4)});
-    Xdotool({u"mouseup"_s, u"1"_s});
+// The loudest sample behind a place of raw samples on file; 0 for none.
+int LoudestOf(const QString& path, qint64 from) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(from))
+        return 0;
+    QDataStream in(&file);
+    in.setByteOrder(QDataStream::LittleEndian);
+    int loudest = 0;
+    for (qint16 sample = 0; !in.atEnd(); loudest = std::max(loudest, std::abs(int(sample))))
+        in >> sample;
+    return loudest;
 }
 
 } // namespace
@@ -59,7 +67,11 @@ private Q_SLOTS:
     void hotkey();
     void middleButton();
     void outsideRequest();
+    void heldMiddleButton();
     void dragAndSnap();
+    void funSounds();
+    void poorDesktop_data();
+    void poorDesktop();
     void hiddenStart();
     void terminationSaves();
 };
@@ -76,7 +88,7 @@ void tst_desktop_calls::hotkey() {
     QFETCH(QString, lock);
     InstalledProgram program;
     program.CompleteStore();
-    WriteHotkey(program);
+    program.UseHotkey();
     QVERIFY(program.Start());
     QVERIFY(program.ShowPanel());
     if (!lock.isEmpty())
@@ -96,8 +108,7 @@ void tst_desktop_calls::hotkey() {
 void tst_desktop_calls::middleButton() {
     InstalledProgram program;
     program.CompleteStore();
-    WriteRecords(program,
-                 {{kRecordMouseTriggerEnabled, true}, {kRecordMouseTriggerMode, qint16(kMouseClick)}});
+    program.SetRecords({{kRecordMouseTriggerEnabled, true}, {kRecordMouseTriggerMode, qint16(kMouseClick)}});
     QVERIFY(program.Start());
     QVERIFY(program.ShowPanel());
     // A click far from the panel hides it while it has the focus, and the next one brings it to the mouse.
@@ -115,7 +126,7 @@ void tst_desktop_calls::middleButton() {
 void tst_desktop_calls::outsideRequest() {
     InstalledProgram program;
     program.CompleteStore();
-    WriteHotkey(program);
+    program.UseHotkey();
     QVERIFY(program.Start());
     QVERIFY(program.ShowPanel());
     PressKey(u"ctrl+alt+k"_s);
@@ -126,29 +137,124 @@ void tst_desktop_calls::outsideRequest() {
     QVERIFY(program.Close());
 }
 
+void tst_desktop_calls::heldMiddleButton() {
+    InstalledProgram program;
+    program.CompleteStore();
+    program.SetRecords(
+        {{kRecordMouseTriggerEnabled, true}, {kRecordMouseTriggerMode, qint16(kMouseDoubleClickOrHold)}});
+    QVERIFY(program.Start());
+    QVERIFY(program.ShowPanel());
+    ClickAt({900, 700}, 2);
+    QTest::qWait(600); // three looks
+    QCOMPARE(WindowState(program.Panel()), kShown);
+    Xdotool({u"mousedown"_s, u"2"_s});
+    QElapsedTimer hidden;
+    QVERIFY(program.PanelBecomes(kHidden));
+    hidden.start();
+    // Held on, it calls the panel again, but not soon.
+    QVERIFY(program.PanelBecomes(kShown));
+    Xdotool({u"mouseup"_s, u"2"_s});
+    QVERIFY2(hidden.elapsed() > 1800, qPrintable(QString::number(hidden.elapsed())));
+    QVERIFY(program.Close());
+}
+
 void tst_desktop_calls::dragAndSnap() {
     InstalledProgram program;
     program.CompleteStore();
     QVERIFY(program.Start());
     QVERIFY(program.ShowPanel());
-    const QPoint grip(60, 8); // in the upper edge of the frame
-    const QPoint start = test::WindowPlace(program.Panel());
-    Drag(start + grip, {300, 200});
-    QTRY_COMPARE(test::WindowPlace(program.Panel()), start + QPoint(300, 200));
-    // Released 12 pixels inside the left edge it snaps, at 30 it stays.
-    Drag(start + QPoint(300, 200) + grip, {-288, 0});
-    QTRY_COMPARE(test::WindowPlace(program.Panel()), QPoint(0, start.y() + 200));
-    Drag(QPoint(0, start.y() + 200) + grip, {30, 0});
-    QTRY_COMPARE(test::WindowPlace(program.Panel()), QPoint(30, start.y() + 200));
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    const QSize size = WindowRect(program.Panel()).size();
+    const QPoint far(screen.width() - size.width(), screen.height() - size.height());
+    // Released within 20 pixels inside an edge it snaps; further off, and beyond the edge, it stays.
+    const std::pair<QPoint, QPoint> releases[] = {
+        {{300, 200}, {300, 200}},
+        {{12, 21}, {0, 21}},
+        {{30, 20}, {30, 0}},
+        {far - QPoint(20, 21), {far.x(), far.y() - 21}},
+        {far - QPoint(21, 20), {far.x() - 21, far.y()}},
+        {far - QPoint(5, 5), far},
+        {{-40, 100}, {-40, 100}},
+        {{40, 300}, {40, 300}},
+    };
+    for (const auto& [released, stays] : releases) {
+        Drag(program.Grip(), released - test::WindowPlace(program.Panel()));
+        QTRY_COMPARE(test::WindowPlace(program.Panel()), stays);
+    }
     QVERIFY(program.Close());
-    const ConfigFile config = ConfigFile::Load(ConfigFilePath(program.Folder())).value_or(ConfigFile());
-    QVERIFY(config.Read(kRecordPanelPlace) == (ConfigArray{(start.y() + 200) * 15.0, 30 * 15.0}));
+    QVERIFY(program.Record(kRecordPanelPlace) == (ConfigArray{300 * 15.0, 40 * 15.0}));
+}
+
+void tst_desktop_calls::funSounds() {
+    constexpr int kSoft = 3000;
+    constexpr int kLoud = 12'000;
+    InstalledProgram program;
+    program.CompleteStore();
+    const QString heard = program.Expand(u"@/heard"_s);
+    program.SetVariable(u"SDL_AUDIODRIVER"_s, u"disk"_s);
+    program.SetVariable(u"SDL_DISKAUDIOFILE"_s, heard);
+    for (const auto& [name, level] : {std::pair(u"01"_s, kSoft), std::pair(u"02"_s, kLoud)})
+        program.AddFile(u"Launcher/Sound/Fun/%1.mp3"_s.arg(name), Sound(qint16(level)));
+    QVERIFY(program.Start());
+    QVERIFY(program.ShowPanel());
+    const QPoint grip = program.Grip();
+    const auto doubleClick = [&grip] {
+        MoveMouse(grip);
+        Xdotool({u"click"_s, u"--repeat"_s, u"2"_s, u"--delay"_s, u"60"_s, u"1"_s});
+    };
+    const auto isNear = [](int loudest, int level) { return std::abs(loudest - level) < level / 10; };
+    doubleClick();
+    QTRY_VERIFY(isNear(LoudestOf(heard, 0), kSoft));
+    const qint64 first = QFileInfo(heard).size();
+    doubleClick();
+    QTRY_VERIFY(isNear(LoudestOf(heard, first), kLoud));
+    // The panel has stood still.
+    QCOMPARE(program.Grip(), grip);
+    QVERIFY(program.Close());
+}
+
+void tst_desktop_calls::poorDesktop_data() {
+    QTest::addColumn<QString>("variable");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QByteArray>("sound"); // of the first one; a null array for none
+
+    QTest::newRow("no bus") << u"DBUS_SESSION_BUS_ADDRESS"_s << u"unix:path=/nonexistent/bus"_s << Sound(1);
+    QTest::newRow("no sound device") << u"SDL_AUDIODRIVER"_s << u"nonexistent"_s << Sound(1);
+    QTest::newRow("broken sound") << u"SDL_AUDIODRIVER"_s << u"dummy"_s << QByteArray(100'000, 'x');
+    QTest::newRow("sound that is gone") << u"SDL_AUDIODRIVER"_s << u"dummy"_s << QByteArray();
+}
+
+void tst_desktop_calls::poorDesktop() {
+    QFETCH(QString, variable);
+    QFETCH(QString, value);
+    QFETCH(QByteArray, sound);
+    InstalledProgram program;
+    program.CompleteStore();
+    program.UseHotkey();
+    program.SetVariable(u"SDL_AUDIODRIVER"_s, u"dummy"_s);
+    program.SetVariable(variable, value);
+    program.AddFile(u"Launcher/Sound/Fun/01.mp3"_s, sound);
+    QVERIFY(program.Start());
+    QVERIFY(program.ShowPanel());
+    if (sound.isNull())
+        QVERIFY(QFile::remove(program.Folder() + u"/Sound/Fun/01.mp3"_s));
+    MoveMouse(program.Grip());
+    Xdotool({u"click"_s, u"--repeat"_s, u"2"_s, u"--delay"_s, u"60"_s, u"1"_s});
+    for (const QString& state : {kHidden, kShown}) {
+        PressKey(u"ctrl+alt+k"_s);
+        QVERIFY(program.PanelBecomes(state));
+    }
+    QVERIFY(program.ShowPanel());
+    QElapsedTimer end;
+    end.start();
+    QVERIFY(program.Close());
+    QVERIFY2(end.elapsed() < 5000, qPrintable(QString::number(end.elapsed())));
 }
 
 void tst_desktop_calls::hiddenStart() {
     InstalledProgram program;
     program.CompleteStore();
-    WriteHotkey(program);
+    program.UseHotkey();
     QVERIFY(WriteIni(u"Properties"_s, u"hide on startup"_s, u"1"_s, SettingIniFile(program.Folder()))
                 .has_value());
     QVERIFY(!program.Start(false) || WindowState(program.Panel()) != kShown);

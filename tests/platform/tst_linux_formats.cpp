@@ -1,7 +1,10 @@
 #include "platform/linux/desktop_entry.h"
+#include "platform/linux/linux_work_areas.h"
 #include "platform/linux/mounted_volumes.h"
 
 #include <QTest>
+
+#include <algorithm>
 
 using namespace paneda;
 using namespace Qt::StringLiterals;
@@ -16,6 +19,8 @@ private Q_SLOTS:
     void execLine_data();
     void execLine();
     void mountTable();
+    void struts_data();
+    void struts();
 };
 
 namespace {
@@ -107,6 +112,39 @@ void tst_linux_formats::mountTable() {
                              QString::fromUtf8("/media/\xc3\xa9t\xc3\xa9")};
     QCOMPARE(MountPointsOf(table), points);
     QCOMPARE(MountPointsOf({}), QStringList());
+}
+
+void tst_linux_formats::struts_data() {
+    QTest::addColumn<QList<quint32>>("strut");
+    QTest::addColumn<QRect>("first");  // what is left of a screen of 800 x 1000
+    QTest::addColumn<QRect>("second"); // of one of 600 x 600 at its right, 100 lower
+
+    const QRect first(0, 0, 800, 1000);
+    const QRect second(800, 100, 600, 600);
+    using Numbers = QList<quint32>;
+    QTest::newRow("none") << Numbers{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0} << first << second;
+    QTest::newRow("bottom of the first")
+        << Numbers{0, 0, 0, 30, 0, 0, 0, 0, 0, 0, 0, 799} << first.adjusted(0, 0, 0, -30) << second;
+    QTest::newRow("bottom of the second, counted from the display's")
+        << Numbers{0, 0, 0, 330, 0, 0, 0, 0, 0, 0, 800, 1399} << first << second.adjusted(0, 0, 0, -30);
+    QTest::newRow("top of the second")
+        << Numbers{0, 0, 140, 0, 0, 0, 0, 0, 800, 1399, 0, 0} << first << second.adjusted(0, 40, 0, 0);
+    QTest::newRow("left of the second, across the first")
+        << Numbers{850, 0, 0, 0, 100, 699, 0, 0, 0, 0, 0, 0} << first << second.adjusted(50, 0, 0, 0);
+    QTest::newRow("right of the second and left of the first")
+        << Numbers{20, 70, 0, 0, 0, 999, 0, 999, 0, 0, 0, 0} << first.adjusted(20, 0, 0, 0)
+        << second.adjusted(0, 0, -70, 0);
+    QTest::newRow("more than the display")
+        << Numbers{4'000'000'000, 0, 0, 0, 0, 4'000'000'000, 0, 0, 0, 0, 0, 0} << first << second;
+}
+
+void tst_linux_formats::struts() {
+    QFETCH(QList<quint32>, strut);
+    Strut numbers;
+    std::copy(strut.begin(), strut.end(), numbers.begin());
+    const QSize display(1400, 1000);
+    QTEST(WithoutStruts({0, 0, 800, 1000}, display, {numbers}), "first");
+    QTEST(WithoutStruts({800, 100, 600, 600}, display, {numbers}), "second");
 }
 
 QTEST_GUILESS_MAIN(tst_linux_formats)

@@ -3,6 +3,7 @@
 #include "platform/linux/grab_hotkey.h"
 #include "platform/linux/linux_foreground.h"
 #include "platform/linux/linux_pointer.h"
+#include "platform/linux/linux_tray_hosts.h"
 
 #include <QDir>
 #include <QFile>
@@ -251,6 +252,8 @@ void tst_x11::noWakeUps() {
     windows.ActiveWindow();
     LinuxPointer pointer;
     pointer.Position();
+    LinuxTrayHosts trays;
+    trays.Watch([] {});
     Settle();
     const qint64 before = WakeUps();
     QEventLoop loop;

@@ -18,6 +18,8 @@ public:
     FakeForeground Front;
     FakeHotkey Keys;
     FakePointer Mouse;
+    FakeTrayHosts Trays;
+    FakeWorkAreas Areas;
     FakeSounds Sounds;
     NoSatellites Followers;
     FakePrompts Messages;
@@ -26,8 +28,8 @@ public:
     FakePanelDesktop() { Keys.Stands = Hotkey::Answer::Refused; }
 
     PanelServices Services() {
-        return {Opened, Drives, Icons,  Space,     Blending, Front,
-                Keys,   Mouse,  Sounds, Followers, Messages, Menus};
+        return {Opened, Drives, Icons, Space,  Blending,  Front,    Keys,
+                Mouse,  Trays,  Areas, Sounds, Followers, Messages, Menus};
     }
 };
 

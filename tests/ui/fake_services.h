@@ -7,8 +7,11 @@
 #include "platform/pointer.h"
 #include "platform/sound_player.h"
 #include "platform/termination.h"
+#include "platform/tray_hosts.h"
+#include "platform/work_areas.h"
 
 #include <QPoint>
+#include <QScreen>
 #include <QStringList>
 
 #include <utility>
@@ -65,6 +68,28 @@ public:
 
     WId ActiveWindow() override { return Active; }
     void Activate(WId window) override { Active = window; }
+};
+
+// A test makes the tray come and go.
+class FakeTrayHosts : public TrayHosts {
+public:
+    Kind Now = Kind::None;
+
+    Kind Present() override { return Now; }
+    void Watch(std::function<void()> changed) override { changed_ = std::move(changed); }
+    void Become(Kind kind) {
+        Now = kind;
+        changed_();
+    }
+
+private:
+    std::function<void()> changed_;
+};
+
+// No docks.
+class FakeWorkAreas : public WorkAreas {
+public:
+    QRect Of(const QScreen& screen) override { return screen.geometry(); }
 };
 
 class FakeRequests : public OutsideRequest {

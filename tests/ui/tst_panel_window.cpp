@@ -100,6 +100,7 @@ private Q_SLOTS:
     void requests();
     void bars();
     void hide();
+    void trayComesAndGoes();
     void toolTips();
     void failuresAreShownOnce();
     void hiddenStartTellsOnce();
@@ -278,6 +279,28 @@ void tst_panel_window::hide() {
     QVERIFY(!bench.IsHidden());
     bench.Release(spot);
     QVERIFY(bench.IsHidden());
+}
+
+void tst_panel_window::trayComesAndGoes() {
+    PanelBench bench;
+    bench.Load();
+    using enum TrayHosts::Kind;
+    // A panel that is shown stays so.
+    bench.Trays.Become(Presses);
+    bench.Trays.Become(None);
+    QVERIFY(!bench.IsHidden());
+    bench.Panel->imgHide_Click();
+    QVERIFY(bench.Panel->isMinimized() && bench.Panel->isVisible());
+    bench.Trays.Become(Menus);
+    QVERIFY(!bench.Panel->isVisible());
+    bench.Trays.Become(None);
+    QVERIFY(bench.Panel->isMinimized() && bench.Panel->isVisible());
+    // With another way to call it, the panel stays out of the list of windows.
+    bench.Keys.Stands = Hotkey::Answer::Registered;
+    bench.Panel->imgHide_Click();
+    bench.Trays.Become(Presses);
+    bench.Trays.Become(None);
+    QVERIFY(!bench.Panel->isVisible());
 }
 
 void tst_panel_window::toolTips() {

@@ -5,6 +5,8 @@
 #include "platform/linux/linux_hotkey.h"
 #include "platform/linux/linux_opener.h"
 #include "platform/linux/linux_pointer.h"
+#include "platform/linux/linux_tray_hosts.h"
+#include "platform/linux/linux_work_areas.h"
 #include "platform/linux/mixer_player.h"
 #include "platform/linux/mounted_volumes.h"
 #include "platform/linux/signal_termination.h"
@@ -26,6 +28,8 @@ Platform MakePlatform() {
     platform.Keys = MakeHotkey();
     platform.Mouse = std::make_unique<LinuxPointer>();
     platform.Front = std::make_unique<LinuxForeground>();
+    platform.Trays = std::make_unique<LinuxTrayHosts>();
+    platform.Areas = std::make_unique<LinuxWorkAreas>();
     platform.Requests = std::make_unique<DBusRequests>();
     platform.Session = std::make_unique<DesktopAutostart>();
     platform.Sounds = std::make_unique<MixerPlayer>();

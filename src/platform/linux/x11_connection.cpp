@@ -6,12 +6,11 @@
 namespace paneda {
 
 X11Connection::X11Connection() : connection_(nullptr, &xcb_disconnect) {
-    int screenNumber = 0;
-    connection_.reset(xcb_connect(nullptr, &screenNumber));
+    connection_.reset(xcb_connect(nullptr, &screenNumber_));
     if (!IsOpen())
         return;
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(Get()));
-    while (screenNumber-- > 0 && screens.rem > 1)
+    for (int i = 0; i < screenNumber_ && screens.rem > 1; ++i)
         xcb_screen_next(&screens);
     root_ = screens.data->root;
 }
@@ -32,6 +31,16 @@ quint32 X11Connection::FirstValue(xcb_window_t window, xcb_atom_t property, xcb_
     if (!reply || reply->format != 32 || xcb_get_property_value_length(reply.get()) != sizeof(quint32))
         return 0;
     return *static_cast<const quint32*>(xcb_get_property_value(reply.get()));
+}
+
+std::vector<quint32> X11Connection::Values(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                                           std::size_t count) const {
+    const auto cookie = xcb_get_property(Get(), 0, window, property, type, 0, quint32(count));
+    const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(Get(), cookie, nullptr));
+    if (!reply || reply->format != 32)
+        return {};
+    const auto* first = static_cast<const quint32*>(xcb_get_property_value(reply.get()));
+    return {first, first + std::size_t(xcb_get_property_value_length(reply.get())) / sizeof(quint32)};
 }
 
 void X11Connection::TellManager(xcb_window_t window, xcb_atom_t type,

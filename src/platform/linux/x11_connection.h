@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
 #include <xcb/xcb.h>
 
@@ -26,6 +27,8 @@ public:
     bool IsOpen() const;
     xcb_connection_t* Get() const { return connection_.get(); }
     xcb_window_t Root() const { return root_; }
+    // Of the screen that the root window belongs to.
+    int ScreenNumber() const { return screenNumber_; }
 
     // XCB_ATOM_NONE when it cannot be had.
     xcb_atom_t Atom(const char* name) const;
@@ -33,11 +36,16 @@ public:
     // The first 32-bit value of a window's property; 0 if there is none.
     quint32 FirstValue(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
 
+    // The first 32-bit values of a window's property, at most `count`; empty if there is none of this type.
+    std::vector<quint32> Values(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                                std::size_t count) const;
+
     // A client message about a window, sent to the window manager.
     void TellManager(xcb_window_t window, xcb_atom_t type, const std::array<quint32, 5>& data) const;
 
 private:
     std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection_;
+    int screenNumber_ = 0;
     xcb_window_t root_ = XCB_NONE;
 };
 

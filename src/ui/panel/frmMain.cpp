@@ -55,9 +55,10 @@ frmMain::frmMain(AppState& state, const PanelServices& services)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
     , state_(state)
     , services_(services)
-    , motion_(*this, state, services.Followers)
-    , calls_(state, services.Keys, services.Mouse,
-             {[this](Trigger trigger) { ToggleByTrigger(trigger); }, [this] { ShowPaneda(); }}) {
+    , motion_(*this, state, services.Areas, services.Followers)
+    , calls_(state, services.Keys, services.Mouse, services.Trays,
+             {[this](Trigger trigger) { ToggleByTrigger(trigger); }, [this] { ShowPaneda(); },
+              [this] { HideAnew(); }}) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("AhPanel"));
     setAttribute(Qt::WA_TranslucentBackground);
@@ -96,15 +97,19 @@ void frmMain::MakeLook() {
 }
 
 void frmMain::LayOut() {
-    const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), CurrentScreenMetrics(), state_.PanelLeft,
-                            state_.PanelTop};
-    state_.WorkAreaBottom = input.Screen.WorkAreaBottom;
+    // The screen of the saved place counts, as if it were the only one.
+    const ScreenPlace screen = ScreenAt(services_.Areas, {state_.PanelLeft, state_.PanelTop});
+    const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), screen.Metrics,
+                            state_.PanelLeft - screen.Origin.Left, state_.PanelTop - screen.Origin.Top};
+    state_.WorkAreaBottom = screen.Origin.Top + screen.Metrics.WorkAreaBottom;
     geometry_ = LayoutPanel(state_.Catalogue, input);
+    geometry_.PanelLeft += screen.Origin.Left;
+    geometry_.PanelTop += screen.Origin.Top;
     look_->SetGeometry(geometry_);
     setFixedSize(TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight));
     const WindowPlace place =
         BringIntoView({geometry_.PanelLeft, geometry_.PanelTop},
-                      {geometry_.PanelWidth, geometry_.PanelHeight}, CurrentWorkAreas());
+                      {geometry_.PanelWidth, geometry_.PanelHeight}, CurrentWorkAreas(services_.Areas));
     state_.PanelLeft = place.Left;
     state_.PanelTop = place.Top;
     motion_.MoveTo(place);
@@ -120,8 +125,7 @@ void frmMain::ShowAtStart() {
     // once.
     painted_ = true;
     QTimer::singleShot(0, this, &frmMain::AfterFirstPaint);
-    if (HowToHide(calls_.Ways()) == HideMeans::Minimize)
-        showMinimized();
+    HidePanelAlone();
 }
 
 void frmMain::picCategory_Click(int index) {
@@ -193,10 +197,21 @@ void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, in
 
 void frmMain::imgHide_Click() {
     services_.Followers.Hide();
+    HidePanelAlone();
+}
+
+void frmMain::HidePanelAlone() {
     if (HowToHide(calls_.Ways()) == HideMeans::Minimize)
         showMinimized();
     else
         hide();
+}
+
+// A tray that has gone may have been the only way back to a hidden panel, and one that comes takes a
+// minimized one out of the list of windows.
+void frmMain::HideAnew() {
+    if (!unloaded_ && (isHidden() || isMinimized()))
+        HidePanelAlone();
 }
 
 void frmMain::imgMenu_Click() {
@@ -211,6 +226,11 @@ void frmMain::imgLogo_MouseDown(Qt::MouseButton button) {
     }
     LogoMenu menu(services_.Menus, this);
     menu.exec(QCursor::pos());
+}
+
+// On a panel that is too narrow the spot lies beyond its edge, and the settings that made it so with it.
+bool frmMain::HasRoomForMenu() const {
+    return rect().contains(look_->MenuArea().center());
 }
 
 void frmMain::Form_LinkExecute(const QString&) {
@@ -229,8 +249,8 @@ void frmMain::BringToFront() {
 void frmMain::ShowPaneda() {
     const WindowPlace saved{state_.PanelLeft, state_.PanelTop};
     const TwipsSize size{geometry_.PanelWidth, geometry_.PanelHeight};
-    const WindowPlace held =
-        HeldToFarEdges(BringIntoView(saved, size, CurrentWorkAreas()), size, WorkAreaAt(saved));
+    const WindowPlace held = HeldToFarEdges(BringIntoView(saved, size, CurrentWorkAreas(services_.Areas)),
+                                            size, WorkAreaAt(services_.Areas, saved));
     state_.PanelLeft = held.Left;
     state_.PanelTop = held.Top;
     motion_.MoveTo(held);
@@ -245,13 +265,16 @@ void frmMain::ToggleByTrigger(Trigger trigger) {
     const WindowPlace cursor{PixelsToTwips(mouse.x()), PixelsToTwips(mouse.y())};
     const WId active = services_.Front.ActiveWindow();
     const bool own = isVisible() && active != 0 && (active == winId() || services_.Followers.Owns(active));
-    const TogglePlan plan = paneda::ToggleByTrigger(
-        {trigger, own, WorkAreaAt(cursor), cursor, motion_.Rect(), services_.Followers.Note()}, state_);
+    const TogglePlan plan = paneda::ToggleByTrigger({trigger, own, WorkAreaAt(services_.Areas, cursor),
+                                                     cursor, motion_.Rect(), services_.Followers.Note()},
+                                                    state_);
     if (plan.What == TogglePlan::Action::Hide) {
         imgHide_Click();
         return;
     }
-    motion_.MoveTo(plan.Panel);
+    // The saved place may lie on a screen that is gone.
+    motion_.MoveTo(BringIntoView(plan.Panel, {geometry_.PanelWidth, geometry_.PanelHeight},
+                                 CurrentWorkAreas(services_.Areas)));
     if (plan.Note)
         services_.Followers.Follow(motion_.Rect(), &*plan.Note);
     BringToFront();
@@ -302,6 +325,8 @@ void frmMain::mousePressEvent(QMouseEvent* event) {
         picIcon_MouseDown(ButtonAt(area), *button, ShiftMaskOf(event->modifiers()));
     else if (area.What == HitArea::Kind::Logo)
         imgLogo_MouseDown(event->button());
+    else if (area.What == HitArea::Kind::Frame && button == MouseButton::Right && !HasRoomForMenu())
+        imgMenu_Click();
     else if (area.What == HitArea::Kind::Frame)
         motion_.StartDrag(event->globalPosition().toPoint());
 }

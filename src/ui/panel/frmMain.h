@@ -14,7 +14,9 @@
 #include "platform/opener.h"
 #include "platform/pointer.h"
 #include "platform/sound_player.h"
+#include "platform/tray_hosts.h"
 #include "platform/volumes.h"
+#include "platform/work_areas.h"
 #include "ui/panel/hit_areas.h"
 #include "ui/panel/main_menu.h"
 #include "ui/panel/panel_calls.h"
@@ -40,6 +42,8 @@ struct PanelServices {
     Foreground& Front;
     Hotkey& Keys;
     Pointer& Mouse;
+    TrayHosts& Trays;
+    WorkAreas& Areas;
     SoundPlayer& Sounds;
     Satellites& Followers;
     Prompts& Messages;
@@ -101,6 +105,9 @@ private:
     void MakeLook();
     void LayOut();
     void BringToFront();
+    void HidePanelAlone();
+    void HideAnew();
+    bool HasRoomForMenu() const;
     void ShowPicture(const QImage& picture);
     void PlayFun();
     void Timer3_Timer();

@@ -8,12 +8,13 @@ constexpr int kMouseLook = 200; // ms between two looks at the middle button
 
 } // namespace
 
-PanelCalls::PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, CallActions actions)
+PanelCalls::PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, TrayHosts& trays,
+                       CallActions actions)
     : state_(state)
     , hotkey_(hotkey)
     , pointer_(pointer)
     , actions_(std::move(actions))
-    , tray_({actions_.Show, {}}) {
+    , tray_(trays, {actions_.Show, {}, actions_.WaysChanged}) {
     timer1_.setInterval(kMouseLook);
     connect(&timer1_, &QTimer::timeout, this, &PanelCalls::Timer1_Timer);
 }

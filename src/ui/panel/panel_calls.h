@@ -4,6 +4,7 @@
 #include "core/triggers.h"
 #include "platform/hotkey.h"
 #include "platform/pointer.h"
+#include "platform/tray_hosts.h"
 #include "ui/panel/tray_presence.h"
 
 #include <QObject>
@@ -17,6 +18,8 @@ namespace paneda {
 struct CallActions {
     std::function<void(Trigger)> Toggle;
     std::function<void()> Show;
+    // The tray has come or gone, and the ways with it.
+    std::function<void()> WaysChanged;
 };
 
 // The ways to call a hidden panel: hotkey, middle mouse button, tray icon. One object for each load of the
@@ -25,7 +28,7 @@ class PanelCalls : public QObject {
     Q_OBJECT
 
 public:
-    PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, CallActions actions);
+    PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, TrayHosts& trays, CallActions actions);
     ~PanelCalls() override;
 
     // Begins to listen, as the settings say. A hotkey that cannot be had does not fire, and nothing is told.

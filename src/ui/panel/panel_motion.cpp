@@ -7,8 +7,8 @@
 
 namespace paneda {
 
-PanelMotion::PanelMotion(QWidget& window, AppState& state, Satellites& satellites)
-    : window_(window), state_(state), satellites_(satellites) {}
+PanelMotion::PanelMotion(QWidget& window, AppState& state, WorkAreas& areas, Satellites& satellites)
+    : window_(window), state_(state), areas_(areas), satellites_(satellites) {}
 
 TwipsRect PanelMotion::Rect() const {
     return {PixelsToTwips(window_.x()), PixelsToTwips(window_.y()), PixelsToTwips(window_.width()),
@@ -38,7 +38,7 @@ void PanelMotion::EndFRDrag() {
     dragging_ = false;
     const TwipsRect panel = Rect();
     const WindowPlace centre{panel.Left + panel.Width / 2, panel.Top + panel.Height / 2};
-    Save(SnapToEdges(panel, WorkAreaAt(centre)));
+    Save(SnapToEdges(panel, WorkAreaAt(areas_, centre)));
 }
 
 void PanelMotion::Save(WindowPlace place) {

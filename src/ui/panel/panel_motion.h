@@ -10,12 +10,13 @@ class QWidget;
 namespace paneda {
 
 class Satellites;
+class WorkAreas;
 
 // Where the panel's window stands: dragged by its frame, snapped to the work area's edges, its satellites
 // behind it.
 class PanelMotion {
 public:
-    PanelMotion(QWidget& window, AppState& state, Satellites& satellites);
+    PanelMotion(QWidget& window, AppState& state, WorkAreas& areas, Satellites& satellites);
 
     // The window's rectangle, in twips.
     TwipsRect Rect() const;
@@ -33,6 +34,7 @@ private:
 
     QWidget& window_;
     AppState& state_;
+    WorkAreas& areas_;
     Satellites& satellites_;
     bool dragging_ = false;
     // From the window's corner to the mouse, as it was at the press.

@@ -7,16 +7,27 @@
 
 namespace paneda {
 
-// The screen that the panel is laid out for: the primary one. All zero without a screen.
+class WorkAreas;
+
+// The primary screen. All zero without a screen.
 ScreenMetrics CurrentScreenMetrics();
 
 // Bits per pixel of that screen; 0 without one.
 int CurrentColourDepth();
 
+// One of the screens, in twips.
+struct ScreenPlace {
+    WindowPlace Origin;    // its corner on the desktop that all screens share
+    ScreenMetrics Metrics; // counted from its own corner
+};
+
+// The screen that a point in twips lies on, or the one nearest to it. Zero without screens.
+ScreenPlace ScreenAt(WorkAreas& areas, WindowPlace point);
+
 // The work areas of all screens, in twips.
-std::vector<WorkArea> CurrentWorkAreas();
+std::vector<WorkArea> CurrentWorkAreas(WorkAreas& areas);
 
 // The work area of the screen that a point in twips lies on, or of the nearest one.
-WorkArea WorkAreaAt(WindowPlace point);
+WorkArea WorkAreaAt(WorkAreas& areas, WindowPlace point);
 
 } // namespace paneda

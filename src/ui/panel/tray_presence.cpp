@@ -34,7 +34,8 @@ QString IdleTrayTip(const AppState& state) {
     return tip.left(kMaxTip);
 }
 
-TrayPresence::TrayPresence(TrayActions actions) : actions_(std::move(actions)) {
+TrayPresence::TrayPresence(TrayHosts& hosts, TrayActions actions)
+    : hosts_(hosts), actions_(std::move(actions)) {
     // Some desktops send no presses but show a menu; there these are the way to the panel.
     connect(menu_.addAction(QStringLiteral("Show")), &QAction::triggered, this, [this] { actions_.Show(); });
     QAction* countdown = menu_.addAction(QStringLiteral("Countdown"));
@@ -42,28 +43,58 @@ TrayPresence::TrayPresence(TrayActions actions) : actions_(std::move(actions)) {
     connect(countdown, &QAction::triggered, this, [this] { actions_.Countdown(); });
 }
 
-TrayPresence::~TrayPresence() = default;
+TrayPresence::~TrayPresence() {
+    RemoveTrayIcons();
+}
 
 void TrayPresence::InstallTrayIcons(const AppState& state) {
-    icon_ = std::make_unique<QSystemTrayIcon>(TrayPicture(state.SystemTrayIcon));
-    icon_->setToolTip(IdleTrayTip(state));
-    icon_->setContextMenu(&menu_);
-    connect(icon_.get(), &QSystemTrayIcon::activated, this, &TrayPresence::OnActivated);
-    icon_->show();
+    picture_ = TrayPicture(state.SystemTrayIcon);
+    tip_ = IdleTrayTip(state);
+    icon_.reset();
+    isInstalled_ = true;
+    FollowHost();
+    hosts_.Watch([this] {
+        FollowHost();
+        if (actions_.HostChanged)
+            actions_.HostChanged();
+    });
 }
 
 void TrayPresence::RemoveTrayIcons() {
+    if (!isInstalled_)
+        return;
+    isInstalled_ = false;
+    hosts_.Watch({});
     icon_.reset();
 }
 
 bool TrayPresence::IsSeen() const {
-    return icon_ && QSystemTrayIcon::isSystemTrayAvailable();
+    return icon_ != nullptr;
+}
+
+void TrayPresence::FollowHost() {
+    const TrayHosts::Kind kind = hosts_.Present();
+    if (kind == TrayHosts::Kind::None)
+        icon_.reset();
+    else if (!icon_)
+        MakeIcon(kind);
+}
+
+void TrayPresence::MakeIcon(TrayHosts::Kind kind) {
+    icon_ = std::make_unique<QSystemTrayIcon>(picture_);
+    icon_->setToolTip(tip_);
+    // Where presses arrive, the right one opens the countdown at once; a menu would come before it.
+    if (kind == TrayHosts::Kind::Menus || !actions_.Countdown)
+        icon_->setContextMenu(&menu_);
+    connect(icon_.get(), &QSystemTrayIcon::activated, this, &TrayPresence::OnActivated);
+    icon_->show();
 }
 
 void TrayPresence::OnActivated(QSystemTrayIcon::ActivationReason reason) {
-    // A right press shows the menu by itself.
     if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
         actions_.Show();
+    else if (reason == QSystemTrayIcon::Context && !icon_->contextMenu())
+        actions_.Countdown();
 }
 
 } // namespace paneda

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "platform/tray_hosts.h"
 
 #include <QIcon>
 #include <QMenu>
@@ -27,14 +28,16 @@ QString IdleTrayTip(const AppState& state);
 struct TrayActions {
     std::function<void()> Show;
     std::function<void()> Countdown;
+    // The place where the icon is shown has come or gone.
+    std::function<void()> HostChanged;
 };
 
-// The program's icon in the notification area.
+// The program's icon in the notification area, made anew whenever one appears.
 class TrayPresence : public QObject {
     Q_OBJECT
 
 public:
-    explicit TrayPresence(TrayActions actions);
+    TrayPresence(TrayHosts& hosts, TrayActions actions);
     ~TrayPresence() override;
 
     // Makes the icon, or makes it anew, with what the state says.
@@ -45,10 +48,16 @@ public:
     bool IsSeen() const;
 
 private:
+    void FollowHost();
+    void MakeIcon(TrayHosts::Kind kind);
     void OnActivated(QSystemTrayIcon::ActivationReason reason);
 
+    TrayHosts& hosts_;
     TrayActions actions_;
     QMenu menu_;
+    QIcon picture_;
+    QString tip_;
+    bool isInstalled_ = false;
     std::unique_ptr<QSystemTrayIcon> icon_;
 };
 

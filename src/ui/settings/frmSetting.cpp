@@ -11,7 +11,6 @@
 #include "ui_frmSetting.h"
 
 #include <QEvent>
-#include <QScreen>
 #include <QStyle>
 #include <QTimer>
 
@@ -93,13 +92,16 @@ void frmSetting::Form_Load() {
     PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
 }
 
-// As large as the letter, as far as the screen allows; the rest scrolls.
+// As large as the letter, as far as the panel's screen allows; the rest scrolls.
 void frmSetting::FitToScreen() {
     // The layouts still hold the sizes of the font before.
     ui_->picPaper->layout()->activate();
     ui_->picDesk->layout()->activate();
     const QSize wanted = ui_->picDesk->sizeHint();
-    const QSize room = screen()->availableSize() - kFrameOfWindow;
+    const PlaceScene scene = services_.Scene();
+    const QSize room = QSize(TwipsToPixels(scene.Screen.Width),
+                             TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top)) -
+                       kFrameOfWindow;
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     resize((wanted + QSize(wanted.height() > room.height() ? scrollBar : 0, 0)).boundedTo(room));
 }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+
+namespace paneda {
+
+// The places where the desktop shows tray icons. They come and go while the program runs.
+class TrayHosts {
+public:
+    enum class Kind {
+        None,    // there is no such place at present
+        Presses, // it sends each press on an icon
+        Menus,   // it sends presses as it likes; some such places show the icon's menu and nothing else
+    };
+
+    virtual ~TrayHosts() = default;
+
+    virtual Kind Present() = 0;
+
+    // `changed` is called from the event loop when a place has come or gone. It replaces the one given
+    // before; an empty one ends it. Costs nothing while nothing changes.
+    virtual void Watch(std::function<void()> changed) = 0;
+};
+
+} // namespace paneda

@@ -1,0 +1,169 @@
+#include "core/config_settings.h"
+#include "core/ini_file.h"
+#include "core/store_layout.h"
+#include "core/triggers.h"
+#include "desktop/desktop.h"
+#include "desktop/installed_program.h"
+#include "desktop/setting_window.h"
+#include "platform/linux/linux_hotkey.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTest>
+
+using namespace paneda;
+using namespace paneda::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLetterK = 75;
+
+QString AutostartFile() {
+    return qEnvironmentVariable("HOME") + u"/.config/autostart/paneda.desktop"_s;
+}
+
+} // namespace
+
+class tst_desktop_settings : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QVERIFY2(IsPrivateDesktop(), "run this through tools/with-desktop"); }
+    void savedAndSeenAgain();
+    void buttonsPerRow();
+    void takenHotkey();
+    void noRoom_data();
+    void noRoom();
+};
+
+void tst_desktop_settings::savedAndSeenAgain() {
+    InstalledProgram program;
+    program.CompleteStore();
+    QVERIFY(program.Start());
+    SettingWindow settings(program);
+    QVERIFY(settings.Open());
+    const bool hid = std::get<bool>(program.Record(kRecordHideAfterLaunch).at(0));
+    for (const char* control : {"txtDrive4", "chkHideAfterLaunch", "chkAutoStart", "optMouseKey1"})
+        settings.Click(QString::fromLatin1(control));
+    settings.Type(u"txtUser"_s, u"Anna Maria"_s);
+    QVERIFY(settings.Save());
+    const auto isSaved = [&] {
+        return program.Record(kRecordUserName) == ConfigArray{u"Anna Maria"_s} &&
+               program.Record(kRecordHideAfterLaunch) == ConfigArray{!hid} &&
+               program.Record(kRecordMouseTriggerMode) == ConfigArray{qint16(kMouseDoubleClickOrHold)} &&
+               program.Record(kRecordDriveTable).at(4) == ConfigValue(qint16(1));
+    };
+    QVERIFY(isSaved());
+    QVERIFY(ReadIniFile(AutostartFile())
+                .Value(u"Desktop Entry", u"Exec")
+                .contains(program.Folder() + u"/paneda"_s));
+    QVERIFY(program.Close());
+
+    // What the dialog of the next start does not show, it does not save either.
+    const TreePicture before = PictureOfTree(program.Folder());
+    QVERIFY(program.Start());
+    QVERIFY(settings.Open());
+    QVERIFY(settings.Save());
+    QCOMPARE(Difference(before, PictureOfTree(program.Folder())), QString());
+    QVERIFY(QFile::exists(AutostartFile()));
+    settings.Click(u"chkAutoStart"_s);
+    QVERIFY(settings.Save());
+    QVERIFY(!QFile::exists(AutostartFile()));
+    QVERIFY(program.Close());
+}
+
+void tst_desktop_settings::buttonsPerRow() {
+    InstalledProgram program;
+    program.CompleteStore();
+    QVERIFY(program.Start());
+    SettingWindow settings(program);
+    const int screen = QGuiApplication::primaryScreen()->size().width();
+    const int usual = WindowRect(program.Panel()).width();
+    int widest = 0;
+    for (const auto& [typed, kept] : {std::pair(u"999"_s, 999.0), std::pair(u"abc"_s, 0.0),
+                                      std::pair(u"0"_s, 0.0), std::pair(u"2.5"_s, 2.5)}) {
+        QVERIFY(settings.Open());
+        settings.Type(u"txtButtonsPerRow"_s, typed);
+        QVERIFY(settings.Save());
+        QVERIFY(program.Record(kRecordButtonsPerRow) == ConfigArray{kept});
+        const int width = WindowRect(program.Panel()).width();
+        QVERIFY2(width > 20 && width <= screen, qPrintable(QString::number(width)));
+        widest = std::max(widest, width);
+        QVERIFY(kept > 5 || width < usual);
+        // The new panel has taken the focus.
+        Xdotool({u"windowactivate"_s, u"--sync"_s, settings.Window()});
+        PressKey(u"Escape"_s);
+        QTRY_VERIFY(WindowState(settings.Window()).isEmpty());
+    }
+    QVERIFY(widest > usual);
+    QVERIFY(program.Close());
+}
+
+void tst_desktop_settings::takenHotkey() {
+    InstalledProgram program;
+    program.CompleteStore();
+    program.UseHotkey();
+    program.SetRecords({{kRecordHotkeyEnabled, false}});
+    QVERIFY(program.Start());
+    SettingWindow settings(program);
+    QVERIFY(settings.Open());
+    const auto other = MakeHotkey();
+    QCOMPARE(other->Register(kHotkeyCtrl | kHotkeyAlt, kLetterK, [] {}), Hotkey::Answer::Registered);
+    settings.Click(u"chkEnableHotKey"_s);
+    QVERIFY(settings.SaveAndBeTold(
+        u"The settings are saved, but the hotkey Ctrl + Alt + K belongs to another program. It will "
+        "not call the panel; please choose another one."_s));
+    QVERIFY(program.Record(kRecordHotkeyEnabled) == ConfigArray{true});
+    // The other program gives it up, and the next save has it.
+    other->Unregister();
+    QVERIFY(program.FindPanel());
+    QVERIFY(settings.Save());
+    QVERIFY(program.ShowPanel());
+    PressKey(u"ctrl+alt+k"_s);
+    QVERIFY(program.PanelBecomes({}));
+    PressKey(u"ctrl+alt+k"_s);
+    QVERIFY(program.PanelBecomes(u"Normal"_s));
+    QVERIFY(program.Close());
+}
+
+void tst_desktop_settings::noRoom_data() {
+    QTest::addColumn<bool>("sealed");
+    QTest::newRow("sealed folder") << true;
+    QTest::newRow("full disk") << false;
+}
+
+void tst_desktop_settings::noRoom() {
+    QFETCH(bool, sealed);
+    InstalledProgram program;
+    program.CompleteStore();
+    QVERIFY(program.Start(sealed));
+    SettingWindow settings(program);
+    QVERIFY(settings.Open());
+    const QString process = QString::number(program.ProcessId());
+    const auto close = [&](bool full) {
+        if (sealed)
+            ToolOutput(u"chmod"_s, {u"-R"_s, full ? u"a-w,a+rX"_s : u"a+rwX"_s, program.Folder()});
+        else
+            ToolOutput(u"prlimit"_s, {u"--pid"_s, process, full ? u"--fsize=0:"_s : u"--fsize=unlimited:"_s});
+    };
+    close(true);
+    const TreePicture before = PictureOfTree(program.Folder());
+    settings.Type(u"txtUser"_s, u"Anna"_s);
+    settings.Click(u"lblSave"_s);
+    const auto box = [&] { return FindWindow(InstalledProgram::kBoxTitle.toString(), program.ProcessId()); };
+    QTRY_VERIFY(!box().isEmpty());
+    QCOMPARE(Difference(before, PictureOfTree(program.Folder())), QString());
+    PressKey(u"Return"_s);
+    QTRY_VERIFY(box().isEmpty());
+    // The letter is still there with what was typed.
+    close(false);
+    QVERIFY(settings.Save());
+    QVERIFY(program.Record(kRecordUserName) == ConfigArray{u"Anna"_s});
+    QVERIFY(program.Close());
+}
+
+QTEST_MAIN(tst_desktop_settings)
+#include "tst_desktop_settings.moc"
