@@ -3,6 +3,7 @@
 #include "notes/note_files.h"
 #include "notes/note_keys.h"
 
+#include "core/file_guard.h"
 #include "core/ini_file.h"
 
 namespace paneda {
@@ -28,6 +29,8 @@ QString LockHolder(const QString& editingValue) {
 
 FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk& disk) {
     FirstEdit edit;
+    // A save that is under way clears the mark at its end.
+    const FileGuard guard(NoteGuardFile(place.NoteFolder));
     edit.Lock = ReadEditLock(place);
     if (edit.Lock.LockedByOther) {
         edit.Notice = QStringLiteral("Someone is editing this note! Editing Not Allow");

@@ -18,8 +18,9 @@ namespace paneda {
 //   release by hand         cleared
 //
 // Nothing else clears it: it has no time-out, and a holder who comes back after a crash finds the note
-// locked. A tree of a single user neither reads nor writes it. Reading and stamping are two steps, so two
-// users who press a key in the same instant both get it; what they save is then kept apart by SaveNote.
+// locked. A tree of a single user neither reads nor writes it. Reading and stamping are two steps; a
+// FileGuard keeps other processes out in between where the folder lets it. Where two users get the mark all
+// the same, what they save is kept apart by SaveNote.
 struct EditLock {
     QString EditingValue;       // as last read
     bool LockedByOther = false; // it was not empty

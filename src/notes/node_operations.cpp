@@ -168,20 +168,15 @@ bool NodeOperations::EditNode(int row) {
     const TreeNode before = *shown;
     const PendingNode wanted = *transfer_.Pending;
     const QString folder = tree_.NodeFolder(before);
-    auto properties = LoadNodeIni(folder);
-    if (!properties)
-        return Stop(properties.error()) >= 0;
     const bool keepsIcon = wanted.IconSource == kKeepIcon;
     if (before.Type.isEmpty() && !keepsIcon) {
         if (const FileResult changed = ChangeNodeIcon(wanted.IconSource, folder); !changed)
             return Stop(changed.error()) >= 0;
     }
     const bool changesLink = !keepsIcon || wanted.Type != before.Type;
-    if (changesLink)
-        SetNodeLink(*properties, wanted);
-    SetNodeTitle(*properties, wanted);
-    if (const FileResult written = WriteNodeIni(folder, *properties); !written)
-        return Stop(written.error()) >= 0;
+    const auto properties = ChangeNodeKeys(folder, wanted, changesLink);
+    if (!properties)
+        return Stop(properties.error()) >= 0;
     TreeNode after = before;
     ReadNodeKeys(*properties, tree_.AppPath(), after);
     if (changesLink)

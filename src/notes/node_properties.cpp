@@ -1,5 +1,6 @@
 #include "notes/node_properties.h"
 
+#include "core/file_guard.h"
 #include "core/ini_file.h"
 #include "notes/tree_store.h"
 
@@ -88,8 +89,24 @@ FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties) {
     return ReplaceFile(NodeIniFile(nodeFolder), properties.Bytes());
 }
 
+tl::expected<IniText, FileError> ChangeNodeKeys(const QString& nodeFolder, const PendingNode& pending,
+                                                bool changesLink) {
+    const FileGuard guard(NodeIniFile(nodeFolder));
+    auto properties = LoadNodeIni(nodeFolder);
+    if (!properties)
+        return properties;
+    if (changesLink)
+        SetNodeLink(*properties, pending);
+    SetNodeTitle(*properties, pending);
+    if (const FileResult written = WriteNodeIni(nodeFolder, *properties); !written)
+        return tl::make_unexpected(written.error());
+    return properties;
+}
+
 FileResult WriteSort(const QString& nodeFolder, const QString& sort) {
-    return WriteIni(kProperties.toString(), QStringLiteral("Sort"), sort, NodeIniFile(nodeFolder));
+    const QString file = NodeIniFile(nodeFolder);
+    const FileGuard guard(file);
+    return WriteIni(kProperties.toString(), QStringLiteral("Sort"), sort, file);
 }
 
 } // namespace paneda

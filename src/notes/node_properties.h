@@ -17,7 +17,7 @@ QString NodeIniFile(const QString& nodeFolder);
 // A file that is missing or cannot be read has no keys.
 IniText ReadNodeIni(const QString& nodeFolder);
 
-// For those who write it back.
+// The same, but fails where it cannot be read.
 tl::expected<IniText, FileError> LoadNodeIni(const QString& nodeFolder);
 
 QString ReadSort(const IniText& properties);
@@ -35,6 +35,11 @@ void SetSort(IniText& properties, const QString& sort);
 
 // Replaces the file whole, with all keys that were set at once.
 FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties);
+
+// Gives an existing node another title, and another link if asked to; the keys that others wrote in the
+// meantime stay. Returns the whole file as written.
+tl::expected<IniText, FileError> ChangeNodeKeys(const QString& nodeFolder, const PendingNode& pending,
+                                                bool changesLink);
 
 // One key of an existing node's file. Fails for a folder that has gone.
 FileResult WriteSort(const QString& nodeFolder, const QString& sort);

@@ -2,18 +2,17 @@
 
 #include "notes/note_keys.h"
 
+#include "core/file_guard.h"
+#include "core/file_tree.h"
 #include "core/ini_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace paneda {
 
 namespace {
-
-constexpr qint64 kCopyStep = 1024 * 1024;
 
 tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
     return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
@@ -26,22 +25,7 @@ FileResult NoteDisk::Replace(const QString& path, const QByteArray& bytes) {
 }
 
 FileResult NoteDisk::Copy(const QString& from, const QString& to) {
-    QFile source(from);
-    if (!QFileInfo(from).isFile() || !source.open(QIODevice::ReadOnly))
-        return Failure(from, QStringLiteral("The file cannot be read, so no copy of it can be kept."));
-    QSaveFile copy(to);
-    if (!copy.open(QIODevice::WriteOnly))
-        return Failure(to, copy.errorString());
-    while (!source.atEnd()) {
-        const QByteArray bytes = source.read(kCopyStep);
-        if (bytes.isEmpty())
-            return Failure(from, source.errorString());
-        if (copy.write(bytes) != bytes.size())
-            return Failure(to, copy.errorString());
-    }
-    if (!copy.commit())
-        return Failure(to, copy.errorString());
-    return {};
+    return CopyWholeFile(from, to);
 }
 
 FileResult NoteDisk::Remove(const QString& path) {
@@ -52,6 +36,7 @@ FileResult NoteDisk::Remove(const QString& path) {
 }
 
 FileResult NoteDisk::WriteKeys(const QString& iniFile, const NoteKeyValues& keys) {
+    const FileGuard guard(iniFile);
     QByteArray bytes;
     if (QFileInfo::exists(iniFile)) {
         auto read = ReadFileBytes(iniFile, kMaxIniFile);

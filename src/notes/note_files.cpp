@@ -18,6 +18,10 @@ QString NoteZipFile(const QString& noteFolder) {
     return FindEntry(noteFolder, QStringLiteral("content.zip"));
 }
 
+QString NoteGuardFile(const QString& noteFolder) {
+    return noteFolder + QStringLiteral("/content");
+}
+
 QString NotePropertiesFile(const QString& noteFolder) {
     return FindEntry(noteFolder, QStringLiteral("Properties.ini"));
 }

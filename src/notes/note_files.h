@@ -31,6 +31,9 @@ QString NoteRtfFile(const QString& noteFolder);
 QString NoteZipFile(const QString& noteFolder);
 QString NotePropertiesFile(const QString& noteFolder);
 
+// What a FileGuard is asked for by those that change the note's text or take its edit lock.
+QString NoteGuardFile(const QString& noteFolder);
+
 // The form of the note at this moment, right also when another process turns one form into the other.
 NoteForm FindNoteForm(const QString& noteFolder);
 

@@ -5,6 +5,7 @@
 
 #include "archive/zip_class.h"
 
+#include "core/file_guard.h"
 #include "core/ini_file.h"
 
 #include <QDir>
@@ -67,6 +68,7 @@ tl::expected<SavedNote, FileError> Saving::Run() {
         return Failure(folder_, QStringLiteral("The folder of this note does not exist any more."));
     if (draft_.Rtf.size() > kMaxNoteText)
         return Failure(folder_, QStringLiteral("The note is larger than %1 bytes.").arg(kMaxNoteText));
+    const FileGuard guard(NoteGuardFile(folder_));
     const NoteOnDisk found = LookAtNote(folder_);
     if (const auto kept = KeepOthers(found); !kept)
         return tl::make_unexpected(kept.error());

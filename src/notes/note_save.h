@@ -52,8 +52,8 @@ struct SavedNote {
 // Before the first step comes a look at what lies there. What another process has saved since the draft was
 // loaded is copied beside the note as "content (other <time> <user>)". So is, as "content (kept <time>)", a
 // file that gave the editor no text, and an rtf beside a zip that is newer than it or beside a damaged one.
-// If that copy fails, the save fails. Between the look and the write another process may still save; that
-// save is lost, which is what the edit lock is for.
+// If that copy fails, the save fails. From the look to the end a FileGuard keeps the saves of other
+// processes out; where it cannot, a save of theirs between the look and the write is lost.
 tl::expected<SavedNote, FileError> SaveNote(const NotePlace& place, const NoteSession& session,
                                             const NoteDraft& draft, NoteDisk& disk);
 
