@@ -16,7 +16,8 @@ packages_of() {
                   "libxcb-xinput0 libsdl2-mixer-2.0-0 timgm6mb-soundfont" ;;
         test) echo "python3 clang libclang-rt-14-dev clang-format clang-tidy xvfb openbox picom hsetroot" \
                    "dbus-daemon dbus-bin xdotool wmctrl xterm x11-utils x11-xkb-utils x11-xserver-utils trayer imagemagick" \
-                   "libsdl2-mixer-2.0-0 timgm6mb-soundfont libglib2.0-bin" ;;
+                   "libsdl2-mixer-2.0-0 timgm6mb-soundfont libglib2.0-bin zip unzip p7zip-full unrtf" \
+                   "libreoffice-writer-nogui abiword" ;;
         *) echo "install-packages.sh: unknown set '$1' (there are: build run test)" >&2; return 2 ;;
     esac
 }

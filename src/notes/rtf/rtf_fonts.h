@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QColor>
+#include <QList>
+#include <QString>
+
+#include <unordered_map>
+
+namespace paneda {
+
+struct RtfFont {
+    // Without the semicolon. Empty when the table names none.
+    QString Family;
+    // \fcharset; -1 when the table tells none.
+    int Charset = -1;
+    int CodePage = 0;
+};
+
+// Fonts by their numbers, which need not be in order.
+using RtfFonts = std::unordered_map<int, RtfFont>;
+
+// Reads a whole {\fonttbl...} group. `codePage` is the note's own.
+RtfFonts ReadFontTable(QByteArrayView group, int codePage);
+
+// Reads a whole {\colortbl...} group: the colours by their number. The automatic colour is invalid.
+QList<QColor> ReadColourTable(QByteArrayView group);
+
+} // namespace paneda

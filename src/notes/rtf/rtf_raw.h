@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace paneda {
+
+// RTF source made fit to be kept: 7-bit, with binary data turned into hex digits (picture and object data
+// read the same), and balanced where the end of the note was missing.
+QByteArray KeptRtf(QByteArrayView source);
+
+// Text of RTF source without its formatting, for labels and field instructions. At most `limit` characters.
+// `codePage` is that of its 8-bit texts.
+QString PlainTextOfRtf(QByteArrayView source, int codePage, qsizetype limit);
+
+// RTF source of a text, one \u with a "?" behind it for each UTF-16 unit outside ASCII. Reads right under
+// \uc1.
+QByteArray RtfOfText(QStringView text);
+
+} // namespace paneda

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+class QTextDocument;
+
+namespace paneda {
+
+struct RtfReading {
+    // Why nothing was read, for the user; empty when something was.
+    QString Error;
+    // What a save of the document would lose, in short words ("tracked changes"). When there is anything, the
+    // note is to be opened read-only.
+    QStringList Losses;
+
+    bool IsRtf() const { return Error.isEmpty(); }
+};
+
+// Replaces the document's content by a note in RTF (1.0 to 1.9). Damaged RTF is read as far as it makes
+// sense. Bytes that are no RTF at all leave the document alone. Pictures are decoded when they are first
+// drawn. See rtf_properties.h for what the document holds beside its text.
+RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document);
+
+} // namespace paneda
