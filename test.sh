@@ -3,7 +3,7 @@
 #
 # Builds and runs all tests, and ends with a status other than 0 when anything failed.
 #
-# usage: test.sh [quick]      quick: the tests of the release build only
+# usage: test.sh [quick|windows]      quick: the tests of the release build only; windows: those of the Windows one
 #
 # Each stage leaves its output in build/test-logs/STAGE.log.
 set -euo pipefail
@@ -102,6 +102,16 @@ stage_tidy() {
         xargs -0 -n 4 -P "$jobs" clang-tidy -p build/release --quiet --extra-arg=-w
 }
 
+# The same tests on the Windows build, under Wine, and the program itself in a virtual desktop.
+stage_windows() {
+    packaging/windows/prepare-qt
+    build windows
+    # One program of both systems over one store.
+    build release paneda
+    ctest --preset windows --no-tests=error -j "$jobs"
+    packaging/windows/make-zip
+}
+
 run_stage() { # STAGE
     local start=$SECONDS status
     printf '\n==== %s\n' "$1"
@@ -122,13 +132,14 @@ run_stage() { # STAGE
 }
 
 main() {
-    local stages=(release asan fuzz format tidy) stage
+    local stages=(release windows asan fuzz format tidy) stage
     case "${1:-}" in
         "") ;;
         quick) stages=(release) ;;
-        *) echo "usage: test.sh [quick]" >&2 && exit 2 ;;
+        windows) stages=(windows) ;;
+        *) echo "usage: test.sh [quick|windows]" >&2 && exit 2 ;;
     esac
-    tools/install-packages.sh build run test
+    tools/install-packages.sh build run test windows
     mkdir -p "$logs"
     rm -f "$logs"/*.log
     for stage in "${stages[@]}"; do

@@ -23,6 +23,18 @@ target_compile_definitions(paneda_common INTERFACE
     QT_STRICT_ITERATORS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+if(CMAKE_CROSSCOMPILING)
+    # Header-only, so that the host's copy serves; the host's other headers must stay out of sight.
+    find_path(PANEDA_EXPECTED_HEADERS tl/expected.hpp PATHS /usr/include NO_DEFAULT_PATH
+        NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+    file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/host-headers")
+    file(CREATE_LINK "${PANEDA_EXPECTED_HEADERS}/tl" "${CMAKE_BINARY_DIR}/host-headers/tl" SYMBOLIC)
+    target_include_directories(paneda_common SYSTEM INTERFACE "${CMAKE_BINARY_DIR}/host-headers")
+    # For tests without a display, which see no font of the system.
+    find_path(PANEDA_TEST_FONTS DejaVuSans.ttf PATHS /usr/share/fonts/truetype/dejavu NO_DEFAULT_PATH
+        NO_CMAKE_FIND_ROOT_PATH)
+endif()
+
 if(PANEDA_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
@@ -46,8 +58,17 @@ function(paneda_test name)
     add_executable(${name} ${arg_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE Qt6::Test paneda_test_support ${arg_LINK})
+    if(WIN32 AND NOT "${arg_LINK}" STREQUAL "paneda_core")
+        # In a static Qt a program has the plugins that it names and no other.
+        qt_import_plugins(${name} INCLUDE Qt6::QOffscreenIntegrationPlugin)
+    endif()
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 120)
+    set(environment "QT_QPA_PLATFORM=offscreen")
+    if(CMAKE_CROSSCOMPILING)
+        # Without a console the results would be told to a debugger only.
+        list(APPEND environment "QT_FORCE_STDERR_LOGGING=1" "QT_QPA_FONTDIR=${PANEDA_TEST_FONTS}")
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${environment}")
     if(arg_LABEL)
         set_tests_properties(${name} PROPERTIES LABELS "${arg_LABEL}")
     endif()

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages of the named sets; does nothing when all are there.
 #
-# usage: install-packages.sh [build|run|test]...      (default: build)
+# usage: install-packages.sh [build|run|test|windows|windows-qt]...      (default: build)
 #
 # Needs root or sudo only when something is missing.
 set -euo pipefail
@@ -18,7 +18,10 @@ packages_of() {
                    "dbus-daemon dbus-bin xdotool wmctrl xterm x11-utils x11-xkb-utils x11-xserver-utils trayer imagemagick" \
                    "libsdl2-mixer-2.0-0 timgm6mb-soundfont libglib2.0-bin zip unzip p7zip-full unrtf" \
                    "libreoffice-writer-nogui abiword" ;;
-        *) echo "install-packages.sh: unknown set '$1' (there are: build run test)" >&2; return 2 ;;
+        windows) echo "cmake ninja-build qt6-base-dev libexpected-dev g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine" \
+                      "wine64 xz-utils python3 fonts-dejavu-core" ;;
+        windows-qt) echo "dpkg-dev perl python3 cmake ninja-build" ;;
+        *) echo "install-packages.sh: unknown set '$1' (there are: build run test windows windows-qt)" >&2; return 2 ;;
     esac
 }
 

@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QIcon>
 #include <QOperatingSystemVersion>
+#include <QTimer>
 
 namespace paneda {
 
@@ -17,6 +19,13 @@ QString CurrentWindowsName() {
     if (system.type() != QOperatingSystemVersion::Windows)
         return WindowsNameOf(0, 0, 0);
     return WindowsNameOf(kPlatformNt, system.majorVersion(), system.minorVersion());
+}
+
+void SetApplicationIcon() {
+    QIcon icon;
+    for (const int side : {16, 32, 48, 128})
+        icon.addFile(QStringLiteral(":/app/paneda-%1.png").arg(side));
+    QApplication::setWindowIcon(icon);
 }
 
 } // namespace
@@ -58,6 +67,8 @@ int MainProgram::Run() {
     LoadPanel();
     panel_->ShowAtStart();
     ListenToOutside();
+    // Pictures of the windows' icon are read when the panel is on the screen.
+    QTimer::singleShot(0, this, &SetApplicationIcon);
     const int status = QApplication::exec();
     platform_.Keys->Unregister();
     dialogs_->CloseAll();

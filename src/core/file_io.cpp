@@ -13,13 +13,28 @@ namespace paneda {
 
 namespace {
 
-QStringList ListNames(const QString& folder, QDir::Filters filters) {
+// A shortcut of the desktop is a file like any other, whatever it leads to and even if that is gone. Qt looks
+// through it.
+bool IsFile(const QFileInfo& entry) {
+    return entry.isFile() || entry.isShortcut();
+}
+
+bool IsFolder(const QFileInfo& entry) {
+    return entry.isDir() && !entry.isShortcut();
+}
+
+bool IsAnything(const QFileInfo&) {
+    return true;
+}
+
+QStringList ListNames(const QString& folder, bool (*isWanted)(const QFileInfo&), QDir::Filters more = {}) {
     QStringList names;
-    QDirIterator entries(folder, filters | QDir::NoDotAndDotDot);
+    // Without System the shortcuts to nowhere are left out.
+    QDirIterator entries(folder, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot | more);
     while (entries.hasNext()) {
         entries.next();
         const QString name = entries.fileName();
-        if (!name.contains(u'\\') && !name.startsWith(kUnfinishedPrefix))
+        if (!name.contains(u'\\') && !name.startsWith(kUnfinishedPrefix) && isWanted(entries.fileInfo()))
             names.append(name);
     }
     std::sort(names.begin(), names.end(),
@@ -48,7 +63,7 @@ QString FindEntry(const QString& folder, const QString& name) {
     const QString exact = QDir(folder).filePath(name);
     if (QFileInfo::exists(exact))
         return exact;
-    const QStringList names = ListNames(folder, QDir::AllEntries | QDir::Hidden | QDir::System);
+    const QStringList names = ListNames(folder, IsAnything, QDir::Hidden);
     const auto found = std::find_if(names.begin(), names.end(),
                                     [&name](const QString& entry) { return SameName(entry, name); });
     return found == names.end() ? exact : QDir(folder).filePath(*found);
@@ -56,9 +71,9 @@ QString FindEntry(const QString& folder, const QString& name) {
 
 tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 limit) {
     const QFileInfo info(path);
-    if (!info.exists())
+    if (!info.exists() && !info.isShortcut())
         return Failure(path, QStringLiteral("The file does not exist."));
-    if (!info.isFile())
+    if (!IsFile(info))
         return Failure(path, QStringLiteral("This is not a file."));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -78,11 +93,11 @@ FileResult MakeFolder(const QString& path) {
 }
 
 QStringList ListFolders(const QString& folder) {
-    return ListNames(folder, QDir::Dirs);
+    return ListNames(folder, IsFolder);
 }
 
 QStringList ListFiles(const QString& folder) {
-    return ListNames(folder, QDir::Files);
+    return ListNames(folder, IsFile);
 }
 
 } // namespace paneda

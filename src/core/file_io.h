@@ -25,7 +25,8 @@ using FileResult = tl::expected<void, FileError>;
 QString FailureText(const std::vector<FileError>& failures);
 
 // The path of the entry of `folder` that has this name in any case of letters. An exact match wins, then the
-// first in byte order. Where there is none: the folder and the name as given.
+// first in byte order. Where there is none: the folder and the name as given; so too on a host that takes a
+// name in any case itself.
 QString FindEntry(const QString& folder, const QString& name);
 
 // Whole contents of a regular file. Fails when it does not exist, is no regular file (a pipe would block), is
@@ -46,7 +47,8 @@ FileResult MakeFolder(const QString& path);
 
 // Names of the folders (files) in a folder, in byte order, without hidden ones and unfinished files. A folder
 // that cannot be read has none. Left out are names that hold a backslash, which the stored form of a path
-// cannot tell from a separator, and names whose bytes are not valid in the file system's encoding.
+// cannot tell from a separator, and names whose bytes are not valid in the file system's encoding. A shortcut
+// (.lnk) is a file.
 QStringList ListFolders(const QString& folder);
 QStringList ListFiles(const QString& folder);
 

@@ -13,6 +13,26 @@ constexpr QStringView kForbiddenInFiles = u"\\/:*?\"<>|";
 constexpr QStringView kForbiddenInTitles = u"\\/:*?\"<>|[]";
 constexpr int kMaxExtension = 999;
 
+// Windows drops points and blanks at the end of a name, and then does not find what another system made.
+QString WithoutLooseEnd(QString name) {
+    while (name.endsWith(u'.') || name.endsWith(u' '))
+        name.chop(1);
+    return name;
+}
+
+// Names that Windows keeps for devices, whatever extension they have.
+bool IsDeviceName(QStringView base) {
+    static constexpr std::array<QStringView, 6> kDevices{u"CON", u"PRN",    u"AUX",
+                                                         u"NUL", u"CONIN$", u"CONOUT$"};
+    for (const QStringView device : kDevices) {
+        if (SameName(base, device))
+            return true;
+    }
+    // The superscript digits count as well.
+    return base.size() == 4 && (SameName(base.first(3), u"COM") || SameName(base.first(3), u"LPT")) &&
+           QStringView(u"123456789\u00B9\u00B2\u00B3").contains(base[3]);
+}
+
 } // namespace
 
 QString StripOrderPrefix(const QString& text) {
@@ -49,10 +69,16 @@ QString WithoutLnk(const QString& name) {
 QString SafeFileName(const QString& text) {
     QString result = text;
     for (QChar& c : result) {
-        if (kForbiddenInFiles.contains(c))
+        if (kForbiddenInFiles.contains(c) || c < u' ')
             c = u'-';
     }
-    return result;
+    result = WithoutLooseEnd(result);
+    // A name of nothing else would stand for the folder that it is to lie in.
+    if (result.isEmpty() && !text.isEmpty())
+        return QStringLiteral("-");
+    const qsizetype point = result.indexOf(u'.');
+    const QString base = WithoutLooseEnd(point < 0 ? result : result.first(point));
+    return IsDeviceName(base) ? result.insert(base.size(), u'-') : result;
 }
 
 QString TitleBehindPrefix(const QString& folderName) {
@@ -64,7 +90,7 @@ QString ButtonCaption(const QString& fileName) {
 }
 
 QString NumberedName(int position, const QString& title) {
-    return QStringLiteral("[%1] %2").arg(position, 3, 10, QLatin1Char('0')).arg(title);
+    return WithoutLooseEnd(QStringLiteral("[%1] %2").arg(position, 3, 10, QLatin1Char('0')).arg(title));
 }
 
 bool IsImageExtension(const QString& extension) {

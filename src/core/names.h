@@ -27,7 +27,9 @@ QString WithoutExtension(const QString& name);
 // WithoutExtension for a name that ends in .LNK in any case, else the name.
 QString WithoutLnk(const QString& name);
 
-// Characters that no file name may hold are replaced by "-". Square brackets stay.
+// A file name that every system takes: characters that no file name may hold are replaced by "-", points and
+// blanks at its end are dropped, and the name of a device gets a "-" ("con.txt" gives "con-.txt"). Square
+// brackets stay. Empty only for an empty text.
 QString SafeFileName(const QString& text);
 
 // The title of a category or group on the panel: what stands behind the first "]", trimmed.
@@ -36,7 +38,8 @@ QString TitleBehindPrefix(const QString& folderName);
 // The caption of a button: its file name without prefix, style tag and extension.
 QString ButtonCaption(const QString& fileName);
 
-// "[001] <title>" for position 1: at least three digits, more past 999.
+// "[001] <title>" for position 1: at least three digits, more past 999. Without points and blanks at its end,
+// which not every system keeps.
 QString NumberedName(int position, const QString& title);
 
 // Whether the extension is that of a picture, which serves as a button's picture and is no button itself.

@@ -16,6 +16,8 @@
 #include "platform/volumes.h"
 #include "platform/work_areas.h"
 
+#include <QByteArray>
+
 #include <memory>
 
 namespace paneda {
@@ -41,5 +43,9 @@ struct Platform {
 
 // The one of the system that the program is built for.
 Platform MakePlatform();
+
+// The name of the toolkit's platform that suits this desktop best; empty for the toolkit's own choice. To be
+// asked before the application object is made.
+QByteArray PreferredToolkitPlatform();
 
 } // namespace paneda

@@ -66,7 +66,7 @@ FileResult RenamePictureFile(const QString& oldPath, const QString& newStemWithD
         return {};
     const QString taken = FindEntry(FolderOf(target), FileNameOf(target));
     // A name that differs from its own in case alone is free.
-    if (QFileInfo::exists(taken) && taken != picture)
+    if (QFileInfo::exists(taken) && QFileInfo(taken) != QFileInfo(picture))
         return Failure(target, QStringLiteral("A file of this name exists."));
     QFile file(picture);
     return file.rename(target) ? FileResult() : Failure(picture, file.errorString());

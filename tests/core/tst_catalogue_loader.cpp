@@ -1,4 +1,5 @@
 #include "core/catalogue_loader.h"
+#include "core/ini_file.h"
 #include "core/store_layout.h"
 #include "support/store_builder.h"
 
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void buttonPaths();
     void obstacles();
     void oddNames();
+    void longPath();
     void manyCategories();
 };
 
@@ -147,6 +149,17 @@ void tst_catalogue_loader::oddNames() {
     QVERIFY(QFile::link(u"nowhere"_s, store.Path(u"Setting/A/G/dangling.lnk"_s)));
     QCOMPARE(test::Describe(LoadCatalogue(store.Scan())),
              (QStringList{u"A | S"_s, u"  G #1"_s, u"    good 😀.lnk #1 | good 😀 | <>"_s}));
+}
+
+// Longer than the 260 characters that some systems take without being asked for more.
+void tst_catalogue_loader::longPath() {
+    const test::StoreBuilder store;
+    const QString file = u"Setting/%1/%1/%1.pnd"_s.arg(QString(120, u'x'));
+    store.AddFile(file, "[Properties]\nTarget=C:\\a\n");
+    QCOMPARE(LoadCatalogue(store.Scan()).at(0).Groups.at(0).Buttons.size(), 1U);
+    QCOMPARE(ReadIni(u"Properties"_s, u"Target"_s, store.Path(file)), u"C:\\a"_s);
+    QVERIFY(WriteIni(u"Properties"_s, u"Target"_s, u"C:\\b"_s, store.Path(file)));
+    QCOMPARE(store.Bytes(file), "[Properties]\nTarget=C:\\b\n");
 }
 
 void tst_catalogue_loader::manyCategories() {

@@ -237,7 +237,8 @@ void tst_ini::replacesWhole() {
     };
     std::filesystem::create_hard_link(link(u"a.ini"_s), link(u"second"_s));
     QVERIFY(WriteIni(u"S"_s, u"K"_s, u"old"_s, store.Path(u"a.ini"_s)));
-    QCOMPARE(std::filesystem::hard_link_count(link(u"second"_s)), 2U); // nothing changed, nothing written
+    QVERIFY(
+        std::filesystem::equivalent(link(u"a.ini"_s), link(u"second"_s))); // nothing changed, nothing written
     QVERIFY(WriteIni(u"S"_s, u"K"_s, u"new"_s, store.Path(u"a.ini"_s)));
     QCOMPARE(store.Bytes(u"second"_s), "[S]\nK=old\n");
     QCOMPARE(store.Bytes(u"a.ini"_s), "[S]\nK=new\n");

@@ -57,6 +57,15 @@ void tst_names::parts_data() {
     add(WithoutLnk, "Tool.pnd", "Tool.pnd");
     add(WithoutLnk, "lnk", "lnk"); // the whole name counts as the extension, and nothing is there to cut
     add(SafeFileName, R"(a\b/c:d*e?f"g<h>i|j[k])", "a-b-c-d-e-f-g-h-i-j[k]");
+    add(SafeFileName, "a\tb\n. .", "a-b-");
+    add(SafeFileName, " .profile", " .profile");
+    add(SafeFileName, "...", "-");
+    add(SafeFileName, "", "");
+    add(SafeFileName, "nul", "nul-");
+    add(SafeFileName, "Con .tar.gz", "Con- .tar.gz");
+    add(SafeFileName, "lpt\xc2\xb9.txt", "lpt\xc2\xb9-.txt");
+    add(SafeFileName, "COM10", "COM10");
+    add(SafeFileName, "COM0.console", "COM0.console");
     add(TitleBehindPrefix, "My Computer", "My Computer");
     add(TitleBehindPrefix, "x ] y ] z ", "y ] z");
     add(ButtonCaption, "[003] Tool 2.0 [11].pnd", "Tool 2.0");
@@ -71,6 +80,8 @@ void tst_names::parts() {
 void tst_names::numbersAndPictures() {
     QCOMPARE(NumberedName(999, u"%1 %2"_s), u"[999] %1 %2"_s);
     QCOMPARE(NumberedName(1000, u"A"_s), u"[1000] A"_s);
+    QCOMPARE(NumberedName(1, u"And so on... "_s), u"[001] And so on"_s);
+    QCOMPARE(NumberedName(2, {}), u"[002]"_s);
     for (const QString& picture : u"png ICO Bmp jpg JPE jpeg gif"_s.split(u' '))
         QVERIFY2(IsImageExtension(picture), qPrintable(picture));
     for (const QString& other : u"pn pngx svg webp pnd "_s.split(u' '))

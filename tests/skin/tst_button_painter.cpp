@@ -2,6 +2,7 @@
 
 #include "skin/button_layout.h"
 #include "skin/button_painter.h"
+#include "support/store_builder.h"
 
 #include <QTest>
 
@@ -61,7 +62,7 @@ QImage TestButtonPainter::Paint(const ButtonSpec& button) {
     const ThemeState theme = maker_.Theme();
     FontChoice fonts;
     PaintTools tools(theme, fonts);
-    const DriveMap drives = DriveMap::FromMountPoints({});
+    const DriveMap drives = test::DrivesOfHost();
     ButtonSources sources{icons_, drives, QStringLiteral("C:\\app"), 5};
     DrawingSurface surface(QSize(220, 60));
     PaintButton(surface, button, tools, sources);
@@ -208,7 +209,7 @@ void TestButtonPainter::PictureWinsOverIcon() {
     QVERIFY(PlainPicture(64, 32, kBig).save(maker_.PathOf(QStringLiteral("[001] play [3115].PNG")), "png"));
     ButtonSpec button;
     button.Style = QStringLiteral("3115");
-    button.Target = QStringLiteral("C:") + QString(file).replace(u'/', u'\\');
+    button.Target = test::DrivesOfHost().ToStored(file);
     icons_.Asked.clear();
     const QImage image = Paint(button);
     QVERIFY(icons_.Asked.isEmpty());
@@ -221,7 +222,7 @@ void TestButtonPainter::IconIsThatOfTheTarget() {
         WriteBytes(file, "[Properties]\nTarget=" + target + "\n");
         ButtonSpec button;
         button.Style = QStringLiteral("1111");
-        button.Target = QStringLiteral("C:") + QString(file).replace(u'/', u'\\');
+        button.Target = test::DrivesOfHost().ToStored(file);
         icons_.Asked.clear();
         Paint(button);
         return icons_.Asked.join(u'|');

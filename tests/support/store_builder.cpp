@@ -54,6 +54,10 @@ ScanOptions StoreBuilder::Scan() const {
     return ScanOptionsOf(State());
 }
 
+DriveMap DrivesOfHost() {
+    return QDir::rootPath() == u'/' ? DriveMap::FromMountPoints({}) : DriveMap();
+}
+
 QStringList Describe(const CatalogueList& catalogue) {
     QStringList lines;
     for (const CategoryEntry& category : catalogue) {

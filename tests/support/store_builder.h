@@ -2,6 +2,7 @@
 
 #include "core/app_state.h"
 #include "core/catalogue_loader.h"
+#include "core/drive_map.h"
 
 #include <QByteArray>
 #include <QString>
@@ -39,6 +40,9 @@ public:
 private:
     QTemporaryDir folder_;
 };
+
+// The drive map of the machine that the test runs on, with nothing mounted.
+DriveMap DrivesOfHost();
 
 // One line for each category, group and button, indented by level, with all fields but a path's folder.
 QStringList Describe(const CatalogueList& catalogue);

@@ -7,6 +7,7 @@
 #include "platform/volumes.h"
 
 #include <QColor>
+#include <QDir>
 #include <QHash>
 #include <QStringList>
 
@@ -26,12 +27,15 @@ public:
     }
 };
 
-// A machine with the root volume and what a test mounts.
+// The machine that the test runs on, and what a test mounts, which a host with drive letters does not have.
 class FakeVolumes : public Volumes {
 public:
     QStringList MountPoints;
 
-    void Refresh(DriveMap& map) override { map.UseMountPoints(MountPoints); }
+    void Refresh(DriveMap& map) override {
+        if (QDir::rootPath() == u'/')
+            map.UseMountPoints(MountPoints);
+    }
 };
 
 // One flat colour as the icon of every target.

@@ -126,7 +126,10 @@ void TestCreditsAndMenu::creditWindow() {
     }
     QCOMPARE(brightest, qRgb(255, 255, 255));
     QVERIFY(shown.contains(QStringLiteral("Version 2.0\nBuilt")));
-    QCOMPARE(sounds.Calls, music ? QStringList(QStringLiteral("play About.MID about")) : QStringList());
+    QCOMPARE(sounds.Calls.size(), music ? 1 : 0);
+    // In the case of letters on the disk, where the disk tells names by it.
+    QCOMPARE(sounds.Calls.join(QString()).toLower(),
+             music ? QStringLiteral("play about.mid about") : QString());
     credits.Timer2_Timer();
     QCOMPARE(credits.windowTitle(), QStringLiteral(" Paneda Launcher"));
     sounds.Calls.clear();

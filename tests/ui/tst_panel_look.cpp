@@ -3,6 +3,7 @@
 #include "core/store_layout.h"
 #include "skin/picture_cache.h"
 #include "skin/skin_maker.h"
+#include "support/store_builder.h"
 #include "ui/fake_panel.h"
 #include "ui/panel/plain_panel_look.h"
 #include "ui/panel/skin_choice.h"
@@ -11,6 +12,7 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QFileInfo>
 #include <QTest>
 
 using namespace paneda;
@@ -43,12 +45,12 @@ public:
         AddButton(QStringLiteral("[001] One/[001] G/[001] a [11113001100].txt"));
         AddButton(QStringLiteral("[002] Two/[001] H/[001] b [11113001100].txt"));
         State.AppFolder = Skin.AppFolder();
-        State.Drives = DriveMap::FromMountPoints({});
+        State.Drives = DrivesOfHost();
         State.AppPath = State.Drives.ToStored(Skin.AppFolder());
         State.DriveTable[3] = true;
         QDir(Skin.AppFolder()).mkdir(QStringLiteral("Cache"));
         State.Catalogue = LoadCatalogue(ScanOptionsOf(State));
-        Space.Spaces.insert(QStringLiteral("/"), {QStringLiteral("Disk"), 1000, 250});
+        Space.Spaces.insert(State.Drives.RootOf(u'C'), {QStringLiteral("Disk"), 1000, 250});
     }
 
     void AddButton(const QString& relative) const {
@@ -137,7 +139,7 @@ void tst_panel_look::skinChoice() {
 
     QCOMPARE(choice.Theme.has_value(), !shown.isEmpty());
     if (choice.Theme)
-        QCOMPARE(QDir(choice.Theme->SkinPath).dirName(), shown);
+        QCOMPARE(QFileInfo(choice.Theme->SkinPath), QFileInfo(skins.filePath(shown) + u'/'));
     QCOMPARE(choice.Problem.isEmpty(), told.isEmpty());
     for (const QString& word : told)
         QVERIFY2(choice.Problem.contains(word), qPrintable(choice.Problem));
@@ -242,7 +244,7 @@ void tst_panel_look::drives() {
     const int drive = bench.State.Catalogue.front().Groups.back().Buttons.front().ControlIndex;
     QCOMPARE(look->DriveTip(drive), QStringLiteral("C:(Disk) Free 25%"));
     QVERIFY(look->DriveTip(1).isEmpty());
-    bench.Space.Spaces[QStringLiteral("/")] = {QString(), 1000, 900};
+    bench.Space.Spaces[bench.State.Drives.RootOf(u'C')] = {QString(), 1000, 900};
     look->RefreshDrives();
     QCOMPARE(look->DriveTip(drive), QStringLiteral("C: Free 90%"));
     const QImage after = look->Picture(0);

@@ -6,6 +6,7 @@
 #include "ui/fake_panel.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QHelpEvent>
 #include <QSignalSpy>
@@ -79,6 +80,11 @@ public:
     bool IsHidden() const { return Panel->isMinimized() || !Panel->isVisible(); }
     QString StoredFolder(const QString& rest) const { return State.AppPath + u'\\' + rest; }
 };
+
+// As messages name a file.
+QString Native(const QString& path) {
+    return QDir::toNativeSeparators(path);
+}
 
 QString Describe(const LaunchRequest& request) {
     return u"%1 <%2> <%3> <%4> %5"_s.arg(int(request.What))
@@ -203,7 +209,8 @@ void tst_panel_window::requests() {
         bench.Press(button);
     QCOMPARE(bench.Opened.Paths.AppPath, bench.State.AppPath);
     // A volume that has come since the start is known to the launch.
-    QCOMPARE(bench.Opened.Paths.Drives.RootOf(u'D'), u"/media/stick"_s);
+    if (QDir::rootPath() == u'/')
+        QCOMPARE(bench.Opened.Paths.Drives.RootOf(u'D'), u"/media/stick"_s);
 
     // Records are read at the press, and the browser counts for shortcuts alone.
     bench.Store.AddFile(kTool, "[Properties]\nTarget=https://b\n");
@@ -329,8 +336,8 @@ void tst_panel_window::failuresAreShownOnce() {
     bench.Load();
     QVERIFY(bench.Notices().isEmpty()); // not before the panel is there
     QTRY_COMPARE(bench.Notices().size(), 1);
-    QVERIFY(bench.Notices()[0].contains(bench.Store.Path(u"Cache"_s) + u':'));
-    QVERIFY(bench.Notices()[0].contains(bench.Store.Path(u"config"_s) + u':'));
+    QVERIFY(bench.Notices()[0].contains(Native(bench.Store.Path(u"Cache"_s)) + u':'));
+    QVERIFY(bench.Notices()[0].contains(Native(bench.Store.Path(u"config"_s)) + u':'));
     QCOMPARE(bench.State.Catalogue.size(), 3U);
     bench.Panel->showMinimized();
     bench.Panel->Form_LinkExecute({});
@@ -394,7 +401,7 @@ void tst_panel_window::unloadOfSealedStore() {
     bench.Panel->close();
     QCOMPARE(unloaded.size(), 1);
     QCOMPARE(bench.Notices().size(), 1);
-    QVERIFY(bench.Notices()[0].contains(config));
+    QVERIFY(bench.Notices()[0].contains(Native(config)));
     QVERIFY(QFile::exists(SettingIniFile(bench.Store.AppFolder())));
 }
 

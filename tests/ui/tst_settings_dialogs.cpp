@@ -335,7 +335,7 @@ void TestSettingsDialogs::failedWriteKeepsTheLetter() {
     scene.Press("chkAutoStart");
     scene.Press("lblSave");
     QCOMPARE(scene.Messages.Shown.size(), 1);
-    QVERIFY(scene.Messages.Shown.first().contains(path + QStringLiteral(": ")));
+    QVERIFY(scene.Messages.Shown.first().contains(QDir::toNativeSeparators(path) + QStringLiteral(": ")));
     QVERIFY(scene.Letter->isVisible());
     QCOMPARE(scene.Get<QLineEdit>("txtUser")->text(), QStringLiteral("Ada"));
     QCOMPARE(scene.Reloads, 0);
@@ -399,7 +399,7 @@ void TestSettingsDialogs::advanceRoundTrip() {
     QVERIFY(QDir().mkpath(ini));
     press("cmdSave");
     QVERIFY(dialog.isVisible());
-    QVERIFY(scene.Messages.Shown.value(0).contains(ini));
+    QVERIFY(scene.Messages.Shown.value(0).contains(QDir::toNativeSeparators(ini)));
     QVERIFY(QDir(ini).removeRecursively());
     scene.Store.AddFile(QStringLiteral("setting.ini"), before);
     press("cmdSave");

@@ -37,4 +37,12 @@ Platform MakePlatform() {
     return platform;
 }
 
+// A panel that places itself, grabs a key and looks at the pointer needs X11, which a Wayland desktop offers
+// through XWayland. A user who names another one in the environment knows why.
+QByteArray PreferredToolkitPlatform() {
+    const bool hasBoth =
+        !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsEmpty("DISPLAY");
+    return hasBoth && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") ? QByteArray("xcb") : QByteArray();
+}
+
 } // namespace paneda

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/sound_board.h"
+#include "platform/sound_board.h"
 #include "platform/sound_player.h"
 
 #include <QThread>

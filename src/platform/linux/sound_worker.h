@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/sdl_mixer.h"
-#include "platform/linux/sound_board.h"
+#include "platform/sound_board.h"
 
 #include <QObject>
 #include <QTimer>

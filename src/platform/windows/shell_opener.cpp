@@ -1,0 +1,100 @@
+#include "platform/windows/shell_opener.h"
+
+#include "platform/windows/com_scope.h"
+#include "platform/windows/quiet_errors.h"
+#include "platform/windows/target_path.h"
+#include "platform/windows/wide_text.h"
+
+#include <QFileInfo>
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace paneda {
+
+namespace {
+
+constexpr int kWorkers = 8;
+constexpr int kWaitAtEnd = 30'000; // ms
+
+static_assert(int(ShowCommand::Normal) == SW_SHOWNORMAL && int(ShowCommand::Minimized) == SW_SHOWMINIMIZED &&
+              int(ShowCommand::Maximized) == SW_SHOWMAXIMIZED);
+
+const wchar_t* WideOrNone(const QString& text) {
+    return text.isEmpty() ? nullptr : Wide(text);
+}
+
+// By its full path, since a program of that name in the current folder is not meant.
+QString FileManager() {
+    wchar_t folder[MAX_PATH] = {};
+    const UINT length = GetWindowsDirectoryW(folder, MAX_PATH);
+    const QString program = QStringLiteral("explorer.exe");
+    return length > 0 && length < MAX_PATH ? QString::fromWCharArray(folder) + u'\\' + program : program;
+}
+
+QString ExistingFolder(const QString& startIn, const QString& target, const LaunchPaths& paths) {
+    const QString wanted = HostTarget(startIn, paths);
+    if (!wanted.isEmpty() && QFileInfo(wanted).isDir())
+        return wanted;
+    const QString own = target.first(target.lastIndexOf(u'\\') + 1);
+    return !own.isEmpty() && QFileInfo(own).isDir() ? own : QString();
+}
+
+void Start(const LaunchRequest& request, const LaunchPaths& paths, HWND owner) {
+    const ComScope com;
+    const QuietErrors quiet;
+    const ShellCall call = PlanShellCall(request, paths);
+    if (call.File.isEmpty())
+        return;
+    SHELLEXECUTEINFOW info{};
+    info.cbSize = sizeof info;
+    // This thread has no message loop that could go on with the start once the call has returned.
+    info.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
+    info.hwnd = owner;
+    info.lpVerb = WideOrNone(call.Verb);
+    info.lpFile = Wide(call.File);
+    info.lpParameters = WideOrNone(call.Parameters);
+    info.lpDirectory = WideOrNone(call.Folder);
+    info.nShow = int(call.Show);
+    // Ignored: a start that fails shows nothing, as told in Opener.
+    ShellExecuteExW(&info);
+}
+
+} // namespace
+
+ShellCall PlanShellCall(const LaunchRequest& request, const LaunchPaths& paths) {
+    switch (request.What) {
+    case LaunchRequest::Action::Nothing:
+        return {};
+    case LaunchRequest::Action::OpenDrive:
+        return {{}, FileManager(), request.Target + u':', {}, ShowCommand::Normal};
+    case LaunchRequest::Action::OpenTarget: {
+        const QString target = HostTarget(request.Target, paths);
+        const QString folder = IsAddress(target) ? QString() : ExistingFolder(request.StartIn, target, paths);
+        return {{}, target, request.Parameter, folder, request.Show};
+    }
+    case LaunchRequest::Action::OpenBrowser:
+        return {
+            QStringLiteral("open"), HostTarget(request.Target, paths), request.Parameter, {}, request.Show};
+    }
+    return {};
+}
+
+ShellOpener::ShellOpener() : workers_(std::make_unique<QThreadPool>()) {
+    workers_->setMaxThreadCount(kWorkers);
+}
+
+ShellOpener::~ShellOpener() {
+    // A call that hangs is left to the end of the process; to destroy the pool would wait for it.
+    if (!workers_->waitForDone(kWaitAtEnd))
+        static_cast<void>(workers_.release());
+}
+
+void ShellOpener::Open(const LaunchRequest& request, const LaunchPaths& paths) {
+    // The window under the press, before which the system's own questions are to appear.
+    const HWND owner = GetActiveWindow();
+    workers_->start([request, paths, owner] { Start(request, paths, owner); });
+}
+
+} // namespace paneda
