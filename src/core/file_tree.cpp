@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #include <filesystem>
 #include <system_error>
@@ -60,6 +61,15 @@ bool IsOtherSpelling(const fs::path& path, const fs::path& other) {
            fs::equivalent(path, other, ignored);
 }
 
+// Not every system says it by the error alone.
+EntryProblem RenameProblem(const std::error_code& error, const QString& from, const QString& to) {
+    const QFileInfo goal(QFileInfo(to).path());
+    if (!EntryExists(from) || !goal.isDir())
+        return EntryProblem::Missing;
+    const bool isElsewhere = QStorageInfo(QFileInfo(from).path()) != QStorageInfo(goal.filePath());
+    return isElsewhere ? EntryProblem::OtherVolume : ProblemOf(error);
+}
+
 EntryResult RemoveSource(const fs::path& path) {
     std::error_code error;
     fs::remove(path, error);
@@ -107,7 +117,7 @@ FileResult CopyAll(const fs::path& from, const fs::path& to) {
     if (IsLink(from))
         return CopyLink(from, to);
     // A name that the text of a path cannot hold would be lost with its folder.
-    if (!QFileInfo::exists(QFileInfo(from).filePath()))
+    if (!EntryExists(QFileInfo(from).filePath()))
         return tl::make_unexpected(
             ErrorAt(from, QStringLiteral("The file does not exist, or its name cannot be read.")));
     std::error_code error;
@@ -155,17 +165,21 @@ EntryResult RenameEntry(const QString& from, const QString& to) {
             return Taken(target);
     }
     fs::rename(source, target, error);
-    return error ? Failed(source, error) : EntryResult();
+    if (!error)
+        return {};
+    return tl::make_unexpected(EntryError{RenameProblem(error, from, to), ErrorAt(source, error)});
 }
 
 bool EntryExists(const QString& path) {
-    return QFileInfo::exists(path) || QFileInfo(path).isSymbolicLink();
+    // Qt looks through links and shortcuts, which may lead nowhere.
+    std::error_code ignored;
+    return fs::symlink_status(NativePath(path), ignored).type() != fs::file_type::not_found;
 }
 
 FileResult CopyWholeFile(const QString& from, const QString& to) {
     QFile source(from);
     QSaveFile target(to);
-    if (!QFileInfo(from).isFile())
+    if (!QFileInfo(from).isFile() && !QFileInfo(from).isShortcut())
         return tl::make_unexpected(
             FileError{QDir::toNativeSeparators(from), QStringLiteral("This is not a file.")});
     if (!source.open(QIODevice::ReadOnly))

@@ -113,13 +113,14 @@ void tst_node_operations::takenNumbers() {
     desk.Store.AddFolder(u"Tree/000011 mine"_s);
     desk.Store.AddFolder(u"Tree/mine 99"_s);
     desk.Store.AddFile(u"Tree/000012"_s, "file");
-    std::filesystem::create_symlink("nowhere",
-                                    QFileInfo(desk.Store.Path(u"Tree/000013"_s)).filesystemFilePath());
+    const QString link = desk.Store.Path(u"Tree/000013"_s);
+    if (!MakeSymbolicLink(desk.Store.Path(u"nowhere"_s), link))
+        desk.Store.AddFile(u"Tree/000013"_s);
     const int row = desk.Add(tree, 3, Below, u"new"_s);
     QVERIFY(row > 0);
     QCOMPARE(tree.Find(row)->Folder, u"000014"_s);
     QCOMPARE(desk.Store.Bytes(u"Tree/000012"_s), "file"_ba);
-    QVERIFY(QFileInfo(desk.Store.Path(u"Tree/000013"_s)).isSymbolicLink());
+    QVERIFY(EntryExists(link) && !QFileInfo(link).isDir());
 
     // The highest number comes again once its folder has gone.
     desk.Prompts.Answers = {true};
@@ -206,17 +207,15 @@ void tst_node_operations::movesToOtherLevelsAndTrees() {
 
 void tst_node_operations::movesToAnotherVolume() {
     const QTemporaryDir volume(u"/dev/shm/paneda-XXXXXX"_s);
-    std::error_code error;
     TreeDesk desk;
     TreeModel& tree = OpenThree(desk);
     desk.Put(u"Tree/000002/000001"_s, "below", "0001000000");
     desk.Store.AddFile(u"Tree/000002/content.rtf"_s, "text");
     desk.Store.AddFile(u"Tree/000002 b.txt"_s);
     tree.LoadTree();
-    std::filesystem::create_symlink(QFileInfo(volume.path()).filesystemFilePath(),
-                                    QFileInfo(desk.Store.Path(u"Far"_s)).filesystemFilePath(), error);
+    const bool linked = MakeSymbolicLink(volume.path(), desk.Store.Path(u"Far"_s));
     const EntryResult across = RenameEntry(desk.Store.Path(u"Tree/000002 b.txt"_s), volume.filePath(u"b"_s));
-    if (!volume.isValid() || error || across || across.error().Problem != EntryProblem::OtherVolume)
+    if (!volume.isValid() || !linked || across || across.error().Problem != EntryProblem::OtherVolume)
         QSKIP("There is no second file system here.");
     desk.Put(u"Far/000005"_s, "far", "0001000000");
     TreeModel& far = desk.Open(u"Far"_s);
@@ -347,16 +346,20 @@ void tst_node_operations::deletesLinksAndLeftovers() {
     const auto path = [&](const QString& name) {
         return QFileInfo(desk.Store.Path(name)).filesystemFilePath();
     };
-    std::filesystem::create_symlink(path(u"outside"_s), path(u"Tree/000002/link"_s));
-    std::filesystem::create_symlink(path(u"outside"_s), path(u"Tree/.deleted-link"_s));
+    for (const QString& link : {u"Tree/000002/link"_s, u"Tree/.deleted-link"_s})
+        MakeSymbolicLink(desk.Store.Path(u"outside"_s), desk.Store.Path(link));
     const auto threeDays = std::chrono::hours(72);
+    std::error_code timeless;
     std::filesystem::last_write_time(path(u"Tree/.moving-old"_s),
-                                     std::filesystem::file_time_type::clock::now() - threeDays);
+                                     std::filesystem::file_time_type::clock::now() - threeDays, timeless);
     desk.Prompts.Answers = {true};
     QVERIFY(desk.Operations(tree).DeleteNode(2, DeleteMode::AskAndDelete));
     QVERIFY(desk.Store.Entries().contains(u"outside/kept"_s));
     QVERIFY(desk.Store.Entries().contains(u"Tree/.moving-new/node/file"_s));
-    QVERIFY(desk.Store.Entries().filter(QRegularExpression(u"deleted-1|moving-old|000002"_s)).isEmpty());
+    const QStringList rest =
+        desk.Store.Entries().filter(QRegularExpression(u"deleted-1|moving-old|000002"_s));
+    // Where a folder cannot be made old, its copy may still be going on.
+    QCOMPARE(rest.isEmpty(), !timeless);
 }
 
 // Told with the path, and the list shows what the disk holds.

@@ -1,5 +1,6 @@
 #include "notes/note_maker.h"
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -230,7 +231,7 @@ void tst_note_save::keepsOtherTexts() {
              qPrintable(file));
     QCOMPARE(file.endsWith(u".zip"_s) ? ReadZippedNote(file) : ReadFileBytes(file, 100'000).value(),
              keptText);
-    QVERIFY2(saved->Notice.startsWith(told) && saved->Notice.endsWith(u'\r' + file),
+    QVERIFY2(saved->Notice.startsWith(told) && saved->Notice.endsWith(u'\r' + QDir::toNativeSeparators(file)),
              qPrintable(saved->Notice));
 }
 

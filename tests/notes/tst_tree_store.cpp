@@ -30,7 +30,7 @@ void tst_tree_store::readsTreesAndSettings() {
     const StoreBuilder store;
     AppState state = store.State();
     state.AppPath = QDir::toNativeSeparators(store.AppFolder()).replace(u'/', u'\\');
-    state.Drives = DriveMap::FromMountPoints({});
+    state.Drives = test::DrivesOfHost();
     state.AppPath.prepend(state.AppPath.startsWith(u'\\') ? u"C:"_s : QString());
     store.AddFile(u"SETTING2/work.Notes.INI"_s,
                   "[properties]\nPATH=data\\Work\\\n[Note]\nTitle Color=12aBfF\nTitle 2 Color=0000FF\n");

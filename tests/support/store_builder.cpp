@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <filesystem>
+
 namespace paneda::test {
 
 StoreBuilder::StoreBuilder() {
@@ -52,6 +54,13 @@ AppState StoreBuilder::State() const {
 
 ScanOptions StoreBuilder::Scan() const {
     return ScanOptionsOf(State());
+}
+
+bool MakeSymbolicLink(const QString& target, const QString& link) {
+    std::error_code error;
+    std::filesystem::create_symlink(QFileInfo(target).filesystemFilePath(),
+                                    QFileInfo(link).filesystemFilePath(), error);
+    return !error;
 }
 
 DriveMap DrivesOfHost() {

@@ -41,6 +41,9 @@ private:
     QTemporaryDir folder_;
 };
 
+// Makes a symbolic link, which may lead nowhere. False where the system makes none.
+bool MakeSymbolicLink(const QString& target, const QString& link);
+
 // The drive map of the machine that the test runs on, with nothing mounted.
 DriveMap DrivesOfHost();
 

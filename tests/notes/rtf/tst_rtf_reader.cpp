@@ -6,6 +6,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QStringDecoder>
 #include <QTest>
 #include <QTextList>
 #include <QUrl>
@@ -107,6 +108,11 @@ void TestRtfReader::texts() {
     QFETCH(QByteArray, body);
     QFETCH(QString, text);
     const ReadNote note(Note(body));
+    // A toolkit built without tables of these languages cannot read them, which must not pass unnoticed.
+    if (QByteArray(QTest::currentDataTag()) == "two bytes apart" && !QStringDecoder("Shift_JIS").isValid()) {
+        QVERIFY(!note.Reading.Losses.isEmpty());
+        return;
+    }
     QCOMPARE(note.Text(), text);
     QCOMPARE(note.Reading.Losses, QStringList());
 }
