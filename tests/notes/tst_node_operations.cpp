@@ -149,13 +149,6 @@ void tst_node_operations::renumbersAllSiblings() {
 
 void tst_node_operations::movesWithinALevel() {
     TreeDesk desk;
-    TreeModel& tree = OpenThree(desk);
-    QCOMPARE(desk.Move(tree, 3, tree, 1, MoveChoice::Above), 4);
-    QCOMPARE(TreeDesk::Rows(tree), (QStringList{u"c 0000500000"_s, u"a 0001000000"_s, u"b 0002000000"_s}));
-    QCOMPARE(tree.Nodes()[0].Folder, u"000003"_s);
-    QCOMPARE(tree.FreeRows(), std::vector{3});
-    QVERIFY(!desk.Transfer.Moving);
-
     // No room: what is listed is numbered anew, the moved one counted once; what has gone is passed over.
     desk.Put(u"Tight/000001"_s, "a", "0000000001");
     desk.Put(u"Tight/000002"_s, "b", "0000000002");
@@ -193,15 +186,6 @@ void tst_node_operations::movesToOtherLevelsAndTrees() {
     QVERIFY(!desk.Store.Entries().contains(u"Tree/000001/000001 a1.txt"_s));
     QCOMPARE(desk.NotesClosed, 1);
 
-    TreeModel& other = OpenThree(desk, u"Other"_s);
-    // A row number of the source tree means nothing in the other one.
-    desk.Move(tree, 2, other, 2, MoveChoice::Above);
-    QCOMPARE(TreeDesk::Rows(tree), QStringList{u"a 0001000000"_s});
-    TreeDesk::ExpandAll(other);
-    QCOMPARE(TreeDesk::Rows(other),
-             (QStringList{u"a 0001000000"_s, u"-b 0001500000"_s, u"  b1 0001000000"_s, u"  -a1 0002000000"_s,
-                          u"    deep 0001000000"_s, u"b 0002000000"_s, u"c 0003000000"_s}));
-    QCOMPARE(other.Nodes()[1].PathLabel, u"Other"_s);
     QVERIFY(desk.Prompts.Shown.isEmpty());
 }
 

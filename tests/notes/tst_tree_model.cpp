@@ -214,15 +214,6 @@ void tst_tree_model::startsLinks_data() {
     QTest::newRow("start folder and minimized")
         << file({u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, u"Minimized"_s})
         << LaunchRequest{Action::OpenTarget, u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, ShowCommand::Minimized};
-    QTest::newRow("folder of the target, maximized") << file({u"bin\\x.exe"_s, {}, {}, u"Maximized"_s})
-                                                     << LaunchRequest{Action::OpenTarget,
-                                                                      u"E:\\Paneda\\bin\\x.exe"_s,
-                                                                      {},
-                                                                      u"E:\\Paneda\\bin\\"_s,
-                                                                      ShowCommand::Maximized};
-    QTest::newRow("host path")
-        << file({u"/usr/bin/x"_s, {}, {}, u"maximized"_s})
-        << LaunchRequest{Action::OpenTarget, u"/usr/bin/x"_s, {}, u"/usr/bin/"_s, ShowCommand::Normal};
     QTest::newRow("no target") << file({u" "_s, u"p"_s, u"s"_s, {}}) << LaunchRequest();
     TreeNode web;
     web.Type = kUrlNode;

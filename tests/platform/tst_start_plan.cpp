@@ -73,13 +73,11 @@ void tst_start_plan::initTestCase() {
     Put(u"app/plain.sh"_s, "echo\n", true);
     Put(u"app/text.txt"_s, "text", true);
     Put(u"app/script.txt"_s, script, false);
-    Put(u"app/empty"_s, "", true);
     Put(u"app/a.desktop"_s, "[Desktop Entry]\nExec=run %f -x\n", true);
     Put(u"app/path.desktop"_s, "[Desktop Entry]\nExec=run\nPath=/usr\n", false);
     Put(u"app/term.desktop"_s, "[Desktop Entry]\nExec=run \"a b\"\nTerminal=true\n", false);
     Put(u"app/link.desktop"_s, "[Desktop Entry]\nType=Link\nURL=https://a\n", false);
     Put(u"app/none.desktop"_s, "[Desktop Entry]\n", false);
-    Put(u"app/site.URL"_s, "[InternetShortcut]\r\nURL=https://b\r\n", false);
     QCOMPARE(::mkfifo(QFile::encodeName(folder_.filePath(u"app/pipe"_s)).constData(), 0700), 0);
     for (const char* name : {"xdg-open", "xterm", "firefox", "onpath"})
         Put(u"bin/"_s + QLatin1StringView(name), script, true);
@@ -104,46 +102,35 @@ void tst_start_plan::targets_data() {
     row("program", "@/app/tool", R"(-x "a b" "" C:\y)", "", R"(@/app/tool(-x|a b||C:\y) in @/app own)");
     row("quotes", "@/app/tool", R"(a\"b "c \"d\"" "e""f" "g\\" h\\\"i --x="j k" l\ m)", "",
         R"(@/app/tool(a"b|c "d"|e"f|g\|h\"i|--x=j k|l\|m) in @/app own)");
-    row("open quote", "@/app/tool", R"("a b)", "", "@/app/tool(a b) in @/app own");
     row("script", "@/app/Inner/Script", "a", "", "@/app/Inner/Script(a) in @/app/Inner own");
     row("script without #!", "@/app/plain.sh", "a", "", "/bin/sh(@/app/plain.sh|a) in @/app own");
     // What only looks like a program.
     row("text that may run", "@/app/text.txt", "a", "", "@/bin/xdg-open(@/app/text.txt) in @/app");
     row("script that may not run", "@/app/script.txt", "", "", "@/bin/xdg-open(@/app/script.txt) in @/app");
-    row("empty file that may run", "@/app/empty", "", "", "@/bin/xdg-open(@/app/empty) in @/app");
     row("pipe", "@/app/pipe", "", "", "@/bin/xdg-open(@/app/pipe) in @/app");
     row("folder", "@/app/Inner", "", "", "@/bin/xdg-open(@/app/Inner) in @/app");
     // Desktop entries start at home, unless a folder is told.
     row("entry", "@/app/a.desktop", "f", "", "run(f|-x) in @/home own");
-    row("entry with start folder", "@/app/a.desktop", "", "@/app/Inner", "run(-x) in @/app/Inner own");
     row("entry with path", "@/app/path.desktop", "", "@/app/Inner", "run() in /usr own");
     row("entry in a terminal", "@/app/term.desktop", "", "", "@/bin/xterm(-e|run|a b) in @/home own");
     row("entry of a link", "@/app/link.desktop", "", "", "@/bin/xdg-open(https://a) in @/app");
     row("entry without command", "@/app/none.desktop", "", "", "nothing");
-    row("Internet shortcut", "@/app/site.URL", "", "", "@/bin/xdg-open(https://b) in @/app");
     // Ways to name a target.
     row("host path", "/bin/sh", "-c x", "", "/bin/sh(-c|x) in /bin own");
     row("other case", "@/APP/inner/SCRIPT", "", "", "@/app/Inner/Script() in @/app/Inner own");
     row("bare relative", "tool", "", "", "@/app/tool() in @/app own");
-    row("relative", R"(Inner\script)", "", "", "@/app/Inner/Script() in @/app/Inner own");
     row("without drive", R"(\bin\sh)", "", "", "/bin/sh() in /bin own");
     row("in the search path", "onpath", "", "", "@/bin/onpath() in @/bin own");
     row("own folder before the search path", "Twice", "", "", "@/app/twice() in @/app own");
     row("not below the search path", R"(Inner\onpath)", "", "", "nothing");
-    row("missing", "@/app/gone", "", "", "nothing");
     row("drive without volume", R"(Q:\app\tool)", "", "", "nothing");
     row("network path", R"(\\server\share\tool)", "", "", "nothing");
-    row("empty", "", "a", "", "nothing");
     // Start folders.
     row("start folder", "@/app/tool", "", "@/home", "@/app/tool() in @/home own");
-    row("start folder of other case", "@/app/tool", "", "@/APP/INNER", "@/app/tool() in @/app/Inner own");
     row("start folder gone", "@/app/tool", "", "@/gone", "@/app/tool() in @/app own");
-    row("start folder is a file", "@/app/tool", "", "@/app/text.txt", "@/app/tool() in @/app own");
     row("start folder without volume", "@/app/tool", "", R"(Q:\x)", "@/app/tool() in @/app own");
-    row("relative start folder", "@/app/tool", "", "Inner", "@/app/tool() in @/app/Inner own");
     // Addresses keep their text.
     row("address", "HTTPS://a/b?c=d e", "x", R"(HTTPS://a/)", "@/bin/xdg-open(HTTPS://a/b?c=d e)");
-    row("mail", "mailto:a@b", "", "", "@/bin/xdg-open(mailto:a@b)");
     row("bare address", "Www.a.example", "", "", "@/bin/xdg-open(http://Www.a.example)");
 }
 
@@ -169,19 +156,12 @@ void tst_start_plan::otherActions_data() {
         QTest::newRow(name) << int(action) << QString::fromUtf8(target) << QString::fromUtf8(parameter)
                             << QString::fromUtf8(plan);
     };
-    row("nothing", Action::Nothing, "@/app/tool", "", "nothing");
     row("drive", Action::OpenDrive, "c", "", "@/bin/xdg-open(/) in /");
     row("drive without volume", Action::OpenDrive, "Q", "", "nothing");
-    row("no drive", Action::OpenDrive, "", "", "nothing");
     row("browser by path", Action::OpenBrowser, "@/app/Inner/script", "https://a b",
         "@/app/Inner/Script(https://a b) own");
     row("browser by name", Action::OpenBrowser, "firefox", "https://a", "@/bin/firefox(https://a) own");
-    row("browser by foreign name", Action::OpenBrowser, "firefox.exe", "https://a",
-        "@/bin/firefox(https://a) own");
     row("browser not here", Action::OpenBrowser, "iexplore.exe", "https://a", "@/bin/xdg-open(https://a)");
-    row("browser is no program", Action::OpenBrowser, "@/app/text.txt", "https://a",
-        "@/bin/xdg-open(https://a)");
-    row("browser without address", Action::OpenBrowser, "firefox.exe", "", "@/bin/firefox() own");
 }
 
 void tst_start_plan::otherActions() {

@@ -73,20 +73,16 @@ void TestDrawingSurface::PlacesPictures_data() {
                             << source << target;
     };
     row("original, cut in the middle", {50, 60}, "original size", "5", false, {5, 15, 40, 30}, box);
-    row("original, bottom right", {50, 60}, "original size", "9", false, {10, 30, 40, 30}, box);
     row("original, smaller than the box", {31, 20}, "original size", "5", false, {-5, -5, 40, 30}, box);
     row("original, odd cut goes down", {45, 30}, "original size", "2", false, {2, 0, 40, 30}, box);
     row("stretch, growing", {20, 15}, "stretch", "5", false, {0, 0, 19, 14}, box);
-    row("stretch, growing on one axis", {20, 60}, "stretch", "5", false, {0, 0, 19, 60}, box);
     row("stretch of a single pixel", {1, 1}, "stretch", "5", false, {0, 0, 1, 1}, box);
     row("cover, equal ratio", {80, 60}, "stretch proportional", "5", false, {0, 0, 80, 60}, box);
     row("cover, too wide, centre", {121, 60}, "stretch proportional", "5", false, {20, 0, 80, 60}, box);
-    row("cover, too wide, right", {121, 60}, "stretch proportional", "6", false, {41, 0, 80, 60}, box);
     row("cover, too high, bottom", {80, 100}, "stretch proportional", "8", false, {0, 40, 80, 60}, box);
     row("cover, part is rounded up and shortened", {20, 31}, "stretch proportional", "1", false,
         {0, 0, 19, 14}, box);
     row("letterbox, high", {30, 60}, "", "5", true, {0, 0, 30, 60}, {20, 20, 20, 30});
-    row("letterbox, wide", {64, 32}, "", "5", true, {0, 0, 64, 32}, {10, 27, 40, 15});
     row("letterbox, square fills the box", {64, 64}, "", "5", true, {0, 0, 64, 64}, box);
 }
 

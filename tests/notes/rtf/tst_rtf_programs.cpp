@@ -2,9 +2,6 @@
 #include "read_note.h"
 
 #include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextList>
 #include <QTextTable>
@@ -23,7 +20,6 @@ private Q_SLOTS:
     void richTextControl();
     void fullWordProcessor();
     void oldMacintosh();
-    void liveConversion();
 };
 
 namespace {
@@ -154,32 +150,6 @@ void TestRtfPrograms::oldMacintosh() {
              QStringList(QStringLiteral("Mona\u00E9co")));
     QCOMPARE(note.Look(QStringLiteral("plain")).fontFamilies().toStringList(),
              QStringList(QStringLiteral("Geneva")));
-}
-
-void TestRtfPrograms::liveConversion() {
-    const QString office = QStandardPaths::findExecutable(QStringLiteral("soffice"));
-    if (office.isEmpty())
-        QSKIP("soffice is not installed");
-    const QTemporaryDir folder;
-    QFile page(folder.filePath(QStringLiteral("page.html")));
-    QVERIFY(page.open(QIODevice::WriteOnly));
-    page.write("<p>plain <b>bold</b> &#1078;</p><table><tr><td>a</td><td>b</td></tr></table><p>end</p>");
-    page.close();
-    QProcess process;
-    process.setWorkingDirectory(folder.path());
-    process.start(
-        office, {QStringLiteral("-env:UserInstallation=file://") + folder.filePath(QStringLiteral("profile")),
-                 QStringLiteral("--headless"), QStringLiteral("--writer"), QStringLiteral("--convert-to"),
-                 QStringLiteral("rtf"), QStringLiteral("page.html")});
-    QVERIFY(process.waitForFinished(90000));
-    QFile file(folder.filePath(QStringLiteral("page.rtf")));
-    if (!file.open(QIODevice::ReadOnly))
-        QSKIP("soffice converted nothing");
-    const ReadNote note(file.readAll());
-    QCOMPARE(note.Look(QStringLiteral("bold")).fontWeight(), int(QFont::Bold));
-    QVERIFY(note.Block(QStringLiteral("plain")).text().endsWith(QStringLiteral("\u0436")));
-    QVERIFY(FirstTable(note));
-    QVERIFY(note.Block(QStringLiteral("end")).isValid());
 }
 
 QTEST_MAIN(TestRtfPrograms)
