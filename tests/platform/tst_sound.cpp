@@ -1,4 +1,5 @@
-#include "platform/linux/mixer_player.h"
+#include "platform/linux/mixer_worker.h"
+#include "platform/threaded_player.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -115,7 +116,7 @@ std::vector<qint16> tst_sound::Heard() const {
 void tst_sound::playsAndStops() {
     const QString path = Add(u"\u00e9 tone.wav"_s, Tone(kLow, 0.5));
     {
-        MixerPlayer player;
+        ThreadedPlayer player(MakeSoundWorker<MixerWorker>);
         QCOMPARE(player.Status(u"fun"_s), QString());
         QElapsedTimer clock;
         clock.start();
@@ -134,7 +135,7 @@ void tst_sound::aliasesSoundTogether() {
     const QString low = Add(u"low.wav"_s, Tone(kLow, 1));
     const QString high = Add(u"high.wav"_s, Tone(kHigh, 1));
     {
-        MixerPlayer player;
+        ThreadedPlayer player(MakeSoundWorker<MixerWorker>);
         player.Play(low, u"a"_s);
         player.Play(high, u"b"_s);
         QTRY_COMPARE(player.Status(u"a"_s), u"stopped"_s);
@@ -148,7 +149,7 @@ void tst_sound::sameAliasReplaces() {
     const QString low = Add(u"low.wav"_s, Tone(kLow, 20));
     const QString high = Add(u"high.wav"_s, Tone(kHigh, 0.6));
     {
-        MixerPlayer player;
+        ThreadedPlayer player(MakeSoundWorker<MixerWorker>);
         player.Play(low, u"a"_s);
         QTest::qWait(300);
         player.Play(high, u"a"_s);
@@ -164,7 +165,7 @@ void tst_sound::sameAliasReplaces() {
 
 void tst_sound::stopAndClose() {
     const QString path = Add(u"low.wav"_s, Tone(kLow, 20));
-    MixerPlayer player;
+    ThreadedPlayer player(MakeSoundWorker<MixerWorker>);
     player.Stop(u"a"_s);
     player.CloseAll();
     QCOMPARE(player.Status(u"a"_s), QString());
@@ -192,7 +193,7 @@ void tst_sound::tune() {
         QSKIP("needs a sound font");
     const QString path = Add(u"about.mid"_s, Tune());
     {
-        MixerPlayer player;
+        ThreadedPlayer player(MakeSoundWorker<MixerWorker>);
         player.Play(path, u"about"_s);
         QTest::qWait(1000);
         player.CloseAll();
@@ -221,7 +222,7 @@ void tst_sound::silentFailures() {
     if (name == u"pipe")
         QCOMPARE(::mkfifo(QFile::encodeName(folder_->filePath(name)).constData(), 0600), 0);
     const QString good = Add(u"low.wav"_s, Tone(kLow, 20));
-    MixerPlayer player;
+    ThreadedPlayer player(MakeSoundWorker<MixerWorker>);
     player.Play(good, u"other"_s);
     player.Play(folder_->filePath(name), u"a"_s);
     QTRY_COMPARE_WITH_TIMEOUT(player.Status(u"a"_s), QString(), 5000);
@@ -231,7 +232,7 @@ void tst_sound::silentFailures() {
 void tst_sound::noDevice() {
     qputenv("SDL_AUDIODRIVER", "no such driver");
     const QString path = Add(u"low.wav"_s, Tone(kLow, 20));
-    MixerPlayer player;
+    ThreadedPlayer player(MakeSoundWorker<MixerWorker>);
     for (int i = 0; i < 3; ++i) {
         player.Play(path, u"a"_s);
         QTRY_COMPARE_WITH_TIMEOUT(player.Status(u"a"_s), QString(), 5000);

@@ -1,4 +1,5 @@
-#include "platform/windows/mci_player.h"
+#include "platform/threaded_player.h"
+#include "platform/windows/mci_worker.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -43,7 +44,7 @@ void tst_windows_sound::fileThatCannotBePlayed() {
     QFile file(broken);
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no sound") > 0);
     file.close();
-    MciPlayer player;
+    ThreadedPlayer player(MakeSoundWorker<MciWorker>);
     QCOMPARE(player.Status(u"fun"_s), QString());
     player.Play(folder.filePath(u"gone.mp3"_s), u"fun"_s);
     QTRY_COMPARE(player.Status(u"fun"_s), QString());
@@ -59,7 +60,7 @@ void tst_windows_sound::playsToItsEnd() {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(Tone(700)) > 0);
     file.close();
-    MciPlayer player;
+    ThreadedPlayer player(MakeSoundWorker<MciWorker>);
     player.Play(path, u"fun"_s);
     QCOMPARE(player.Status(u"fun"_s), u"playing"_s);
     QTRY_COMPARE(player.Status(u"fun"_s), u"stopped"_s);

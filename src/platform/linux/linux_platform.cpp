@@ -7,13 +7,14 @@
 #include "platform/linux/linux_pointer.h"
 #include "platform/linux/linux_tray_hosts.h"
 #include "platform/linux/linux_work_areas.h"
-#include "platform/linux/mixer_player.h"
+#include "platform/linux/mixer_worker.h"
 #include "platform/linux/mounted_volumes.h"
 #include "platform/linux/signal_termination.h"
 #include "platform/linux/theme_icons.h"
 #include "platform/linux/volume_space.h"
 #include "platform/linux/x11_compositor.h"
 #include "platform/platform.h"
+#include "platform/threaded_player.h"
 
 namespace paneda {
 
@@ -32,7 +33,7 @@ Platform MakePlatform() {
     platform.Areas = std::make_unique<LinuxWorkAreas>();
     platform.Requests = std::make_unique<DBusRequests>();
     platform.Session = std::make_unique<DesktopAutostart>();
-    platform.Sounds = std::make_unique<MixerPlayer>();
+    platform.Sounds = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MixerWorker>);
     platform.Ending = std::make_unique<SignalTermination>();
     return platform;
 }

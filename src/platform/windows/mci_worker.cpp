@@ -50,7 +50,6 @@ MciWorker::MciWorker(std::shared_ptr<SoundBoard> board) : board_(std::move(board
     connect(&look_, &QTimer::timeout, this, &MciWorker::Look);
 }
 
-// A loop that is told to end may leave calls in its queue.
 MciWorker::~MciWorker() {
     CloseAll();
 }

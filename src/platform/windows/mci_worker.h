@@ -1,25 +1,25 @@
 #pragma once
 
-#include "platform/sound_board.h"
+#include "platform/sound_worker.h"
 
 #include <QHash>
-#include <QObject>
 #include <QTimer>
 
 #include <memory>
 
 namespace paneda {
 
-// Speaks to the media control interface, on a thread of its own whose event loop the devices need.
-class MciWorker : public QObject {
+// Sounds by the media control interface. It belongs to the thread that opens a device, whose event loop the
+// devices need; so there is one thread for all of it.
+class MciWorker final : public SoundWorker {
 public:
     explicit MciWorker(std::shared_ptr<SoundBoard> board);
     ~MciWorker() override;
 
-    void Play(const QString& path, const QString& alias, int ticket);
-    void Stop(const QString& alias);
-    void Close(const QString& alias);
-    void CloseAll();
+    void Play(const QString& path, const QString& alias, int ticket) override;
+    void Stop(const QString& alias) override;
+    void Close(const QString& alias) override;
+    void CloseAll() override;
 
 private:
     void Look();

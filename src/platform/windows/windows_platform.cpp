@@ -1,8 +1,9 @@
 #include "platform/platform.h"
+#include "platform/threaded_player.h"
 #include "platform/windows/dde_requests.h"
 #include "platform/windows/layered_compositor.h"
 #include "platform/windows/letter_volumes.h"
-#include "platform/windows/mci_player.h"
+#include "platform/windows/mci_worker.h"
 #include "platform/windows/message_hotkey.h"
 #include "platform/windows/mutex_lock.h"
 #include "platform/windows/run_key_autostart.h"
@@ -32,7 +33,7 @@ Platform MakePlatform() {
     platform.Front = std::make_unique<WindowsForeground>();
     platform.Requests = std::make_unique<DdeRequests>();
     platform.Session = std::make_unique<RunKeyAutostart>();
-    platform.Sounds = std::make_unique<MciPlayer>();
+    platform.Sounds = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MciWorker>);
     platform.Ending = std::make_unique<SessionTermination>();
     return platform;
 }

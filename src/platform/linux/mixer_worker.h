@@ -1,9 +1,8 @@
 #pragma once
 
 #include "platform/linux/sdl_mixer.h"
-#include "platform/sound_board.h"
+#include "platform/sound_worker.h"
 
-#include <QObject>
 #include <QTimer>
 
 #include <map>
@@ -11,16 +10,20 @@
 
 namespace paneda {
 
-// Makes the sounds, on a thread of its own: loading the library, opening the device and reading a file may
-// each take long. The device is open only while something sounds and for a short time after.
-class SoundWorker : public QObject {
+// Sounds by SDL_mixer: MP3, Ogg, FLAC, WAV, and MIDI where there is a sound font. It is one small library,
+// it plays several sounds at once without a process or a cache of plug-ins beside it, and a second one of
+// its kind on the same desktop does not disturb it. The library comes with the first sound; the device is
+// open only while something sounds and for a short time after.
+class MixerWorker final : public SoundWorker {
 public:
-    explicit SoundWorker(std::shared_ptr<SoundBoard> board);
-    ~SoundWorker() override;
+    explicit MixerWorker(std::shared_ptr<SoundBoard> board);
+    ~MixerWorker() override;
 
-    void Play(const QString& path, const QString& alias, int ticket);
-    void Silence(const QString& alias);
-    void SilenceAll();
+    void Play(const QString& path, const QString& alias, int ticket) override;
+    // An alias that stays open keeps nothing here.
+    void Stop(const QString& alias) override { Close(alias); }
+    void Close(const QString& alias) override;
+    void CloseAll() override;
 
 private:
     // A sound that plays: read whole into a channel, or streamed, of which there can be one at a time.

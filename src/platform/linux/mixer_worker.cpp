@@ -1,4 +1,4 @@
-#include "platform/linux/sound_worker.h"
+#include "platform/linux/mixer_worker.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -39,22 +39,22 @@ bool IsForStreaming(const QString& path) {
 
 } // namespace
 
-SoundWorker::SoundWorker(std::shared_ptr<SoundBoard> board)
+MixerWorker::MixerWorker(std::shared_ptr<SoundBoard> board)
     : board_(std::move(board)), look_(this), close_(this) {
     look_.setInterval(kLookEvery);
     close_.setInterval(kCloseAfter);
     close_.setSingleShot(true);
-    connect(&look_, &QTimer::timeout, this, &SoundWorker::Look);
-    connect(&close_, &QTimer::timeout, this, &SoundWorker::CloseDevice);
+    connect(&look_, &QTimer::timeout, this, &MixerWorker::Look);
+    connect(&close_, &QTimer::timeout, this, &MixerWorker::CloseDevice);
 }
 
-SoundWorker::~SoundWorker() {
-    SilenceAll();
+MixerWorker::~MixerWorker() {
+    CloseAll();
     CloseDevice();
 }
 
-void SoundWorker::Play(const QString& path, const QString& alias, int ticket) {
-    Silence(alias);
+void MixerWorker::Play(const QString& path, const QString& alias, int ticket) {
+    Close(alias);
     // Of several that came in while the thread was busy only the last one is played.
     if (!board_->IsWanted(alias, ticket))
         return;
@@ -70,7 +70,7 @@ void SoundWorker::Play(const QString& path, const QString& alias, int ticket) {
     Look();
 }
 
-void SoundWorker::Silence(const QString& alias) {
+void MixerWorker::Close(const QString& alias) {
     const auto voice = voices_.find(alias);
     if (voice == voices_.end())
         return;
@@ -78,13 +78,13 @@ void SoundWorker::Silence(const QString& alias) {
     voices_.erase(voice);
 }
 
-void SoundWorker::SilenceAll() {
+void MixerWorker::CloseAll() {
     for (const auto& [alias, voice] : voices_)
         End(voice);
     voices_.clear();
 }
 
-bool SoundWorker::OpenDevice() {
+bool MixerWorker::OpenDevice() {
     close_.stop();
     if (isOpen_)
         return true;
@@ -109,7 +109,7 @@ bool SoundWorker::OpenDevice() {
     return isOpen_;
 }
 
-void SoundWorker::CloseDevice() {
+void MixerWorker::CloseDevice() {
     if (!isOpen_)
         return;
     isOpen_ = false;
@@ -117,7 +117,7 @@ void SoundWorker::CloseDevice() {
     mixer_->QuitSubSystem(kInitAudio);
 }
 
-bool SoundWorker::Start(const QString& path, Voice& voice) {
+bool MixerWorker::Start(const QString& path, Voice& voice) {
     const QByteArray name = QFile::encodeName(path);
     if (MayStream() && IsForStreaming(path))
         return Stream(name, voice);
@@ -129,12 +129,12 @@ bool SoundWorker::Start(const QString& path, Voice& voice) {
     return voice.Channel >= 0;
 }
 
-bool SoundWorker::Stream(const QByteArray& path, Voice& voice) {
+bool MixerWorker::Stream(const QByteArray& path, Voice& voice) {
     voice.Music = mixer_->LoadMusic(path.constData());
     return voice.Music && mixer_->PlayMusic(voice.Music, 0) == 0;
 }
 
-void SoundWorker::End(const Voice& voice) {
+void MixerWorker::End(const Voice& voice) {
     if (voice.Channel >= 0)
         mixer_->HaltChannel(voice.Channel);
     if (voice.Chunk)
@@ -145,16 +145,16 @@ void SoundWorker::End(const Voice& voice) {
     }
 }
 
-bool SoundWorker::IsOver(const Voice& voice) const {
+bool MixerWorker::IsOver(const Voice& voice) const {
     return voice.Music ? mixer_->PlayingMusic() == 0 : mixer_->Playing(voice.Channel) == 0;
 }
 
-bool SoundWorker::MayStream() const {
+bool MixerWorker::MayStream() const {
     return std::none_of(voices_.begin(), voices_.end(),
                         [](const auto& entry) { return entry.second.Music != nullptr; });
 }
 
-void SoundWorker::Look() {
+void MixerWorker::Look() {
     for (auto entry = voices_.begin(); entry != voices_.end();) {
         if (!IsOver(entry->second)) {
             ++entry;
