@@ -2,7 +2,6 @@
 
 #include "notes/rtf/rtf_code_pages.h"
 #include "notes/rtf/rtf_kept_words.h"
-#include "notes/rtf/rtf_raw.h"
 
 #include <algorithm>
 
@@ -114,8 +113,7 @@ void RtfParser::CloseGroup(qsizetype end) {
     const Group& group = Current();
     // A link that shows no text could not be written back as one.
     if (group.IsField && group.TextBefore == textRead_ && group.Begin < end)
-        KeepUnseen(
-            WithFallbacks(KeptRtf(tokens_.Bytes().sliced(group.Begin, end - group.Begin)), group.Fallbacks));
+        KeepUnseen(WithFallbacks(SourceFrom(group.Begin, end), group.Fallbacks));
     groups_.pop_back();
     format_ = -1;
 }

@@ -27,6 +27,7 @@ private:
         bool IsShapePicture = false;
         bool IsNestedRow = false;
 
+        // Place of its brace; of \field, where a field's group holds something in front of it.
         qsizetype Begin = 0;
         bool AtStart = true;
         bool HasStar = false;
@@ -77,10 +78,12 @@ private:
     bool HoldsParagraph() const;
     void TakePicture();
     void TakeOtherPicture(const RtfToken& token);
+    void BeginField(const RtfToken& token);
     void TakeFieldInstruction(const RtfToken& token);
     void TakeForeignField(std::size_t field);
     void TakeObject(const RtfToken& token);
     QByteArray TakeGroup(const RtfToken& token);
+    QByteArray SourceFrom(qsizetype begin, qsizetype end) const;
     // Source of the rest of the current group, without its brace; the group is closed.
     QByteArrayView TakeInside();
     QByteArray WithFallbacks(const QByteArray& raw, int fallbacks) const;

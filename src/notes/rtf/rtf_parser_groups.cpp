@@ -6,6 +6,7 @@
 #include <QSizeF>
 
 #include <algorithm>
+#include <utility>
 
 namespace paneda {
 
@@ -71,8 +72,7 @@ bool RtfParser::TakeDestination(RtfWord meaning, const RtfToken& token) {
     case RtfWord::OtherPicture:
         return TakePictureWord(meaning, token);
     case RtfWord::Field:
-        Current().IsField = true;
-        Current().TextBefore = textRead_;
+        BeginField(token);
         break;
     case RtfWord::FieldInstruction:
         TakeFieldInstruction(token);
@@ -180,6 +180,15 @@ void RtfParser::TakeOtherPicture(const RtfToken& token) {
     pictureFormat_ = -1;
 }
 
+void RtfParser::BeginField(const RtfToken& token) {
+    Group& group = Current();
+    group.IsField = true;
+    group.TextBefore = textRead_;
+    // What the group holds in front of the word has been taken already.
+    if (!group.AtStart)
+        group.Begin = token.Begin;
+}
+
 void RtfParser::TakeFieldInstruction(const RtfToken& token) {
     const auto isField = [](const Group& group) { return group.IsField; };
     const auto found = std::find_if(groups_.rbegin(), groups_.rend(), isField);
@@ -204,15 +213,24 @@ void RtfParser::TakeFieldInstruction(const RtfToken& token) {
 
 // A field that this editor does not work is kept whole; what it last came to stands in its place.
 void RtfParser::TakeForeignField(std::size_t field) {
-    const qsizetype begin = groups_[field].Begin;
-    const int fallbacks = groups_[field].Fallbacks;
+    const Group group = groups_[field];
     while (groups_.size() > field)
         TakeInside();
-    const QByteArrayView source = tokens_.Bytes().sliced(begin, tokens_.Position() - begin);
+    const QByteArray source = SourceFrom(group.Begin, tokens_.Position());
+    if (group.Char.Hidden) {
+        inBody_ = true;
+        KeepUnseen(WithFallbacks(QByteArray("{\\v" + source + '}'), group.Fallbacks));
+        return;
+    }
     const qsizetype result = source.indexOf("\\fldrslt");
     const QString label =
         result < 0 ? QString() : PlainTextOfRtf(source.sliced(result), content_.Tables.CodePage, kMaxLabel);
-    KeepSeen(WithFallbacks(KeptRtf(source), fallbacks), label.isEmpty() ? QStringLiteral("[field]") : label);
+    // Words in front of the field are not in its source, but tell how it looks.
+    const RtfChar outer = std::exchange(Current().Char, group.Char);
+    format_ = -1;
+    KeepSeen(WithFallbacks(source, group.Fallbacks), label.isEmpty() ? QStringLiteral("[field]") : label);
+    Current().Char = outer;
+    format_ = -1;
 }
 
 void RtfParser::TakeObject(const RtfToken& token) {
@@ -232,8 +250,13 @@ QByteArray RtfParser::TakeGroup(const RtfToken& token) {
     const bool isWhole = Current().AtStart;
     const qsizetype begin = isWhole ? Current().Begin : token.Begin;
     TakeInside();
-    const QByteArrayView source = tokens_.Bytes().sliced(begin, tokens_.Position() - begin);
-    return KeptRtf(isWhole ? source.toByteArray() : QByteArray('{' + source.toByteArray()));
+    return SourceFrom(begin, tokens_.Position());
+}
+
+// What is kept of a group that begins with its brace or, where it is cut, with a word.
+QByteArray RtfParser::SourceFrom(qsizetype begin, qsizetype end) const {
+    const QByteArrayView source = tokens_.Bytes().sliced(begin, end - begin);
+    return source.startsWith('{') ? KeptRtf(source) : KeptRtf(QByteArray('{' + source.toByteArray()));
 }
 
 QByteArrayView RtfParser::TakeInside() {

@@ -2,6 +2,7 @@
 #include "notes/rtf/rtf_object_view.h"
 #include "notes/rtf/rtf_picture_view.h"
 #include "notes/rtf/rtf_properties.h"
+#include "notes/rtf/rtf_writer.h"
 #include "read_note.h"
 
 #include <QImage>
@@ -133,6 +134,10 @@ void TestRtfReader::damage_data() {
                                   << QStringLiteral("a\uFFFFb");
     QTest::newRow("destination without group")
         << Note("a\\pict 0102\\footnote b\\field") << QStringLiteral("a0102b");
+    QTest::newRow("text in front of a field")
+        << Note("a{b\\field{\\*\\fldinst PAGE}{\\fldrslt 7}}c") << QStringLiteral("ab\uFFFCc");
+    QTest::newRow("text in front of an empty link")
+        << Note("a{b\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt }}c") << QStringLiteral("ab\uFFFCc");
     QTest::newRow("binary beyond the end") << kHead + "a\\bin999999 b" << QStringLiteral("a");
     QTest::newRow("ends of rows and cells alone")
         << Note("\\row\\nestrow a\\par\\row b") << QStringLiteral("a|b");
@@ -143,6 +148,9 @@ void TestRtfReader::damage() {
     const ReadNote note(rtf);
     QVERIFY(note.Reading.IsRtf());
     QTEST(note.Text(), "text");
+    // Nothing comes twice, or goes, once it has been saved.
+    if (note.Reading.Losses.isEmpty())
+        QCOMPARE(ReadNote(WriteRtf(note.Document)).Text(), note.Text());
 }
 
 void TestRtfReader::characters() {
@@ -200,6 +208,10 @@ void TestRtfReader::kept_data() {
     row("footnote", "{\\footnote \\pard n\\par}", "{\\footnote \\pard n\\par}", QStringLiteral("[footnote]"));
     row("field", "{\\field{\\*\\fldinst { PAGE }}{\\fldrslt {\\b 7}}}",
         "{\\field{\\*\\fldinst { PAGE }}{\\fldrslt {\\b 7}}}", QStringLiteral("7"));
+    row("words in front of a field", "{\\b\\field{\\*\\fldinst { PAGE }}{\\fldrslt 7}}",
+        "{\\field{\\*\\fldinst { PAGE }}{\\fldrslt 7}}", QStringLiteral("7"));
+    row("hidden field", "{\\v\\field{\\*\\fldinst PAGE}{\\fldrslt 7}}",
+        "{\\v{\\field{\\*\\fldinst PAGE}{\\fldrslt 7}}}", QString());
     row("object", "{\\object\\objw300\\objh150{\\*\\objdata 01}}",
         "{\\object\\objw300\\objh150{\\*\\objdata 01}}", QStringLiteral("[object]"));
     row("picture without bytes", "{\\pict\\pngblip\\picw10 }", "{\\pict\\pngblip\\picw10 }",
@@ -218,6 +230,7 @@ void TestRtfReader::kept() {
     QTEST(format.property(RtfRaw).toByteArray(), "raw");
     QTEST(format.stringProperty(RtfObjectText), "shown");
     QCOMPARE(note.Reading.Losses, QStringList());
+    QCOMPARE(format.fontWeight() == QFont::Bold, group.startsWith("{\\b"));
     if (group.startsWith("{\\object"))
         QCOMPARE(format.property(RtfObjectSize).toSizeF(), QSizeF(20, 10));
 }
