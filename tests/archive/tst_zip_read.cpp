@@ -147,12 +147,14 @@ void tst_zip_read::otherWriters_data() {
     add("zip, stored", u"zip"_s, {u"-0"_s, u"x.zip"_s, u"content.rtf"_s}, {});
     add("zip, folders", u"zip"_s, {u"-r"_s, u"x.zip"_s, u"sub"_s, u"content.rtf"_s},
         {u"deep.rtf=text text text text "_s, note.first()});
+    add("7z", u"7z"_s, {u"a"_s, u"x.zip"_s, u"content.rtf"_s}, note);
     add("7z, another method", u"7z"_s, {u"a"_s, u"-mm=BZip2"_s, u"x.zip"_s, u"content.rtf"_s}, {},
         {ErrorLine(ZipError::UnsupportedMethod)});
     add("python", u"python3"_s, python(u"z.write('content.rtf')"_s), note);
     add("python, comment", u"python3"_s, python(u"z.comment = b'c' * 65535\nz.write('content.rtf')"_s), note);
     add("python, sizes behind the data", u"python3"_s,
         python(u"with z.open('content.rtf', 'w') as e: e.write(open('content.rtf', 'rb').read())"_s), note);
+    add("python, empty file", u"python3"_s, python(u"z.writestr('content.rtf', b'')"_s), {});
 }
 
 void tst_zip_read::otherWriters() {
@@ -204,13 +206,16 @@ void tst_zip_read::hostile_data() {
             {b}, {ZipError::UnsafeName});
     };
     change32("local header beyond the file", first + 42, 0xFFFFFFF0, {b}, {ZipError::Damaged});
+    change32("local header elsewhere", first + 42, 3, {b}, {ZipError::Damaged});
     change32("data beyond the file", second + 20, 0x7FFFFFFF, {a}, {ZipError::Damaged});
     change32("data into the directory", second + 20, first, {a}, {ZipError::Damaged});
+    change32("data over the next entry", first + 20, first - 40, {a}, {ZipError::Damaged});
     change32("two entries of one place", second + 42, 0, {a}, {ZipError::Damaged});
     change32("size over the limit", first + 24, 0x10000001, {b}, {ZipError::TooBig});
     change32("size that so few bytes cannot hold", first + 24, 0x0FFFFFFF, {b}, {ZipError::Checksum});
     change32("checksum", first + 16, 1, {b}, {ZipError::Checksum});
     change32("short data", first + 20, 1, {b}, {ZipError::Checksum});
+    change32("no data", first + 20, 0, {b}, {ZipError::Checksum});
     change16("local name beyond the file", 26, 0xFFFF, {b}, {ZipError::Damaged});
     change16("method", first + 10, 99, {b}, {ZipError::UnsupportedMethod});
     change16("central name beyond the file", second + 28, 0xFFFF, {a}, {ZipError::UnsafeName});
@@ -218,9 +223,12 @@ void tst_zip_read::hostile_data() {
     change16("more entries than there are", end + 10, 0xFFFF, {a, b}, {ZipError::Damaged});
     change16("spanned", end + 4, 1, {}, {});
     change32("directory beyond the file", end + 16, 0xFFFFFFFF, {}, {ZipError::Damaged});
+    change32("directory elsewhere", end + 16, first + 1, {}, {ZipError::Damaged});
     rename("upwards", "../x!");
     rename("upwards on Windows", "..\\x!");
+    rename("upwards in the middle", "a/../");
     rename("absolute", "/etc!");
+    rename("drive", "C:x!!");
     rename("ends in a separator", "abcd/");
     // The sizes that the local header gives are not looked at.
     change32("local sizes", 18, 0xFFFFFFFF, {a, b}, {});

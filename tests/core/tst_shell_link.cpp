@@ -17,6 +17,8 @@ class tst_shell_link : public QObject {
 private Q_SLOTS:
     void contents_data();
     void contents();
+    void showState_data();
+    void showState();
     void cut();
     void anyDamage();
     void foreignFiles();
@@ -81,6 +83,9 @@ void tst_shell_link::contents_data() {
     row("nothing but the header", {}, u""_s);
     row("everything", FullLink(), kFull);
     LinkParts parts = FullLink();
+    parts.LastBlock = false;
+    row("without an end mark", parts, kFull);
+    parts = FullLink();
     parts.WideTexts = false;
     parts.WideEnvironment = false;
     row("no text in UTF-16", parts, kFull);
@@ -102,6 +107,10 @@ void tst_shell_link::contents_data() {
     parts.WideSuffix = u"ж\\x"_s;
     row("network path in UTF-16", parts, u"network=\\\\é\\share\\ж\\x"_s);
     parts = {};
+    parts.LocalPath = u"C:\\"_s;
+    parts.Suffix = u"x"_s;
+    row("no second separator", parts, u"local=C:\\x"_s);
+    parts = {};
     parts.LocalPath = u"C:\\x"_s;
     parts.Arguments = u"a"_s;
     parts.MoreFlags = 0x100;
@@ -118,6 +127,23 @@ void tst_shell_link::contents() {
     const auto link = ParseShellLink(MakeLink(parts));
     QVERIFY2(link.has_value(), link ? "" : qPrintable(link.error()));
     QCOMPARE(Describe(*link), contents);
+}
+
+void tst_shell_link::showState_data() {
+    QTest::addColumn<quint32>("code");
+    QTest::addColumn<int>("show");
+
+    QTest::newRow("normal") << 1U << int(ShowCommand::Normal);
+    QTest::newRow("maximized") << 3U << int(ShowCommand::Maximized);
+    QTest::newRow("minimized") << 7U << int(ShowCommand::Minimized);
+    QTest::newRow("any other") << 0xFFFFFFFFU << int(ShowCommand::Normal);
+}
+
+void tst_shell_link::showState() {
+    QFETCH(quint32, code);
+    LinkParts parts;
+    parts.ShowCode = code;
+    QTEST(int(ParseShellLink(MakeLink(parts))->Show), "show");
 }
 
 // A file that ends within its texts is refused, one that ends behind them is read up to there.

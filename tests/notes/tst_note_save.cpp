@@ -32,6 +32,7 @@ private Q_SLOTS:
     void keepsOtherTexts();
     void savesAgain();
     void failures();
+    void readOnlyFolder();
 };
 
 void tst_note_save::compressesAboveTheLimit_data() {
@@ -169,7 +170,9 @@ void tst_note_save::keepsOtherTexts_data() {
     };
     add("nobody", kShort, [](NoteMaker&) {});
     add("rtf", kShort, other("theirs"), otherName + u".rtf"_s, "theirs", byBob);
+    add("zip", kLong, other(kLong + "theirs"), otherName + u".zip"_s, kLong + "theirs", byBob);
     add("rtf to zip", kShort, other(kLong), otherName + u".zip"_s, kLong, byBob);
+    add("zip to rtf", kLong, other(kShort), otherName + u".rtf"_s, kShort, byBob);
     add(
         "same size, same time", kShort,
         [](NoteMaker& note) {
@@ -284,6 +287,23 @@ void tst_note_save::failures() {
     QVERIFY(!gone);
     QCOMPARE(gone.error().Path, QDir::toNativeSeparators(note.Place.NoteFolder));
     QVERIFY(!note.Store.Entries().contains(kParent + u'/'));
+}
+
+void tst_note_save::readOnlyFolder() {
+    NoteMaker note;
+    QVERIFY(note.Save("old", {}));
+    const LoadedNote loaded = note.Load();
+    QFile folder(note.Place.NoteFolder);
+    const auto rights = folder.permissions();
+    QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    const bool bars = !QFile(note.Store.Path(note.In(u"probe"_s))).open(QIODevice::WriteOnly);
+    const auto saved = note.Save("new", loaded);
+    QVERIFY(folder.setPermissions(rights));
+    if (!bars)
+        QSKIP("this user may write everywhere");
+    QVERIFY(!saved);
+    QCOMPARE(note.Bytes(kRtf), QByteArray("old"));
+    QCOMPARE(note.Contents(), QStringList(kRtf));
 }
 
 QTEST_GUILESS_MAIN(tst_note_save)

@@ -30,6 +30,7 @@ void LinuxPointer::WatchMiddleButton(bool on) {
         return;
     // A connection for the presses alone, closed with the watch, so that no event heaps up unread.
     presses_ = on ? std::make_unique<X11Connection>() : nullptr;
+    held_ = false;
     if (presses_ && presses_->IsOpen())
         SelectPresses();
 }
@@ -44,7 +45,9 @@ void LinuxPointer::SelectPresses() {
     if (!version)
         return;
     inputExtension_ = extension->major_opcode;
-    const EventMask mask{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS};
+    const EventMask mask{{XCB_INPUT_DEVICE_ALL_MASTER, 1},
+                         XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS |
+                             XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE};
     xcb_input_xi_select_events(connection, presses_->Root(), 1, &mask.Header);
     xcb_flush(connection);
 }
@@ -55,20 +58,30 @@ bool LinuxPointer::TakePresses() {
         if ((event->response_type & 0x7F) != XCB_GE_GENERIC)
             continue;
         const auto* raw = reinterpret_cast<const xcb_input_raw_button_press_event_t*>(event.get());
-        found = found || (raw->extension == inputExtension_ &&
-                          raw->event_type == XCB_INPUT_RAW_BUTTON_PRESS && raw->detail == kMiddleButton);
+        if (raw->extension != inputExtension_ || raw->detail != kMiddleButton)
+            continue;
+        held_ = raw->event_type == XCB_INPUT_RAW_BUTTON_PRESS;
+        found = found || held_;
     }
     return found;
+}
+
+bool LinuxPointer::IsDownNow() {
+    X11Connection& server = Server();
+    const XcbPointer<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(server.Get(), xcb_query_pointer(server.Get(), server.Root()), nullptr));
+    return reply && (reply->mask & XCB_BUTTON_MASK_2);
 }
 
 bool LinuxPointer::MiddleButtonDown() {
     if (!presses_)
         return false;
-    X11Connection& server = Server();
-    const XcbPointer<xcb_query_pointer_reply_t> reply(
-        xcb_query_pointer_reply(server.Get(), xcb_query_pointer(server.Get(), server.Root()), nullptr));
     const bool pressed = TakePresses();
-    return pressed || (reply && (reply->mask & XCB_BUTTON_MASK_2));
+    // The server is asked only when the events leave a doubt: a mouse that is pulled out does not tell of the
+    // release.
+    if (inputExtension_ == 0 || held_)
+        held_ = IsDownNow();
+    return pressed || held_;
 }
 
 QPoint LinuxPointer::Position() {
