@@ -192,7 +192,8 @@ FileResult CopyWholeFile(const QString& from, const QString& to) {
     }
     if (source.error() != QFileDevice::NoError)
         return tl::make_unexpected(FileError{QDir::toNativeSeparators(from), source.errorString()});
-    if (!target.commit())
+    // The commit does not notice what its own flush could not write, as on a full disk.
+    if (!target.flush() || !target.commit())
         return tl::make_unexpected(FileError{QDir::toNativeSeparators(to), target.errorString()});
     return {};
 }
