@@ -2,7 +2,7 @@
 //
 // usage: bench_paint APP_FOLDER   (a folder with skin/)
 
-#include "core/catalogue.h"
+#include "core/store/catalogue.h"
 #include "skin/panel_painter.h"
 #include "skin/picture_cache.h"
 #include "skin/piece_sizes.h"

@@ -1,8 +1,8 @@
 #include "prepared_panel.h"
 
-#include "core/config_settings.h"
-#include "core/settings.h"
-#include "core/store_layout.h"
+#include "core/settings/config_settings.h"
+#include "core/settings/settings.h"
+#include "core/store/store_layout.h"
 
 #include <QFileInfo>
 #include <QImage>

@@ -1,8 +1,8 @@
 // How long a scan of the store takes, against a plain walk over the same folders and against the cached
 // start. Prints a table; judges nothing.
 
-#include "core/catalogue_cache.h"
-#include "core/catalogue_loader.h"
+#include "core/store/catalogue_cache.h"
+#include "core/store/catalogue_loader.h"
 
 #include <QDir>
 #include <QFile>

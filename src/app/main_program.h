@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/app_state.h"
+#include "core/settings/app_state.h"
 #include "platform/platform.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/panel/frmMain.h"

@@ -2,7 +2,7 @@
 
 #include "archive/raw_deflate.h"
 
-#include "core/windows_1252.h"
+#include "core/text/windows_1252.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "notes/age_text.h"
 
-#include "core/english_dates.h"
+#include "core/text/english_dates.h"
 
 #include <optional>
 

@@ -3,8 +3,8 @@
 #include "notes/note_files.h"
 #include "notes/note_keys.h"
 
-#include "core/file_guard.h"
-#include "core/ini_file.h"
+#include "core/files/file_guard.h"
+#include "core/files/ini_file.h"
 
 namespace paneda {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/file_tree.h"
+#include "core/files/file_tree.h"
 #include "notes/tree_level.h"
 
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #include "notes/node_icon.h"
 
-#include "core/file_tree.h"
+#include "core/files/file_tree.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #include "notes/node_operations.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 #include "notes/node_icon.h"
 #include "notes/node_properties.h"
 #include "notes/remark_file.h"

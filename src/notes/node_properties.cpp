@@ -1,7 +1,7 @@
 #include "notes/node_properties.h"
 
-#include "core/file_guard.h"
-#include "core/ini_file.h"
+#include "core/files/file_guard.h"
+#include "core/files/ini_file.h"
 #include "notes/tree_store.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/file_io.h"
-#include "core/ini_text.h"
+#include "core/files/file_io.h"
+#include "core/files/ini_text.h"
 #include "notes/tree_node.h"
 
 #include <QString>

@@ -2,9 +2,9 @@
 
 #include "notes/note_keys.h"
 
-#include "core/file_guard.h"
-#include "core/file_tree.h"
-#include "core/ini_file.h"
+#include "core/files/file_guard.h"
+#include "core/files/file_tree.h"
+#include "core/files/ini_file.h"
 
 #include <QDir>
 #include <QFile>

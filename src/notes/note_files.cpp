@@ -2,8 +2,8 @@
 
 #include "archive/zip_extraction.h"
 
-#include "core/checksum.h"
-#include "core/names.h"
+#include "core/store/names.h"
+#include "core/text/checksum.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "archive/zip_records.h"
 
-#include "core/file_io.h"
+#include "core/files/file_io.h"
 
 #include <QByteArray>
 #include <QDateTime>

@@ -4,8 +4,8 @@
 #include "notes/note_keys.h"
 #include "notes/note_save.h"
 
-#include "core/ini_file.h"
-#include "core/text_rules.h"
+#include "core/files/ini_file.h"
+#include "core/text/text_rules.h"
 
 #include <QFileInfo>
 

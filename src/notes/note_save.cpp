@@ -5,8 +5,8 @@
 
 #include "archive/zip_class.h"
 
-#include "core/file_guard.h"
-#include "core/ini_file.h"
+#include "core/files/file_guard.h"
+#include "core/files/ini_file.h"
 
 #include <QDir>
 #include <QFileInfo>

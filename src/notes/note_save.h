@@ -4,7 +4,7 @@
 #include "notes/note_files.h"
 #include "notes/note_place.h"
 
-#include "core/file_io.h"
+#include "core/files/file_io.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,8 +1,8 @@
 #include "notes/remark_file.h"
 
-#include "core/file_tree.h"
-#include "core/ini_text.h"
-#include "core/names.h"
+#include "core/files/file_tree.h"
+#include "core/files/ini_text.h"
+#include "core/store/names.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #include "notes/shortcut_start.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 #include "notes/tree_store.h"
 
 namespace paneda {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/launch.h"
+#include "core/panel/launch.h"
 #include "notes/tree_node.h"
 
 namespace paneda {

@@ -1,6 +1,6 @@
 #include "notes/sort_value.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 
 #include <algorithm>
 #include <cmath>

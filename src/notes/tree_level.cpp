@@ -1,7 +1,7 @@
 #include "notes/tree_level.h"
 
-#include "core/entries.h"
-#include "core/text_rules.h"
+#include "core/store/entries.h"
+#include "core/text/text_rules.h"
 #include "notes/node_properties.h"
 #include "notes/tree_store.h"
 

@@ -1,10 +1,10 @@
 #include "notes/tree_store.h"
 
-#include "core/app_state.h"
-#include "core/file_io.h"
-#include "core/ini_file.h"
-#include "core/names.h"
-#include "core/path_conversion.h"
+#include "core/files/file_io.h"
+#include "core/files/ini_file.h"
+#include "core/files/path_conversion.h"
+#include "core/settings/app_state.h"
+#include "core/store/names.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/drive_map.h"
-#include "core/launch.h"
+#include "core/files/drive_map.h"
+#include "core/panel/launch.h"
 
 namespace paneda {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/drive_map.h"
+#include "core/files/drive_map.h"
 
 namespace paneda {
 

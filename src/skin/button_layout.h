@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/style_code.h"
-#include "core/twips.h"
+#include "core/store/style_code.h"
+#include "core/text/twips.h"
 
 namespace paneda {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/drive_map.h"
+#include "core/files/drive_map.h"
 #include "skin/decoded_pictures.h"
 #include "skin/drawing_surface.h"
 #include "skin/font_choice.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/twips.h"
+#include "core/text/twips.h"
 #include "skin/colour.h"
 #include "skin/label_layout.h"
 #include "skin/picture_placing.h"

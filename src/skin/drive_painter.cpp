@@ -1,7 +1,7 @@
 #include "skin/drive_painter.h"
 
-#include "core/launch.h"
-#include "core/text_rules.h"
+#include "core/panel/launch.h"
+#include "core/text/text_rules.h"
 #include "skin/font_size.h"
 #include "skin/picture_cache.h"
 

@@ -1,6 +1,6 @@
 #include "skin/folder_names.h"
 
-#include "core/file_io.h"
+#include "core/files/file_io.h"
 
 namespace paneda {
 

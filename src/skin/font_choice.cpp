@@ -1,6 +1,6 @@
 #include "skin/font_choice.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 
 #include <QFont>
 #include <QFontDatabase>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/twips.h"
+#include "core/text/twips.h"
 #include "skin/piece_sizes.h"
 
 namespace paneda {

@@ -1,6 +1,6 @@
 #include "skin/panel_painter.h"
 
-#include "core/names.h"
+#include "core/store/names.h"
 #include "skin/font_size.h"
 #include "skin/picture_cache.h"
 

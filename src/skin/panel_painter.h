@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/catalogue.h"
-#include "core/file_io.h"
-#include "core/panel_geometry.h"
+#include "core/files/file_io.h"
+#include "core/panel/panel_geometry.h"
+#include "core/store/catalogue.h"
 #include "skin/button_painter.h"
 #include "skin/frame_geometry.h"
 

@@ -1,7 +1,7 @@
 #include "skin/picture_files.h"
 
-#include "core/names.h"
-#include "core/text_rules.h"
+#include "core/store/names.h"
+#include "core/text/text_rules.h"
 #include "skin/picture_loader.h"
 
 #include <QDir>

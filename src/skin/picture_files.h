@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/file_io.h"
-#include "core/twips.h"
+#include "core/files/file_io.h"
+#include "core/text/twips.h"
 #include "skin/folder_names.h"
 
 #include <QString>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/catalogue_cache.h"
-#include "core/panel_geometry.h"
-#include "core/twips.h"
+#include "core/panel/panel_geometry.h"
+#include "core/store/catalogue_cache.h"
+#include "core/text/twips.h"
 #include "skin/theme_state.h"
 
 namespace paneda {

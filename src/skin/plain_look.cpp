@@ -1,7 +1,7 @@
 #include "skin/plain_look.h"
 
-#include "core/names.h"
-#include "core/style_code.h"
+#include "core/store/names.h"
+#include "core/store/style_code.h"
 
 #include <QFont>
 #include <QFontMetrics>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/panel_geometry.h"
+#include "core/panel/panel_geometry.h"
 
 #include <QImage>
 #include <QRect>

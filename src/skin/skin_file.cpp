@@ -1,9 +1,9 @@
 #include "skin/skin_file.h"
 
-#include "core/file_io.h"
-#include "core/ini_file.h"
-#include "core/text_rules.h"
-#include "core/twips.h"
+#include "core/files/file_io.h"
+#include "core/files/ini_file.h"
+#include "core/text/text_rules.h"
+#include "core/text/twips.h"
 
 #include <QDir>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ini_text.h"
+#include "core/files/ini_text.h"
 #include "skin/skin_folder.h"
 #include "skin/theme_state.h"
 

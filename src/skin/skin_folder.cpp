@@ -1,7 +1,7 @@
 #include "skin/skin_folder.h"
 
-#include "core/file_io.h"
-#include "core/text_rules.h"
+#include "core/files/file_io.h"
+#include "core/text/text_rules.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "core/catalogue_cache.h"
+#include "core/store/catalogue_cache.h"
 #include "support/store_builder.h"
 
 #include <QTest>

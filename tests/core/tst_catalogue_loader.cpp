@@ -1,6 +1,6 @@
-#include "core/catalogue_loader.h"
-#include "core/ini_file.h"
-#include "core/store_layout.h"
+#include "core/files/ini_file.h"
+#include "core/store/catalogue_loader.h"
+#include "core/store/store_layout.h"
 #include "support/store_builder.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "core/config_settings.h"
+#include "core/settings/config_settings.h"
 #include "support/store_builder.h"
 
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "core/drive_map.h"
+#include "core/files/drive_map.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "core/file_tree.h"
+#include "core/files/file_tree.h"
 #include "support/store_builder.h"
 
 #include <QFileInfo>

@@ -1,5 +1,5 @@
-#include "core/fun_list.h"
-#include "core/key_table.h"
+#include "core/panel/fun_list.h"
+#include "core/settings/key_table.h"
 #include "support/store_builder.h"
 
 #include <QSet>

@@ -1,5 +1,5 @@
-#include "core/ini_file.h"
-#include "core/windows_1252.h"
+#include "core/files/ini_file.h"
+#include "core/text/windows_1252.h"
 #include "support/store_builder.h"
 
 #include <QRandomGenerator>

@@ -1,4 +1,4 @@
-#include "core/launch.h"
+#include "core/panel/launch.h"
 #include "support/store_builder.h"
 
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "core/names.h"
+#include "core/store/names.h"
 #include "support/fake_prompts.h"
 
 #include <QTest>

@@ -1,5 +1,5 @@
-#include "core/panel_geometry.h"
-#include "core/style_code.h"
+#include "core/panel/panel_geometry.h"
+#include "core/store/style_code.h"
 
 #include <QTest>
 

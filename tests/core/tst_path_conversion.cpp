@@ -1,4 +1,4 @@
-#include "core/path_conversion.h"
+#include "core/files/path_conversion.h"
 
 #include <QTest>
 

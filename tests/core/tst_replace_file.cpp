@@ -1,4 +1,4 @@
-#include "core/ini_file.h"
+#include "core/files/ini_file.h"
 #include "support/kill_shim/interrupted_step.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "core/shell_link.h"
+#include "core/panel/shell_link.h"
 #include "support/link_builder.h"
 #include "support/store_builder.h"
 

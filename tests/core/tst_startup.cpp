@@ -1,4 +1,4 @@
-#include "core/startup.h"
+#include "core/settings/startup.h"
 #include "support/store_builder.h"
 
 #include <QTest>

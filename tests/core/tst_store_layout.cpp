@@ -1,4 +1,4 @@
-#include "core/store_layout.h"
+#include "core/store/store_layout.h"
 #include "support/store_builder.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "core/style_code.h"
+#include "core/store/style_code.h"
 
 #include <QTest>
 

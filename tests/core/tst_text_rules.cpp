@@ -1,6 +1,6 @@
-#include "core/entries.h"
-#include "core/text_rules.h"
-#include "core/twips.h"
+#include "core/store/entries.h"
+#include "core/text/text_rules.h"
+#include "core/text/twips.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "core/timing.h"
+#include "core/text/timing.h"
 
 #include <QTest>
 #include <QTimer>

@@ -1,4 +1,4 @@
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
 
 #include <QTest>
 

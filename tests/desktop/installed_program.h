@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/app_state.h"
-#include "core/config_file.h"
-#include "core/panel_geometry.h"
+#include "core/files/config_file.h"
+#include "core/panel/panel_geometry.h"
+#include "core/settings/app_state.h"
 #include "skin/frame_geometry.h"
 #include "support/store_builder.h"
 

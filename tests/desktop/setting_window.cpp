@@ -1,6 +1,6 @@
 #include "desktop/setting_window.h"
 
-#include "core/store_layout.h"
+#include "core/store/store_layout.h"
 #include "desktop/desktop.h"
 #include "ui/panel/main_menu.h"
 #include "ui/panel/screen_metrics.h"

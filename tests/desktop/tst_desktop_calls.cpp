@@ -1,7 +1,7 @@
-#include "core/config_settings.h"
-#include "core/ini_file.h"
-#include "core/store_layout.h"
-#include "core/triggers.h"
+#include "core/files/ini_file.h"
+#include "core/panel/triggers.h"
+#include "core/settings/config_settings.h"
+#include "core/store/store_layout.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
 

@@ -1,4 +1,4 @@
-#include "core/config_settings.h"
+#include "core/settings/config_settings.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
 #include "desktop/setting_window.h"

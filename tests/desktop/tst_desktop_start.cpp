@@ -1,6 +1,6 @@
-#include "core/config_settings.h"
-#include "core/ini_file.h"
-#include "core/store_layout.h"
+#include "core/files/ini_file.h"
+#include "core/settings/config_settings.h"
+#include "core/store/store_layout.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
 

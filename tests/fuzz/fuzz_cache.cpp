@@ -1,8 +1,8 @@
 // Input: a cache file. It is decoded as it stands, and once more with a header and a checksum that fit what
 // follows the place where they stand, so that the fuzzer gets behind them.
 
-#include "core/catalogue_cache.h"
-#include "core/checksum.h"
+#include "core/store/catalogue_cache.h"
+#include "core/text/checksum.h"
 
 #include <QtEndian>
 

@@ -2,8 +2,8 @@
 // and a payload; it gets its checksum here, so that the decoder sees what the fuzzer made. An odd first byte
 // means that the input is the file as it stands.
 
-#include "core/checksum.h"
-#include "core/config_settings.h"
+#include "core/settings/config_settings.h"
+#include "core/text/checksum.h"
 
 #include <QtEndian>
 

@@ -1,6 +1,6 @@
 // Input: section, key and value of one write on a line each, a line of "--", then the file.
 
-#include "core/ini_text.h"
+#include "core/files/ini_text.h"
 
 #include <QByteArray>
 

@@ -1,6 +1,6 @@
 // Input: a Windows shortcut file.
 
-#include "core/shell_link.h"
+#include "core/panel/shell_link.h"
 
 #include <cstddef>
 #include <cstdint>

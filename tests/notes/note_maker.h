@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ini_file.h"
+#include "core/files/ini_file.h"
 #include "notes/note_disk.h"
 #include "notes/note_load.h"
 #include "notes/note_save.h"

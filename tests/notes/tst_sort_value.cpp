@@ -1,4 +1,4 @@
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 #include "notes/sort_value.h"
 
 #include <QRandomGenerator>

@@ -1,4 +1,4 @@
-#include "core/app_state.h"
+#include "core/settings/app_state.h"
 #include "notes/node_properties.h"
 #include "notes/remark_file.h"
 #include "notes/tree_store.h"

@@ -1,4 +1,4 @@
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
 #include "platform/linux/dbus_requests.h"
 #include "platform/linux/linux_opener.h"
 #include "platform/linux/portal_hotkey.h"

@@ -1,4 +1,4 @@
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
 #include "platform/windows/dde_requests.h"
 #include "platform/windows/message_hotkey.h"
 #include "platform/windows/session_termination.h"

@@ -1,5 +1,5 @@
-#include "core/key_table.h"
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
+#include "core/settings/key_table.h"
 #include "platform/linux/grab_hotkey.h"
 #include "platform/linux/linux_foreground.h"
 #include "platform/linux/linux_pointer.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/app_state.h"
-#include "core/catalogue_loader.h"
-#include "core/drive_map.h"
+#include "core/files/drive_map.h"
+#include "core/settings/app_state.h"
+#include "core/store/catalogue_loader.h"
 
 #include <QByteArray>
 #include <QString>

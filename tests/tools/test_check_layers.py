@@ -28,16 +28,16 @@ class CheckLayers(unittest.TestCase):
 
     def test_every_fault_is_named_with_its_line(self):
         status, lines = self.check({
-            "src/core/a.h": "#pragma once\n",
-            "src/ui/b.h": '#include "core/a.h"\n',
-            "src/core/c.cpp": 'const char* text = "/*";\n#include "ui/b.h"\n/* two\nlines */ int x;\n#include <QLabel>\n',
-            "src/notes/d.h": '#include "core/a.h"\n#include "ui/b.h"\n',
+            "src/core/text/a.h": "#pragma once\n",
+            "src/ui/b.h": '#include "core/text/a.h"\n',
+            "src/core/text/c.cpp": 'const char* text = "/*";\n#include "ui/b.h"\n/* two\nlines */ int x;\n#include <QLabel>\n',
+            "src/notes/d.h": '#include "core/text/a.h"\n#include "ui/b.h"\n',
         })
         self.assertEqual(status, 1)
-        self.assertEqual([line.split(": ")[0] for line in lines], ["src/core/c.cpp:2", "src/core/c.cpp:5", "src/notes/d.h:2"])
+        self.assertEqual([line.split(": ")[0] for line in lines], ["src/core/text/c.cpp:2", "src/core/text/c.cpp:5", "src/notes/d.h:2"])
 
     def test_a_tree_in_order_and_one_without_sources(self):
-        self.assertEqual(self.check({"src/core/a.cpp": "#include <QString>\n", "tests/b.cpp": "#include <QWidget>\n"})[0], 0)
+        self.assertEqual(self.check({"src/core/text/a.cpp": "#include <QString>\n", "tests/b.cpp": "#include <QWidget>\n"})[0], 0)
         self.assertEqual(self.check({"tests/b.cpp": ""})[0], 1)
 
 

@@ -1,5 +1,5 @@
-#include "core/english_dates.h"
-#include "core/web_addresses.h"
+#include "core/files/web_addresses.h"
+#include "core/text/english_dates.h"
 #include "support/store_builder.h"
 #include "ui/common/menu_choice.h"
 #include "ui/fake_services.h"

@@ -1,6 +1,6 @@
 #include "notes/rtf/rtf_code_pages.h"
 
-#include "core/windows_1252.h"
+#include "core/text/windows_1252.h"
 #include "notes/rtf/rtf_code_page_tables.h"
 
 #include <QStringDecoder>

@@ -1,6 +1,6 @@
 #include "notes/rtf/rtf_output.h"
 
-#include "core/windows_1252.h"
+#include "core/text/windows_1252.h"
 
 #include <QChar>
 

@@ -1,7 +1,7 @@
 #include "platform/linux/desktop_autostart.h"
 
-#include "core/ini_file.h"
-#include "core/ini_text.h"
+#include "core/files/ini_file.h"
+#include "core/files/ini_text.h"
 #include "platform/linux/desktop_entry.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "platform/linux/desktop_entry.h"
 
-#include "core/file_io.h"
+#include "core/files/file_io.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 #include "platform/linux/host_target.h"
 
-#include "core/file_io.h"
+#include "core/files/file_io.h"
 
 #include <QFile>
 #include <QFileInfo>

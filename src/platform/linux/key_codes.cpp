@@ -1,6 +1,6 @@
 #include "platform/linux/key_codes.h"
 
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,6 @@
 #include "platform/linux/portal_hotkey.h"
 
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
 #include "platform/linux/key_codes.h"
 #include "platform/linux/session_bus.h"
 

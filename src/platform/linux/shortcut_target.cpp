@@ -1,6 +1,6 @@
 #include "platform/linux/shortcut_target.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 #include "platform/linux/host_target.h"
 
 #include <QDir>

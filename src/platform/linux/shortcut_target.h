@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/shell_link.h"
+#include "core/panel/shell_link.h"
 #include "platform/opener.h"
 
 #include <QString>

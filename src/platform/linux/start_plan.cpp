@@ -1,7 +1,7 @@
 #include "platform/linux/start_plan.h"
 
-#include "core/ini_file.h"
-#include "core/names.h"
+#include "core/files/ini_file.h"
+#include "core/store/names.h"
 #include "platform/linux/desktop_entry.h"
 #include "platform/linux/host_target.h"
 #include "platform/linux/shortcut_target.h"

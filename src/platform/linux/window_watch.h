@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/launch.h"
+#include "core/panel/launch.h"
 
 namespace paneda {
 

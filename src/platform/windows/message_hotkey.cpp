@@ -1,6 +1,6 @@
 #include "platform/windows/message_hotkey.h"
 
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
 
 namespace paneda {
 

@@ -1,6 +1,6 @@
 #include "platform/windows/run_key_autostart.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 #include "platform/windows/wide_text.h"
 
 #include <QDir>

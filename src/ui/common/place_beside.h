@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
 
 class QWidget;
 

@@ -1,6 +1,6 @@
 #include "ui/common/qt_prompts.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,6 +1,6 @@
 #include "ui/panel/button_icons.h"
 
-#include "core/launch.h"
+#include "core/panel/launch.h"
 
 namespace paneda {
 

@@ -1,6 +1,6 @@
 #include "ui/panel/frmAbout.h"
 
-#include "core/english_dates.h"
+#include "core/text/english_dates.h"
 #include "ui_frmAbout.h"
 
 namespace paneda {

@@ -1,6 +1,6 @@
 #include "ui/panel/frmCredit.h"
 
-#include "core/file_io.h"
+#include "core/files/file_io.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/credits.h"
+#include "core/settings/credits.h"
 #include "platform/sound_player.h"
 
 #include <QTimer>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/app_state.h"
-#include "core/fun_list.h"
-#include "core/launch.h"
-#include "core/panel_geometry.h"
+#include "core/panel/fun_list.h"
+#include "core/panel/launch.h"
+#include "core/panel/panel_geometry.h"
 #include "core/prompts.h"
-#include "core/startup.h"
+#include "core/settings/app_state.h"
+#include "core/settings/startup.h"
 #include "platform/compositor.h"
 #include "platform/drive_space.h"
 #include "platform/file_icons.h"

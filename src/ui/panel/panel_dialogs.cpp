@@ -1,7 +1,7 @@
 #include "ui/panel/panel_dialogs.h"
 
-#include "core/launch.h"
-#include "core/web_addresses.h"
+#include "core/files/web_addresses.h"
+#include "core/panel/launch.h"
 #include "platform/opener.h"
 #include "ui/panel/tray_presence.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/app_state.h"
-#include "core/triggers.h"
+#include "core/panel/triggers.h"
+#include "core/settings/app_state.h"
 
 #include <QPoint>
 

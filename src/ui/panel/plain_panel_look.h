@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/app_state.h"
+#include "core/settings/app_state.h"
 #include "platform/file_icons.h"
 #include "ui/panel/panel_look.h"
 

@@ -1,6 +1,6 @@
 #include "ui/panel/skin_choice.h"
 
-#include "core/text_rules.h"
+#include "core/text/text_rules.h"
 
 namespace paneda {
 

@@ -1,6 +1,6 @@
 #include "ui/panel/skinned_panel_look.h"
 
-#include "core/store_layout.h"
+#include "core/store/store_layout.h"
 #include "skin/frame_geometry.h"
 #include "skin/picture_cache.h"
 #include "ui/panel/button_icons.h"

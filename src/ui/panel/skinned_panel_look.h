@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/app_state.h"
-#include "core/catalogue_cache.h"
+#include "core/settings/app_state.h"
+#include "core/store/catalogue_cache.h"
 #include "platform/drive_space.h"
 #include "platform/file_icons.h"
 #include "skin/drive_painter.h"

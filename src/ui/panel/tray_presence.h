@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/app_state.h"
+#include "core/settings/app_state.h"
 #include "platform/tray_hosts.h"
 
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "ui/settings/drive_box.h"
 
-#include "core/twips.h"
+#include "core/text/twips.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 #include "ui/settings/frmSetting.h"
 
-#include "core/ini_file.h"
-#include "core/key_table.h"
-#include "core/store_layout.h"
+#include "core/files/ini_file.h"
+#include "core/settings/key_table.h"
+#include "core/store/store_layout.h"
 #include "ui/common/place_beside.h"
 #include "ui/settings/drive_box.h"
 #include "ui/settings/frmSettingAdvance.h"

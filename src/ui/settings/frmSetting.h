@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/app_state.h"
+#include "core/panel/triggers.h"
 #include "core/prompts.h"
-#include "core/setting_form.h"
-#include "core/triggers.h"
+#include "core/settings/app_state.h"
+#include "core/settings/setting_form.h"
 #include "platform/autostart.h"
 #include "platform/hotkey.h"
 

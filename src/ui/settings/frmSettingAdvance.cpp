@@ -1,7 +1,7 @@
 #include "ui/settings/frmSettingAdvance.h"
 
-#include "core/ini_file.h"
-#include "core/store_layout.h"
+#include "core/files/ini_file.h"
+#include "core/store/store_layout.h"
 #include "ui_frmSettingAdvance.h"
 
 #include <QHBoxLayout>

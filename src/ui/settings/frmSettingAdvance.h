@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/advance_form.h"
 #include "core/prompts.h"
+#include "core/settings/advance_form.h"
 
 #include <QDialog>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "ui/settings/setting_words.h"
 
-#include "core/key_table.h"
+#include "core/settings/key_table.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/setting_form.h"
+#include "core/settings/setting_form.h"
 #include "platform/hotkey.h"
 
 #include <QString>

@@ -1,6 +1,6 @@
 #include "notes/kills/tree_ledger.h"
 
-#include "core/ini_file.h"
+#include "core/files/ini_file.h"
 #include "notes/kills/note_texts.h"
 #include "notes/kills/tree_worker.h"
 #include "notes/note_files.h"

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/files/file_io.h"
+#include "core/files/ini_text.h"
+
+namespace paneda {
+
+// A larger INI file reads as empty and is never written: no file of the store comes near.
+inline constexpr qint64 kMaxIniFile = 32 * 1024 * 1024;
+
+// The text of an INI file. A file that is missing or cannot be read has no keys.
+IniText ReadIniFile(const QString& file);
+
+// One value of an INI file; `fallback` when it is missing or empty.
+QString ReadIni(const QString& section, const QString& key, const QString& file,
+                const QString& fallback = {});
+
+// Writes one value, making the file if it is missing. A file that exists and cannot be read is left alone.
+// The result is for those who have something to tell the user; settings are written without looking at it.
+FileResult WriteIni(const QString& section, const QString& key, const QString& value, const QString& file);
+
+} // namespace paneda

@@ -1,0 +1,109 @@
+#include "core/panel/launch.h"
+
+#include "core/files/ini_file.h"
+#include "core/files/path_conversion.h"
+#include "core/store/names.h"
+#include "core/text/text_rules.h"
+
+namespace paneda {
+
+namespace {
+
+constexpr QStringView kDriveWord = u"Drive ";
+const QString kSection = QStringLiteral("Properties");
+
+LaunchRequest DriveRequest(const QString& path, const QString& appPath) {
+    QString letter = path.right(1);
+    if (letter == u'9')
+        letter = appPath.left(1);
+    return {LaunchRequest::Action::OpenDrive, letter, {}, {}, ShowCommand::Normal};
+}
+
+LaunchRequest RecordRequest(const ButtonFields& fields, const QString& appPath) {
+    QString target = fields.Target;
+    // A path without drive lies on the drive that the program runs from; a network path stays.
+    if (target.startsWith(u'\\') && target.mid(1, 1) != u"\\")
+        target.prepend(appPath.left(2));
+    target = ResolveRelativePath(target, appPath);
+    if (target.isEmpty())
+        return {};
+    return {LaunchRequest::Action::OpenTarget, target, fields.Parameter,
+            IfEmpty(fields.StartIn, FolderOfTarget(target)), ShowCommandOf(fields.WindowState)};
+}
+
+} // namespace
+
+QString FolderOfTarget(const QString& target) {
+    const QChar separator = target.startsWith(u'/') ? u'/' : u'\\';
+    return target.first(target.lastIndexOf(separator) + 1);
+}
+
+ShowCommand ShowCommandOf(const QString& windowState) {
+    if (windowState == u"Minimized")
+        return ShowCommand::Minimized;
+    return windowState == u"Maximized" ? ShowCommand::Maximized : ShowCommand::Normal;
+}
+
+QString ButtonKind(const QString& path) {
+    return ExtensionOf(path).left(3).toUpper();
+}
+
+ButtonFields ReadButtonFields(const QString& hostPath) {
+    ButtonFields fields;
+    const QString kind = ButtonKind(hostPath);
+    if (kind == u"PND") {
+        const IniText text = ReadIniFile(hostPath);
+        fields.Target = text.Value(kSection, u"Target");
+        fields.Parameter = text.Value(kSection, u"Parameter");
+        fields.StartIn = text.Value(kSection, u"Start In");
+        fields.WindowState = text.Value(kSection, u"Window State");
+    } else if (kind == u"URL") {
+        fields.Url = ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), hostPath);
+    }
+    return fields;
+}
+
+LaunchRequest DecideLaunch(const QString& path, const ButtonFields& fields, const LaunchContext& context) {
+    if (path.startsWith(u"Drive"))
+        return DriveRequest(path, context.AppPath);
+    const QString kind = ButtonKind(path);
+    if (kind == u"PND")
+        return RecordRequest(fields, context.AppPath);
+    if (kind == u"URL" && context.Browser != u"default")
+        return DecideBrowser(fields.Url, context.Browser);
+    return {LaunchRequest::Action::OpenTarget, path, {}, {}, ShowCommand::Normal};
+}
+
+LaunchRequest DecideBrowser(const QString& url, const QString& browser) {
+    if (browser == u"default")
+        return {LaunchRequest::Action::OpenTarget, url, {}, {}, ShowCommand::Normal};
+    return {LaunchRequest::Action::OpenBrowser, browser, url, {}, ShowCommand::Normal};
+}
+
+bool LaunchesOn(MouseButton button) {
+    return button != MouseButton::Middle;
+}
+
+AfterLaunch DecideAfterLaunch(MouseButton button, int shiftMask, bool hideAfterLaunch) {
+    if (shiftMask == kShiftKey)
+        return AfterLaunch::EndProgram;
+    const bool hides = button == MouseButton::Left ? hideAfterLaunch : !hideAfterLaunch;
+    return hides ? AfterLaunch::Hide : AfterLaunch::Stay;
+}
+
+QString DriveText(const ButtonEntry& button, const QString& appPath) {
+    const QString text = button.Spare.mid(kDriveWord.size());
+    return text == u"9:" ? QString(appPath.left(1) + u':') : text;
+}
+
+QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath) {
+    if (!button.Spare.isEmpty())
+        return DriveText(button, appPath);
+    const QString fileName = button.Path.sliced(button.Path.lastIndexOf(u'\\') + 1);
+    const QString name = WithoutLnk(StripOrderPrefix(fileName));
+    if (ButtonKind(button.Path) != u"PND")
+        return name;
+    return ReadIni(kSection, QStringLiteral("Description"), hostPath, name);
+}
+
+} // namespace paneda

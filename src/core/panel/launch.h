@@ -1,0 +1,84 @@
+#pragma once
+
+#include "core/settings/app_state.h"
+
+#include <QString>
+
+namespace paneda {
+
+// How the window of a started program is to appear. The numbers are those of the Windows show commands.
+enum class ShowCommand { Normal = 1, Minimized = 2, Maximized = 3 };
+
+// What is to be started. Texts are in the stored form or web addresses, as the records hold them.
+struct LaunchRequest {
+    enum class Action {
+        Nothing,
+        OpenDrive,   // the drive `Target` ("E") in the file manager
+        OpenTarget,  // `Target` by its kind: a program, a document, a folder, an address
+        OpenBrowser, // the program `Target` with the address `Parameter`
+    };
+
+    Action What = Action::Nothing;
+    QString Target;
+    QString Parameter; // command line; empty for none
+    QString StartIn;   // working folder; empty for none
+    ShowCommand Show = ShowCommand::Normal;
+
+    friend bool operator==(const LaunchRequest&, const LaunchRequest&) = default;
+};
+
+// The fields of a button's file that a launch reads. Those that the file lacks are empty.
+struct ButtonFields {
+    QString Target;
+    QString Parameter;
+    QString StartIn;
+    QString WindowState;
+    QString Url; // of an Internet shortcut
+};
+
+enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
+
+// Modifier keys that are down, as a mask.
+enum ShiftMask { kShiftKey = 1, kCtrlKey = 2, kAltKey = 4 };
+
+enum class AfterLaunch { Stay, Hide, EndProgram };
+
+// What the panel's settings add to a decision.
+struct LaunchContext {
+    QString AppPath; // stored form
+    QString Browser; // "default" or a program
+};
+
+// The folder of a target: everything up to and with its last separator, which is "/" in a host path.
+QString FolderOfTarget(const QString& target);
+
+// By the word of a record: "Minimized", "Maximized"; normal for anything else.
+ShowCommand ShowCommandOf(const QString& windowState);
+
+// The button's kind by the first three characters of its extension, in capitals.
+QString ButtonKind(const QString& path);
+
+// Reads the fields that the kind of the button's file asks for. `hostPath` is the host's path of that file.
+ButtonFields ReadButtonFields(const QString& hostPath);
+
+// What a press on the button with this path (stored form, or "Drive X") starts.
+LaunchRequest DecideLaunch(const QString& path, const ButtonFields& fields, const LaunchContext& context);
+
+// How a web address is opened.
+LaunchRequest DecideBrowser(const QString& url, const QString& browser);
+
+// Whether a press with this mouse button launches at all.
+bool LaunchesOn(MouseButton button);
+
+// What the panel does after a launch. Shift alone ends the program; the right button does the opposite of the
+// setting.
+AfterLaunch DecideAfterLaunch(MouseButton button, int shiftMask, bool hideAfterLaunch);
+
+// What a drive button stands for: "C:", the program's own drive for the one named 9.
+QString DriveText(const ButtonEntry& button, const QString& appPath);
+
+// Tool tip of a button: the description of a record, else its file name without prefix and style tag; of a
+// drive button, its drive.
+QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath);
+
+} // namespace paneda

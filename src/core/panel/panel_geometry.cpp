@@ -1,0 +1,174 @@
+#include "core/panel/panel_geometry.h"
+
+#include "core/store/style_code.h"
+#include "core/text/text_rules.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace paneda {
+
+namespace {
+
+constexpr int kScreenReserve = 300;      // kept free of the screen's height
+constexpr int kMinHeightWithTree = 1800; // without bars
+constexpr int kHeaderGap = 60;
+constexpr int kUpperLaneOffset = -15;
+constexpr int kLowerLaneOffset = 255;
+constexpr double kNarrowest = 0.5; // units
+
+// Widths that the screen cannot show are held to what it can; what is not a number counts as the narrowest.
+double HeldButtonsPerRow(const LayoutInput& input) {
+    const int room = input.Screen.Width - input.Metrics.Margins.Left - input.Metrics.Margins.Right - kUnitGap;
+    const double widest = std::max(std::floor(double(room) / kUnitStep), 1.0);
+    return input.ButtonsPerRow >= kNarrowest ? std::min(input.ButtonsPerRow, widest) : kNarrowest;
+}
+
+int CountRows(const GroupEntry& group, double buttonsPerRow) {
+    RowPacker packer(buttonsPerRow);
+    int rows = 1;
+    for (const ButtonEntry& button : group.Buttons) {
+        const double units = ButtonWidthUnits(button.Style, buttonsPerRow);
+        if (packer.Add(units, ButtonHeight(button.Style) == kHalfUnit).NewRow)
+            ++rows;
+    }
+    return rows;
+}
+
+int HeightOf(const CategoryEntry& category, double buttonsPerRow, const PanelMetrics& metrics) {
+    int height = metrics.Margins.Top + metrics.Margins.Bottom;
+    height += int(category.Groups.size()) * (metrics.GroupHeaderHeight + kHeaderGap);
+    for (const GroupEntry& group : category.Groups)
+        height += CountRows(group, buttonsPerRow) * kUnitStep;
+    return height;
+}
+
+int PanelHeightOf(const CatalogueList& catalogue, const LayoutInput& input, double buttonsPerRow) {
+    int height = input.Metrics.Margins.Top + input.Metrics.Margins.Bottom;
+    bool hasTree = false;
+    for (const CategoryEntry& category : catalogue) {
+        height = std::max(height, HeightOf(category, buttonsPerRow, input.Metrics));
+        hasTree = hasTree || category.IsTree();
+    }
+    if (hasTree)
+        height = std::max(height, kMinHeightWithTree);
+    height += input.Metrics.CategoryBarHeight * int(catalogue.size());
+    return std::min(height, input.Screen.Height - kScreenReserve);
+}
+
+// One pixel to the left for a width with a half that starts on a whole unit, one to the right for a start on
+// a half, so that two half-width buttons in one unit keep a gap between them.
+int HalfUnitAdjust(double units, double place) {
+    const auto hasFraction = [](double value) { return value != std::floor(value); };
+    if (hasFraction(units) && !hasFraction(place))
+        return -kTwipsPerPixel;
+    return hasFraction(place) ? kTwipsPerPixel : 0;
+}
+
+int LaneOffset(bool halfHeight, bool lower) {
+    if (!halfHeight)
+        return 0;
+    return lower ? kLowerLaneOffset : kUpperLaneOffset;
+}
+
+// Places the buttons from `y` on and returns where the next group begins.
+int PlaceButtons(const GroupEntry& group, const PanelGeometry& geometry, int y, GroupGeometry& placed) {
+    RowPacker packer(geometry.ButtonsPerRow);
+    for (const ButtonEntry& button : group.Buttons) {
+        const double units = ButtonWidthUnits(button.Style, geometry.ButtonsPerRow);
+        const int height = ButtonHeight(button.Style);
+        const bool half = height == kHalfUnit;
+        const RowPacker::Place place = packer.Add(units, half);
+        if (place.NewRow)
+            y += kUnitStep;
+        const double left = geometry.Metrics.Margins.Left + RoundHalfEven(place.Unit + 0.9) * kUnitGap +
+                            place.Unit * kUnit + HalfUnitAdjust(units, place.Unit);
+        const TwipsRect rect{RoundHalfEven(left), y + LaneOffset(half, place.Lower),
+                             ButtonWidthTwips(button.Style, geometry.ButtonsPerRow), height};
+        placed.Buttons.push_back({button.ControlIndex, rect});
+    }
+    return group.Buttons.empty() ? y : y + kUnitStep;
+}
+
+void PlaceGroups(const CategoryEntry& category, const PanelGeometry& geometry, CategoryGeometry& placed) {
+    const PanelMetrics& metrics = geometry.Metrics;
+    int y = metrics.Margins.Top;
+    for (const GroupEntry& group : category.Groups) {
+        GroupGeometry& target = placed.Groups.emplace_back();
+        target.ControlIndex = group.ControlIndex;
+        target.Header = {metrics.Margins.Left, y, geometry.InnerWidth(), metrics.GroupHeaderHeight};
+        y = PlaceButtons(group, geometry, y + metrics.GroupHeaderHeight + kHeaderGap, target);
+    }
+}
+
+void PlaceWindowInside(const LayoutInput& input, PanelGeometry& geometry) {
+    geometry.PanelTop = input.SavedTop + geometry.PanelHeight > input.Screen.WorkAreaBottom
+                            ? input.Screen.WorkAreaBottom - geometry.PanelHeight
+                            : input.SavedTop;
+    geometry.PanelLeft = input.SavedLeft + geometry.PanelWidth > input.Screen.Width
+                             ? input.Screen.Width - geometry.PanelWidth
+                             : input.SavedLeft;
+}
+
+} // namespace
+
+RowPacker::Place RowPacker::Add(double units, bool halfHeight) {
+    Place place;
+    if (halfHeight) {
+        place.Lower = lower_ < upper_;
+        double& lane = place.Lower ? lower_ : upper_;
+        place.Unit = lane;
+        lane += units;
+    } else {
+        place.Unit = std::max(upper_, lower_);
+        upper_ = lower_ = place.Unit + units;
+    }
+    if (upper_ > buttonsPerRow_ || lower_ > buttonsPerRow_) {
+        upper_ = units;
+        lower_ = halfHeight ? 0 : units;
+        place = {0, false, true};
+    }
+    return place;
+}
+
+PanelGeometry LayoutPanel(const CatalogueList& catalogue, const LayoutInput& input) {
+    PanelGeometry geometry;
+    geometry.ButtonsPerRow = HeldButtonsPerRow(input);
+    geometry.Metrics = input.Metrics;
+    const FrameMargins& margins = input.Metrics.Margins;
+    const int barHeight = input.Metrics.CategoryBarHeight;
+    geometry.PanelHeight = PanelHeightOf(catalogue, input, geometry.ButtonsPerRow);
+    geometry.PanelWidth =
+        margins.Left + margins.Right + RoundHalfEven(geometry.ButtonsPerRow * kUnitStep) + kUnitGap;
+    PlaceWindowInside(input, geometry);
+    geometry.BarsTop = geometry.PanelHeight - margins.Bottom - barHeight * int(catalogue.size());
+    geometry.GroupsAreaHeight = geometry.BarsTop - margins.Top;
+    for (const CategoryEntry& category : catalogue) {
+        const int barTop = geometry.BarsTop + barHeight * int(geometry.Categories.size());
+        CategoryGeometry& placed = geometry.Categories.emplace_back();
+        placed.Bar = {margins.Left, barTop, geometry.InnerWidth(), barHeight};
+        PlaceGroups(category, geometry, placed);
+    }
+    return geometry;
+}
+
+OpenedCategory OpenCategory(const PanelGeometry& geometry, int index) {
+    OpenedCategory opened;
+    opened.Index = std::min(index, int(geometry.Categories.size()) - 1);
+    if (opened.Index < 0)
+        return opened;
+    const std::vector<GroupGeometry>& groups = geometry.Categories[std::size_t(opened.Index)].Groups;
+    const int top = geometry.Metrics.Margins.Top;
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        if (groups[i].Header.Top - top + geometry.Metrics.CategoryBarHeight < geometry.GroupsAreaHeight)
+            opened.Headers.push_back(int(i));
+        for (std::size_t k = 0; k < groups[i].Buttons.size(); ++k) {
+            if (groups[i].Buttons[k].Rect.Bottom() < top + geometry.GroupsAreaHeight)
+                opened.Buttons.emplace_back(int(i), int(k));
+        }
+    }
+    return opened;
+}
+
+} // namespace paneda

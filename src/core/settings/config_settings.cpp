@@ -1,0 +1,105 @@
+#include "core/settings/config_settings.h"
+
+#include "core/store/store_layout.h"
+#include "core/text/twips.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+
+namespace paneda {
+
+namespace {
+
+constexpr double kFeedHeight = 70; // pixels
+// Places beyond this come from a damaged record; the panel is then brought back into view.
+constexpr double kMaxTwips = 10'000'000;
+
+ConfigArray DefaultDriveTable() {
+    ConfigArray values(27, ConfigValue(qint16(0)));
+    values[3] = qint16(1); // C
+    return values;
+}
+
+void WriteFirstRecords(ConfigFile& file) {
+    file.Write(kRecordDriveTable, DefaultDriveTable());
+    file.Write(kRecordPanelPlace, {0.0, 0.0});
+    file.Write(kRecordAutostart, {qint16(0)});
+}
+
+void ReadDriveTable(const ConfigFile& file, AppState& state) {
+    const ConfigArray values = file.Read(kRecordDriveTable).value_or(DefaultDriveTable());
+    state.DriveTable.fill(false);
+    for (std::size_t i = 1; i < state.DriveTable.size() && i < values.size(); ++i) {
+        const auto* flag = std::get_if<qint16>(&values[i]);
+        state.DriveTable[i] = flag && *flag == 1;
+    }
+}
+
+int PlaceOf(const ConfigArray& values, std::size_t index) {
+    const auto* twips = index < values.size() ? std::get_if<double>(&values[index]) : nullptr;
+    return twips && std::isfinite(*twips) ? int(std::clamp(*twips, -kMaxTwips, kMaxTwips)) : 0;
+}
+
+void ReadFirstRecords(const ConfigFile& file, AppState& state) {
+    ReadDriveTable(file, state);
+    const ConfigArray place = file.Read(kRecordPanelPlace).value_or(ConfigArray());
+    state.PanelTop = PlaceOf(place, 0);
+    state.PanelLeft = PlaceOf(place, 1);
+    const ConfigArray autostart = file.Read(kRecordAutostart).value_or(ConfigArray());
+    const auto* flag = autostart.empty() ? nullptr : std::get_if<qint16>(&autostart.front());
+    state.Autostart = flag && *flag == 1;
+}
+
+double FiniteOr(double value, double fallback) {
+    return std::isfinite(value) ? value : fallback;
+}
+
+} // namespace
+
+void ReadConfigRecords(ConfigFile& file, AppState& state) {
+    if (file.Bytes().isEmpty())
+        WriteFirstRecords(file);
+    ReadFirstRecords(file, state);
+    state.ButtonsPerRow = FiniteOr(GetConfigRecord(file, kRecordButtonsPerRow, 5.0), 5.0);
+    state.SkinName = GetConfigRecord(file, kRecordSkinName, QStringLiteral("Paneda Black Glass"));
+    state.HideAfterLaunch = GetConfigRecord(file, kRecordHideAfterLaunch, false);
+    state.MouseTriggerEnabled = GetConfigRecord(file, kRecordMouseTriggerEnabled, false);
+    state.HotkeyEnabled = GetConfigRecord(file, kRecordHotkeyEnabled, false);
+    state.HotkeyCtrl = GetConfigRecord(file, kRecordHotkeyCtrl, false);
+    state.HotkeyAlt = GetConfigRecord(file, kRecordHotkeyAlt, false);
+    state.HotkeyShift = GetConfigRecord(file, kRecordHotkeyShift, false);
+    state.HotkeyWin = GetConfigRecord(file, kRecordHotkeyWin, false);
+    state.HotkeyKey = GetConfigRecord(file, kRecordHotkeyKey, qint16(0));
+    state.UserName = GetConfigRecord(file, kRecordUserName, QStringLiteral("Master"));
+    state.MouseTriggerMode = GetConfigRecord(file, kRecordMouseTriggerMode, qint16(2));
+    state.ShowFeed = GetConfigRecord(file, kRecordShowFeed, true);
+    const double feedHeight = FiniteOr(GetConfigRecord(file, kRecordFeedHeight, kFeedHeight), kFeedHeight);
+    state.FeedHeight = state.ShowFeed ? PixelsToTwips(int(std::clamp(feedHeight, 0.0, 10'000.0))) : 0;
+    state.UserId = GetConfigRecord(file, kRecordUserId, QStringLiteral("default"));
+}
+
+std::vector<FileError> LoadConfig(AppState& state) {
+    const QString path = ConfigFilePath(state.AppFolder);
+    auto file = ConfigFile::Load(path);
+    if (!file) {
+        ConfigFile defaults;
+        ReadConfigRecords(defaults, state);
+        return {file.error()};
+    }
+    ReadConfigRecords(*file, state);
+    const FileResult saved = file->Save(path);
+    return saved ? std::vector<FileError>() : std::vector<FileError>{saved.error()};
+}
+
+FileResult SavePanelPlace(const AppState& state) {
+    const QString path = ConfigFilePath(state.AppFolder);
+    auto file = ConfigFile::Load(path);
+    if (!file)
+        return tl::make_unexpected(file.error());
+    file->Write(kRecordPanelPlace, {double(state.PanelTop), double(state.PanelLeft)});
+    return file->Save(path);
+}
+
+} // namespace paneda

@@ -1,0 +1,62 @@
+#include "core/settings/startup.h"
+
+#include "core/files/ini_file.h"
+#include "core/settings/config_settings.h"
+#include "core/settings/settings.h"
+#include "core/store/catalogue_loader.h"
+#include "core/store/store_layout.h"
+
+#include <QFile>
+
+#include <iterator>
+#include <utility>
+
+namespace paneda {
+
+namespace {
+
+void TakeCache(AppState& state, PanelLoad& load) {
+    if (state.IgnoreCache)
+        return;
+    auto cache = LoadCache(CacheFilePath(state.AppFolder), state.ProductVersion, state.AppPath);
+    load.CacheValid = cache.has_value();
+    if (cache)
+        load.Cache = std::move(*cache);
+}
+
+} // namespace
+
+PanelLoad LoadPanelState(AppState& state) {
+    PanelLoad load;
+    load.Failures = CreateMissingStore(state.AppFolder);
+    std::vector<FileError> configFailures = LoadConfig(state);
+    std::move(configFailures.begin(), configFailures.end(), std::back_inserter(load.Failures));
+    TakeCache(state, load);
+    const QString skins = FindEntry(state.AppFolder, QStringLiteral("skin"));
+    state.SkinPath = FindEntry(skins, state.SkinName) + u'/';
+    ReadSettings(ReadIniFile(SettingIniFile(state.AppFolder)), state);
+    state.Catalogue =
+        load.CacheValid ? std::exchange(load.Cache.Catalogue, {}) : LoadCatalogue(ScanOptionsOf(state));
+    state.TreeCategoryCount = CountTreeCategories(state.Catalogue);
+    return load;
+}
+
+void WriteCache(const AppState& state, CacheRecord sizes) {
+    const QString path = CacheFilePath(state.AppFolder);
+    // Ignored: a file that stays is replaced by the write below or, failing that, is as old as this start
+    // found it.
+    QFile::remove(path);
+    sizes.ProductVersion = state.ProductVersion;
+    sizes.Catalogue = state.Catalogue;
+    sizes.HasDriveButtons = HasDriveButtons(state.Catalogue);
+    // Ignored, as told in the header.
+    (void)SaveCache(path, sizes);
+}
+
+FileResult SaveAtExit(const AppState& state) {
+    FileResult place = SavePanelPlace(state);
+    SaveSettingsAtExit(state);
+    return place;
+}
+
+} // namespace paneda

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/files/file_io.h"
+#include "core/settings/app_state.h"
+#include "core/store/catalogue_cache.h"
+
+#include <vector>
+
+namespace paneda {
+
+// What a load of the panel found, besides what it put into the state.
+struct PanelLoad {
+    // The catalogue and the sizes of the skin's pictures come from the cache, and no folder of the store was
+    // read.
+    bool CacheValid = false;
+    CacheRecord Cache; // of a valid cache
+    // What could not be made or written, for one notice to the user. The load goes on without it.
+    std::vector<FileError> Failures;
+};
+
+// Reads everything that the panel is made from into the state: makes a missing store, reads `config` and lets
+// it grow, takes the catalogue from the cache or scans the store, reads setting.ini. state.AppPath,
+// AppFolder, Drives and ProductVersion have to be set.
+PanelLoad LoadPanelState(AppState& state);
+
+// Drops the cache file and writes it anew. Where no cache can be written every start scans; that is no reason
+// for a notice.
+void WriteCache(const AppState& state, CacheRecord sizes);
+
+// Saves what outlives the program: the panel's place, the selection, opacities and the like. Only the panel's
+// place has a failure to tell.
+FileResult SaveAtExit(const AppState& state);
+
+} // namespace paneda

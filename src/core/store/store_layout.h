@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/files/file_io.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace paneda {
+
+// Where the store's files lie below the program's folder (a host path). Fixed names are found in any case of
+// letters.
+QString SettingFolder(const QString& appFolder);
+QString SettingIniFile(const QString& appFolder);
+QString ConfigFilePath(const QString& appFolder);
+QString CacheFolder(const QString& appFolder);
+QString CacheFilePath(const QString& appFolder);
+
+// Host path of a category's folder and of its Properties.ini.
+QString CategoryFolder(const QString& appFolder, const QString& categoryName);
+QString CategoryIniFile(const QString& appFolder, const QString& categoryName);
+
+// The stored path that the program forms for an entry below its folder, by plain concatenation.
+QString StoredPath(const QString& appPath, const QString& relative);
+
+// Makes the store where `Setting` is missing, in a fixed order, and `Cache` where it is missing. `Setting2`
+// is made along with `Setting` alone. Nothing happens for an empty folder. What failed comes back; a failure
+// to make the first folder ends the creation.
+std::vector<FileError> CreateMissingStore(const QString& appFolder);
+
+} // namespace paneda
