@@ -1,9 +1,9 @@
 // How long it takes to read and to write a note, against two floors: cutting the note into tokens, and giving
 // its bare text to a document. Prints a table; judges nothing.
 
-#include "notes/rtf/rtf_reader.h"
-#include "notes/rtf/rtf_tokens.h"
-#include "notes/rtf/rtf_writer.h"
+#include "notes/rtf/read/reader.h"
+#include "notes/rtf/read/tokens.h"
+#include "notes/rtf/write/writer.h"
 
 #include <QGuiApplication>
 #include <QTextDocument>

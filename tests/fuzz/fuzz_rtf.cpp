@@ -2,8 +2,8 @@
 // environment, what is read the second time has to be the same text: for runs by hand, since a search that
 // begins anywhere may come upon a note of a new kind at any time.
 
-#include "notes/rtf/rtf_reader.h"
-#include "notes/rtf/rtf_writer.h"
+#include "notes/rtf/read/reader.h"
+#include "notes/rtf/write/writer.h"
 
 #include <QGuiApplication>
 #include <QTextDocument>

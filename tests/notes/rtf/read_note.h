@@ -1,6 +1,6 @@
 #pragma once
 
-#include "notes/rtf/rtf_reader.h"
+#include "notes/rtf/read/reader.h"
 
 #include <QTextBlock>
 #include <QTextDocument>

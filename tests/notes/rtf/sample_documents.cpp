@@ -1,6 +1,6 @@
 #include "sample_documents.h"
 
-#include "notes/rtf/rtf_properties.h"
+#include "notes/rtf/properties.h"
 
 #include <QBuffer>
 #include <QImage>

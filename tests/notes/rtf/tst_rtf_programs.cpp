@@ -1,4 +1,4 @@
-#include "notes/rtf/rtf_properties.h"
+#include "notes/rtf/properties.h"
 #include "read_note.h"
 
 #include <QFile>

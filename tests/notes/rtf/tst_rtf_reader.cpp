@@ -1,8 +1,8 @@
-#include "notes/rtf/rtf_links.h"
-#include "notes/rtf/rtf_object_view.h"
-#include "notes/rtf/rtf_picture_view.h"
-#include "notes/rtf/rtf_properties.h"
-#include "notes/rtf/rtf_writer.h"
+#include "notes/rtf/properties.h"
+#include "notes/rtf/read/links.h"
+#include "notes/rtf/view/object_view.h"
+#include "notes/rtf/view/picture_view.h"
+#include "notes/rtf/write/writer.h"
 #include "read_note.h"
 
 #include <QImage>

@@ -1,5 +1,5 @@
-#include "notes/rtf/rtf_properties.h"
-#include "notes/rtf/rtf_writer.h"
+#include "notes/rtf/properties.h"
+#include "notes/rtf/write/writer.h"
 #include "sample_documents.h"
 
 #include <QDir>

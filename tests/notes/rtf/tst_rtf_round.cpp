@@ -1,5 +1,5 @@
-#include "notes/rtf/rtf_reader.h"
-#include "notes/rtf/rtf_writer.h"
+#include "notes/rtf/read/reader.h"
+#include "notes/rtf/write/writer.h"
 #include "sample_documents.h"
 #include "support/rtf_check.h"
 

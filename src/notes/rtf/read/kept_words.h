@@ -1,0 +1,16 @@
+#pragma once
+
+#include "notes/rtf/read/tokens.h"
+
+#include <QByteArray>
+
+namespace paneda {
+
+// A token's word as it is written, with backslash and number.
+QByteArray SourceOfWord(const RtfToken& token);
+
+// Puts a word at the end of a list of words ("\outl\kerning10"). A word of that name that stands there is
+// replaced; a toggle that is turned off only goes.
+void KeepWord(QByteArray& words, const RtfToken& token, bool isToggle);
+
+} // namespace paneda

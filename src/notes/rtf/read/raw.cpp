@@ -1,0 +1,144 @@
+#include "notes/rtf/read/raw.h"
+
+#include "notes/rtf/read/code_pages.h"
+#include "notes/rtf/read/tokens.h"
+
+#include <algorithm>
+
+namespace paneda {
+
+namespace {
+
+void AppendSevenBit(QByteArray& kept, QByteArrayView bytes) {
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x80)
+            kept.append(c);
+        else
+            kept.append("\\'").append(QByteArray::number(byte, 16));
+    }
+}
+
+// A backslash that would escape what is put behind it: in front of a byte that comes to be an escape itself,
+// or at the end, where braces follow.
+bool IsOddSign(const RtfToken& token) {
+    return token.Kind == RtfToken::Type::Word &&
+           (token.Text.isEmpty() ||
+            (token.Text.size() == 1 && static_cast<unsigned char>(token.Text[0]) >= 0x80));
+}
+
+// Text of a token stream; \u skips its fallback, destinations that no reader shows are left out.
+class PlainText {
+public:
+    PlainText(QByteArrayView source, int codePage, qsizetype limit)
+        : tokens_(source), codePage_(codePage), limit_(limit) {}
+
+    QString Read() {
+        for (RtfToken token = tokens_.Next(); token.Kind != RtfToken::Type::End; token = tokens_.Next()) {
+            Take(token);
+            if (text_.size() + bytes_.size() > limit_)
+                break;
+        }
+        Decode();
+        return text_.first(std::min(text_.size(), limit_));
+    }
+
+private:
+    void Take(const RtfToken& token) {
+        if (token.Kind == RtfToken::Type::Text)
+            bytes_.append(token.Text.sliced(Skip(token.Text.size())));
+        else if (token.Kind == RtfToken::Type::Byte && Skip(1) == 0)
+            bytes_.append(char(token.Number));
+        else if (token.Kind == RtfToken::Type::Word)
+            TakeWord(token);
+    }
+
+    void TakeWord(const RtfToken& token) {
+        if (token.Text == "uc") {
+            fallbacks_ = std::clamp(token.Number, 0, 255);
+        } else if (token.Text == "u") {
+            Decode();
+            text_.append(QChar(char16_t(token.Number)));
+            skip_ = fallbacks_;
+        } else if (token.Text == "par" || token.Text == "line" || token.Text == "tab" ||
+                   token.Text == "cell") {
+            bytes_.append(' ');
+        }
+    }
+
+    // How many of `size` characters are a fallback that \u has made superfluous.
+    qsizetype Skip(qsizetype size) {
+        const qsizetype skipped = std::min<qsizetype>(size, skip_);
+        skip_ -= int(skipped);
+        return skipped;
+    }
+
+    void Decode() {
+        text_ += DecodeCodePage(bytes_, codePage_).value_or(QString::fromLatin1(bytes_));
+        bytes_.clear();
+    }
+
+    RtfTokenizer tokens_;
+    int codePage_;
+    qsizetype limit_;
+    int fallbacks_ = 1;
+    int skip_ = 0;
+    QByteArray bytes_;
+    QString text_;
+};
+
+} // namespace
+
+QByteArray KeptRtf(QByteArrayView source) {
+    QByteArray kept;
+    kept.reserve(source.size());
+    qsizetype depth = 0;
+    qsizetype copied = 0;
+    RtfTokenizer tokens(source);
+    for (RtfToken token = tokens.Next(); token.Kind != RtfToken::Type::End; token = tokens.Next()) {
+        if (token.Kind == RtfToken::Type::Open)
+            ++depth;
+        if (token.Kind == RtfToken::Type::Close && --depth < 0) {
+            // A closing brace too many would end the note where this is written.
+            AppendSevenBit(kept, source.sliced(copied, token.Begin - copied));
+            copied = token.End;
+            depth = 0;
+        }
+        const bool isBinary = token.Kind == RtfToken::Type::Binary;
+        if (isBinary || IsOddSign(token)) {
+            AppendSevenBit(kept, source.sliced(copied, token.Begin - copied));
+            copied = token.End;
+        }
+        if (isBinary)
+            kept.append(' ').append(token.Text.toByteArray().toHex());
+    }
+    AppendSevenBit(kept, source.sliced(copied));
+    if (depth > 0)
+        kept.append(depth, '}');
+    return kept;
+}
+
+QString PlainTextOfRtf(QByteArrayView source, int codePage, qsizetype limit) {
+    return PlainText(source, codePage, limit).Read();
+}
+
+QByteArray RtfOfText(QStringView text) {
+    QByteArray rtf;
+    rtf.reserve(text.size());
+    for (const QChar c : text) {
+        const char16_t unit = c.unicode();
+        if (unit == u'\\' || unit == u'{' || unit == u'}')
+            rtf.append('\\').append(char(unit));
+        else if (unit == u'\t')
+            rtf.append("\\tab ");
+        else if (unit == QChar::LineSeparator)
+            rtf.append("\\line ");
+        else if (unit >= 0x20 && unit < 0x7F)
+            rtf.append(char(unit));
+        else
+            rtf.append("\\u").append(QByteArray::number(qint16(unit))).append('?');
+    }
+    return rtf;
+}
+
+} // namespace paneda

@@ -1,0 +1,32 @@
+#include "notes/rtf/read/reader.h"
+
+#include "notes/rtf/read/document_build.h"
+#include "notes/rtf/read/parser.h"
+#include "notes/rtf/view/picture_view.h"
+
+namespace paneda {
+
+namespace {
+
+// Blanks and a byte order mark in front do no harm.
+qsizetype BeginOfRtf(const QByteArray& bytes) {
+    qsizetype at = bytes.startsWith("\xEF\xBB\xBF") ? 3 : 0;
+    while (at < bytes.size() && QByteArrayView(" \t\r\n").contains(bytes[at]))
+        ++at;
+    return at;
+}
+
+} // namespace
+
+RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document) {
+    const QByteArrayView note = QByteArrayView(bytes).sliced(BeginOfRtf(bytes));
+    if (!note.startsWith("{\\rtf"))
+        return {QStringLiteral("This is not a rich text note."), {}};
+    RtfContent content;
+    RtfParser(note, content).Run();
+    BuildDocument(content, document);
+    ShowRtfPictures(document);
+    return {{}, content.Losses};
+}
+
+} // namespace paneda
