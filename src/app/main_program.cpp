@@ -40,27 +40,30 @@ void FillAppState(AppState& state, const QString& executableFolder, Volumes& vol
 
 MainProgram::MainProgram(Platform platform, const QString& executablePath)
     : platform_(std::move(platform)), executablePath_(executablePath) {
-    FillAppState(state_, QFileInfo(executablePath).absolutePath(), *platform_.Drives);
+    FillAppState(state_, QFileInfo(executablePath).absolutePath(), *platform_.Volumes);
     prompts_ = std::make_unique<QtPrompts>(state_.ProductName);
-    SettingServices settings{*prompts_,
-                             *platform_.Session,
-                             *platform_.Keys,
-                             executablePath_,
-                             [this] { ReloadPanel(); },
-                             [this] { return Scene(); },
-                             {}};
-    dialogs_ = std::make_unique<PanelDialogs>(
-        state_, DialogServices{settings, *platform_.Sounds, *platform_.Launcher, [this] {
-                                   state_.Exiting = true;
-                                   panel_->close();
-                               }});
+    SettingServices settings{.Prompts = *prompts_,
+                             .Autostart = *platform_.Autostart,
+                             .Hotkey = *platform_.Hotkey,
+                             .ExecutablePath = executablePath_,
+                             .ReloadPanel = [this] { ReloadPanel(); },
+                             .Scene = [this] { return Scene(); },
+                             .TrayIcons = {}};
+    const auto close = [this] {
+        state_.Exiting = true;
+        panel_->close();
+    };
+    dialogs_ = std::make_unique<PanelDialogs>(state_, DialogServices{.Settings = settings,
+                                                                     .SoundPlayer = *platform_.SoundPlayer,
+                                                                     .Opener = *platform_.Opener,
+                                                                     .Close = close});
 }
 
 MainProgram::~MainProgram() = default;
 
 int MainProgram::Run() {
     state_.ColourDepth = CurrentColourDepth();
-    if (!platform_.Instance->TryLock(executablePath_)) {
+    if (!platform_.InstanceLock->TryLock(executablePath_)) {
         prompts_->Notice(state_.ProductName + QStringLiteral(" has been launched"), {});
         return 0;
     }
@@ -70,15 +73,15 @@ int MainProgram::Run() {
     // Pictures of the windows' icon are read when the panel is on the screen.
     QTimer::singleShot(0, this, &SetApplicationIcon);
     const int status = QApplication::exec();
-    platform_.Keys->Unregister();
+    platform_.Hotkey->Unregister();
     dialogs_->CloseAll();
     return status;
 }
 
 void MainProgram::ListenToOutside() {
     // Without a session bus there is nobody to ask; every other way to call the panel remains.
-    (void)platform_.Requests->Listen([this](const QString& text) { panel_->Form_LinkExecute(text); });
-    platform_.Ending->OnRequest([this] { panel_->close(); });
+    (void)platform_.OutsideRequest->Listen([this](const QString& text) { panel_->Form_LinkExecute(text); });
+    platform_.Termination->OnRequest([this] { panel_->close(); });
 }
 
 PlaceScene MainProgram::Scene() const {
@@ -86,7 +89,7 @@ PlaceScene MainProgram::Scene() const {
     const TwipsRect rect{PixelsToTwips(panel.x()), PixelsToTwips(panel.y()), PixelsToTwips(panel.width()),
                          PixelsToTwips(panel.height())};
     const ScreenPlace screen =
-        ScreenAt(*platform_.Areas, {rect.Left + rect.Width / 2, rect.Top + rect.Height / 2});
+        ScreenAt(*platform_.WorkAreas, {rect.Left + rect.Width / 2, rect.Top + rect.Height / 2});
     return {rect,
             {screen.Metrics.Width, screen.Metrics.Height},
             screen.Origin.Top + screen.Metrics.WorkAreaBottom,
@@ -104,11 +107,21 @@ void MainProgram::ReloadPanel() {
 }
 
 void MainProgram::LoadPanel() {
-    panel_ = std::make_unique<frmMain>(
-        state_, PanelServices{*platform_.Launcher, *platform_.Drives, *platform_.Icons, *platform_.Space,
-                              *platform_.Blending, *platform_.Front, *platform_.Keys, *platform_.Mouse,
-                              *platform_.Trays, *platform_.Areas, *platform_.Sounds, satellites_, *prompts_,
-                              dialogs_->Actions()});
+    const PanelServices services{.Opener = *platform_.Opener,
+                                 .Volumes = *platform_.Volumes,
+                                 .FileIcons = *platform_.FileIcons,
+                                 .DriveSpace = *platform_.DriveSpace,
+                                 .Compositor = *platform_.Compositor,
+                                 .Foreground = *platform_.Foreground,
+                                 .Hotkey = *platform_.Hotkey,
+                                 .Pointer = *platform_.Pointer,
+                                 .TrayHosts = *platform_.TrayHosts,
+                                 .WorkAreas = *platform_.WorkAreas,
+                                 .SoundPlayer = *platform_.SoundPlayer,
+                                 .Satellites = satellites_,
+                                 .Prompts = *prompts_,
+                                 .MenuActions = dialogs_->Actions()};
+    panel_ = std::make_unique<frmMain>(state_, services);
     connect(panel_.get(), &frmMain::Unloaded, qApp, &QCoreApplication::quit);
     panel_->Form_Load();
 }

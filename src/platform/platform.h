@@ -22,23 +22,24 @@
 
 namespace paneda {
 
-// All that the desktop gives, made once by the program's main function.
+// All that the desktop gives, made once by the program's main function. A service has the name of its type,
+// which therefore stands here with its namespace.
 struct Platform {
-    std::unique_ptr<Opener> Launcher;
-    std::unique_ptr<Volumes> Drives;
-    std::unique_ptr<InstanceLock> Instance;
-    std::unique_ptr<FileIcons> Icons;
-    std::unique_ptr<DriveSpace> Space;
-    std::unique_ptr<Compositor> Blending;
-    std::unique_ptr<Hotkey> Keys;
-    std::unique_ptr<Pointer> Mouse;
-    std::unique_ptr<Foreground> Front;
-    std::unique_ptr<TrayHosts> Trays;
-    std::unique_ptr<WorkAreas> Areas;
-    std::unique_ptr<OutsideRequest> Requests;
-    std::unique_ptr<Autostart> Session;
-    std::unique_ptr<SoundPlayer> Sounds;
-    std::unique_ptr<Termination> Ending;
+    std::unique_ptr<paneda::Opener> Opener;
+    std::unique_ptr<paneda::Volumes> Volumes;
+    std::unique_ptr<paneda::InstanceLock> InstanceLock;
+    std::unique_ptr<paneda::FileIcons> FileIcons;
+    std::unique_ptr<paneda::DriveSpace> DriveSpace;
+    std::unique_ptr<paneda::Compositor> Compositor;
+    std::unique_ptr<paneda::Hotkey> Hotkey;
+    std::unique_ptr<paneda::Pointer> Pointer;
+    std::unique_ptr<paneda::Foreground> Foreground;
+    std::unique_ptr<paneda::TrayHosts> TrayHosts;
+    std::unique_ptr<paneda::WorkAreas> WorkAreas;
+    std::unique_ptr<paneda::OutsideRequest> OutsideRequest;
+    std::unique_ptr<paneda::Autostart> Autostart;
+    std::unique_ptr<paneda::SoundPlayer> SoundPlayer;
+    std::unique_ptr<paneda::Termination> Termination;
 };
 
 // The one of the system that the program is built for.

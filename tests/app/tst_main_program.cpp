@@ -26,21 +26,21 @@ private:
 
 Platform FakePlatform(bool isFirst) {
     Platform platform;
-    platform.Launcher = std::make_unique<FakeOpener>();
-    platform.Drives = std::make_unique<FakeVolumes>();
-    platform.Instance = std::make_unique<FakeLock>(isFirst);
-    platform.Icons = std::make_unique<FakeIcons>();
-    platform.Space = std::make_unique<FakeSpace>();
-    platform.Blending = std::make_unique<FakeCompositor>();
-    platform.Keys = std::make_unique<FakeHotkey>();
-    platform.Mouse = std::make_unique<FakePointer>();
-    platform.Trays = std::make_unique<FakeTrayHosts>();
-    platform.Areas = std::make_unique<FakeWorkAreas>();
-    platform.Front = std::make_unique<FakeForeground>();
-    platform.Requests = std::make_unique<FakeRequests>();
-    platform.Session = std::make_unique<FakeAutostart>();
-    platform.Sounds = std::make_unique<FakeSounds>();
-    platform.Ending = std::make_unique<FakeTermination>();
+    platform.Opener = std::make_unique<FakeOpener>();
+    platform.Volumes = std::make_unique<FakeVolumes>();
+    platform.InstanceLock = std::make_unique<FakeLock>(isFirst);
+    platform.FileIcons = std::make_unique<FakeIcons>();
+    platform.DriveSpace = std::make_unique<FakeSpace>();
+    platform.Compositor = std::make_unique<FakeCompositor>();
+    platform.Hotkey = std::make_unique<FakeHotkey>();
+    platform.Pointer = std::make_unique<FakePointer>();
+    platform.TrayHosts = std::make_unique<FakeTrayHosts>();
+    platform.WorkAreas = std::make_unique<FakeWorkAreas>();
+    platform.Foreground = std::make_unique<FakeForeground>();
+    platform.OutsideRequest = std::make_unique<FakeRequests>();
+    platform.Autostart = std::make_unique<FakeAutostart>();
+    platform.SoundPlayer = std::make_unique<FakeSounds>();
+    platform.Termination = std::make_unique<FakeTermination>();
     return platform;
 }
 

@@ -10,26 +10,38 @@ namespace paneda::test {
 // Everything a panel asks for. Nothing could call it back unless a test says so, so that hiding minimizes it.
 class FakePanelDesktop {
 public:
-    FakeOpener Opened;
-    FakeVolumes Drives;
-    FakeIcons Icons;
-    FakeSpace Space;
-    FakeCompositor Blending;
-    FakeForeground Front;
-    FakeHotkey Keys;
-    FakePointer Mouse;
-    FakeTrayHosts Trays;
-    FakeWorkAreas Areas;
-    FakeSounds Sounds;
-    NoSatellites Followers;
-    FakePrompts Messages;
-    MenuActions Menus;
+    FakeOpener Opener;
+    FakeVolumes Volumes;
+    FakeIcons FileIcons;
+    FakeSpace DriveSpace;
+    FakeCompositor Compositor;
+    FakeForeground Foreground;
+    FakeHotkey Hotkey;
+    FakePointer Pointer;
+    FakeTrayHosts TrayHosts;
+    FakeWorkAreas WorkAreas;
+    FakeSounds SoundPlayer;
+    NoSatellites Satellites;
+    FakePrompts Prompts;
+    paneda::MenuActions MenuActions;
 
-    FakePanelDesktop() { Keys.Stands = Hotkey::Answer::Refused; }
+    FakePanelDesktop() { Hotkey.Stands = Hotkey::Answer::Refused; }
 
     PanelServices Services() {
-        return {Opened, Drives, Icons, Space,  Blending,  Front,    Keys,
-                Mouse,  Trays,  Areas, Sounds, Followers, Messages, Menus};
+        return {.Opener = Opener,
+                .Volumes = Volumes,
+                .FileIcons = FileIcons,
+                .DriveSpace = DriveSpace,
+                .Compositor = Compositor,
+                .Foreground = Foreground,
+                .Hotkey = Hotkey,
+                .Pointer = Pointer,
+                .TrayHosts = TrayHosts,
+                .WorkAreas = WorkAreas,
+                .SoundPlayer = SoundPlayer,
+                .Satellites = Satellites,
+                .Prompts = Prompts,
+                .MenuActions = MenuActions};
     }
 };
 

@@ -29,8 +29,8 @@ class LookBench {
 public:
     SkinMaker Skin;
     AppState State;
-    FakeIcons Icons;
-    FakeSpace Space;
+    FakeIcons FileIcons;
+    FakeSpace DriveSpace;
     PanelGeometry Geometry;
 
     LookBench() {
@@ -50,7 +50,7 @@ public:
         State.DriveTable[3] = true;
         QDir(Skin.AppFolder()).mkdir(QStringLiteral("Cache"));
         State.Catalogue = LoadCatalogue(ScanOptionsOf(State));
-        Space.Spaces.insert(State.Drives.RootOf(u'C'), {QStringLiteral("Disk"), 1000, 250});
+        DriveSpace.Spaces.insert(State.Drives.RootOf(u'C'), {QStringLiteral("Disk"), 1000, 250});
     }
 
     void AddButton(const QString& relative) const {
@@ -62,7 +62,7 @@ public:
     QString Picture(const QString& name) const { return Skin.AppFolder() + QStringLiteral("/Cache/") + name; }
 
     std::unique_ptr<SkinnedPanelLook> Look(const CacheRecord* cache = nullptr) {
-        auto look = std::make_unique<SkinnedPanelLook>(State, Skin.Theme(), cache, Icons, Space);
+        auto look = std::make_unique<SkinnedPanelLook>(State, Skin.Theme(), cache, FileIcons, DriveSpace);
         Geometry = LayoutPanel(State.Catalogue, {5, look->Metrics(), {20'000, 12'000, 12'000}, 0, 0});
         look->SetGeometry(Geometry);
         return look;
@@ -180,7 +180,7 @@ void tst_panel_look::picturesAreComposedOnce() {
     const QImage first = look->Picture(0);
     QCOMPARE(first.pixel(BarOf(bench.Geometry, 0)), kActive);
     QCOMPARE(first.pixel(2, 2), kFrame);
-    const qsizetype asked = bench.Icons.Targets.size();
+    const qsizetype asked = bench.FileIcons.Targets.size();
     QCOMPARE(asked, 1);
     QVERIFY2(look->PrepareNext(), "the second category has no picture yet");
     QVERIFY(!look->PrepareNext());
@@ -192,12 +192,12 @@ void tst_panel_look::picturesAreComposedOnce() {
     // A cached start asks for no icon and gives the same pictures.
     const CacheRecord sizes = bench.SizesOf(*look);
     const QImage second = look->Picture(1);
-    bench.Icons.Targets.clear();
+    bench.FileIcons.Targets.clear();
     look = bench.Look(&sizes);
     QCOMPARE(look->Picture(0), first);
     QCOMPARE(look->Picture(1), second);
     QVERIFY(!look->PrepareNext());
-    QVERIFY(bench.Icons.Targets.isEmpty());
+    QVERIFY(bench.FileIcons.Targets.isEmpty());
 }
 
 void tst_panel_look::unusablePictureIsComposedAnew_data() {
@@ -244,7 +244,7 @@ void tst_panel_look::drives() {
     const int drive = bench.State.Catalogue.front().Groups.back().Buttons.front().ControlIndex;
     QCOMPARE(look->DriveTip(drive), QStringLiteral("C:(Disk) Free 25%"));
     QVERIFY(look->DriveTip(1).isEmpty());
-    bench.Space.Spaces[bench.State.Drives.RootOf(u'C')] = {QString(), 1000, 900};
+    bench.DriveSpace.Spaces[bench.State.Drives.RootOf(u'C')] = {QString(), 1000, 900};
     look->RefreshDrives();
     QCOMPARE(look->DriveTip(drive), QStringLiteral("C: Free 90%"));
     const QImage after = look->Picture(0);
@@ -256,7 +256,7 @@ void tst_panel_look::window() {
     LookBench bench;
     bench.Skin.AddPiece("topleft", 6, 6, 0x00000000);
     FakePanelDesktop desktop;
-    const QStringList& messages = desktop.Messages.Shown;
+    const QStringList& messages = desktop.Prompts.Shown;
     AppState state = bench.State;
     FillEdition(state);
     frmMain panel(state, desktop.Services());

@@ -37,7 +37,7 @@ public:
         Store.AddFile(u"Setting/[003] Dynamic Category/Properties.ini"_s,
                       "[Properties]\nCategory=Old Tree\n");
         State = Store.State();
-        Drives.Refresh(State.Drives);
+        Volumes.Refresh(State.Drives);
         State.AppPath = State.Drives.ToStored(Store.AppFolder());
     }
 
@@ -52,7 +52,7 @@ public:
     }
     // What was told, without that there is no skin: the panel is tested in its built-in look.
     QStringList Notices() const {
-        QStringList notices = Messages.Shown;
+        QStringList notices = Prompts.Shown;
         notices.removeIf([](const QString& notice) { return notice.contains(u"built-in look"); });
         return notices;
     }
@@ -190,27 +190,27 @@ void tst_panel_window::press() {
     QSignalSpy unloaded(bench.Panel.get(), &frmMain::Unloaded);
 
     bench.Press(bench.Button(0, 0), button, Qt::KeyboardModifiers(modifiers));
-    QString outcome = QString::number(bench.Opened.Requests.size());
+    QString outcome = QString::number(bench.Opener.Requests.size());
     outcome += unloaded.isEmpty() ? bench.IsHidden() ? u" hides"_s : u" stays"_s : u" ends"_s;
     QTEST(outcome, "outcome");
     QVERIFY(unloaded.size() <= 1);
     // The release adds nothing.
     bench.Release(bench.Button(0, 0), button);
-    QVERIFY(bench.Opened.Requests.size() <= 1);
+    QVERIFY(bench.Opener.Requests.size() <= 1);
 }
 
 void tst_panel_window::requests() {
     PanelBench bench;
     bench.Store.AddFile(u"setting.ini"_s, "[Properties]\nmy computer drive paneda=1\n");
     bench.Load();
-    bench.Drives.MountPoints.append(u"/media/stick"_s);
+    bench.Volumes.MountPoints.append(u"/media/stick"_s);
     for (const QRect& button :
          {bench.Button(0, 0), bench.Button(0, 1), bench.Button(0, 2), bench.Button(1, 0), bench.Button(1, 1)})
         bench.Press(button);
-    QCOMPARE(bench.Opened.Paths.AppPath, bench.State.AppPath);
+    QCOMPARE(bench.Opener.Paths.AppPath, bench.State.AppPath);
     // A volume that has come since the start is known to the launch.
     if (QDir::rootPath() == u'/')
-        QCOMPARE(bench.Opened.Paths.Drives.RootOf(u'D'), u"/media/stick"_s);
+        QCOMPARE(bench.Opener.Paths.Drives.RootOf(u'D'), u"/media/stick"_s);
 
     // Records are read at the press, and the browser counts for shortcuts alone.
     bench.Store.AddFile(kTool, "[Properties]\nTarget=https://b\n");
@@ -221,7 +221,7 @@ void tst_panel_window::requests() {
     bench.Press(bench.Button(0, 0));
 
     QStringList requests;
-    for (const LaunchRequest& request : bench.Opened.Requests)
+    for (const LaunchRequest& request : bench.Opener.Requests)
         requests.append(Describe(request));
     const QString group = u"Setting\\[001] One\\[001] G\\"_s;
     const QStringList expected{
@@ -263,12 +263,12 @@ void tst_panel_window::bars() {
     // The button that has taken a hidden one's place is the one that is hit, and an empty place is empty.
     bench.Press(first);
     bench.Press(third);
-    QCOMPARE(bench.Opened.Requests.size(), 1U);
-    QVERIFY(bench.Opened.Requests[0].Target.endsWith(u"\\[002] Two\\[001] H\\only.txt"_s));
+    QCOMPARE(bench.Opener.Requests.size(), 1U);
+    QVERIFY(bench.Opener.Requests[0].Target.endsWith(u"\\[002] Two\\[001] H\\only.txt"_s));
 
     bench.Click(bench.Bar(2));
     bench.Press(first);
-    QCOMPARE(bench.Opened.Requests.size(), 1U);
+    QCOMPARE(bench.Opener.Requests.size(), 1U);
     bench.Panel->picCategory_Click(99);
     QCOMPARE(bench.State.SelectedCategory, 2);
 }
@@ -293,20 +293,20 @@ void tst_panel_window::trayComesAndGoes() {
     bench.Load();
     using enum TrayHosts::Kind;
     // A panel that is shown stays so.
-    bench.Trays.Become(Presses);
-    bench.Trays.Become(None);
+    bench.TrayHosts.Become(Presses);
+    bench.TrayHosts.Become(None);
     QVERIFY(!bench.IsHidden());
     bench.Panel->imgHide_Click();
     QVERIFY(bench.Panel->isMinimized() && bench.Panel->isVisible());
-    bench.Trays.Become(Menus);
+    bench.TrayHosts.Become(Menus);
     QVERIFY(!bench.Panel->isVisible());
-    bench.Trays.Become(None);
+    bench.TrayHosts.Become(None);
     QVERIFY(bench.Panel->isMinimized() && bench.Panel->isVisible());
     // With another way to call it, the panel stays out of the list of windows.
-    bench.Keys.Stands = Hotkey::Answer::Registered;
+    bench.Hotkey.Stands = Hotkey::Answer::Registered;
     bench.Panel->imgHide_Click();
-    bench.Trays.Become(Presses);
-    bench.Trays.Become(None);
+    bench.TrayHosts.Become(Presses);
+    bench.TrayHosts.Become(None);
     QVERIFY(!bench.Panel->isVisible());
 }
 
@@ -348,7 +348,7 @@ void tst_panel_window::failuresAreShownOnce() {
 
 void tst_panel_window::hiddenStartTellsOnce() {
     PanelBench bench;
-    bench.Keys.Stands = Hotkey::Answer::Registered; // so that the panel can hide altogether
+    bench.Hotkey.Stands = Hotkey::Answer::Registered; // so that the panel can hide altogether
     bench.Store.AddFolder(u"Setting"_s);
     bench.Store.AddFile(u"setting.ini"_s, "[Properties]\nhide on startup=1\n");
     bench.Store.AddFolder(u"config"_s);
@@ -432,7 +432,8 @@ void tst_panel_window::picture() {
     QCOMPARE(colour(corner(bench.Bar(1))), active);
     QCOMPARE(colour(iconButton.center()), ground);
     QCOMPARE(colour(corner(bench.Header(0))), header);
-    QCOMPARE(bench.Icons.Targets.constLast(), bench.StoredFolder(u"Setting\\[002] Two\\[001] H\\only.txt"_s));
+    QCOMPARE(bench.FileIcons.Targets.constLast(),
+             bench.StoredFolder(u"Setting\\[002] Two\\[001] H\\only.txt"_s));
 }
 
 QTEST_MAIN(tst_panel_window)

@@ -54,37 +54,38 @@ QStringList PlanText(const SettingPlan& plan) {
     return lines;
 }
 
-// A store with its first files, and the letter on it.
+// A store with its first files, and the dialog on it.
 struct Scene {
     StoreBuilder Store;
     AppState State = Store.State();
-    FakePrompts Messages;
-    FakeAutostart Session;
-    FakeHotkey Keys;
+    FakePrompts Prompts;
+    FakeAutostart Autostart;
+    FakeHotkey Hotkey;
     int Reloads = 0;
-    std::unique_ptr<frmSetting> Letter;
+    std::unique_ptr<frmSetting> Dialog;
 
     Scene() { LoadPanelState(State); }
 
     void Open() {
-        Letter = std::make_unique<frmSetting>(
-            State, SettingServices{Messages,
-                                   Session,
-                                   Keys,
-                                   kExecutable,
-                                   [this] { ++Reloads; },
-                                   [] {
-                                       return PlaceScene{{}, {12'000, 9'000}, 9'000};
-                                   },
-                                   {}});
-        Letter->Form_Load();
-        Letter->show();
-        QVERIFY(QTest::qWaitForWindowExposed(Letter.get()));
+        Dialog = std::make_unique<frmSetting>(
+            State, SettingServices{.Prompts = Prompts,
+                                   .Autostart = Autostart,
+                                   .Hotkey = Hotkey,
+                                   .ExecutablePath = kExecutable,
+                                   .ReloadPanel = [this] { ++Reloads; },
+                                   .Scene =
+                                       [] {
+                                           return PlaceScene{{}, {12'000, 9'000}, 9'000};
+                                       },
+                                   .TrayIcons = {}});
+        Dialog->Form_Load();
+        Dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(Dialog.get()));
     }
 
     template <class Control>
     Control* Get(const char* name) const {
-        auto* control = Letter->findChild<Control*>(QString::fromLatin1(name));
+        auto* control = Dialog->findChild<Control*>(QString::fromLatin1(name));
         if (!control)
             qFatal("There is no %s", name);
         return control;
@@ -116,7 +117,7 @@ private Q_SLOTS:
     void autostartOnlyWhenChanged();
     void hotkeyProblems_data();
     void hotkeyProblems();
-    void failedWriteKeepsTheLetter();
+    void failedWriteKeepsTheDialog();
     void browsers_data();
     void browsers();
     void advanceRoundTrip();
@@ -217,7 +218,7 @@ void TestSettingsDialogs::drivesFlip() {
         QCOMPARE(box->BackColour(), before ? green : QColor(Qt::white));
         scene.Press(name);
         QCOMPARE(box->BackColour(), before ? QColor(Qt::white) : green);
-        // The ground that is painted, off the letter and the border.
+        // The ground that is painted, off the paper and the border.
         QCOMPARE(box->grab().toImage().pixelColor(3, 3), box->BackColour());
     }
 }
@@ -232,9 +233,9 @@ void TestSettingsDialogs::saveWritesWhatIsShown() {
     scene.Get<QComboBox>("cboOtherKey")->setCurrentText(QStringLiteral("F11"));
     scene.Get<QLineEdit>("txtUser")->setText(QStringLiteral(" Ada "));
     scene.Press("lblSave");
-    QCOMPARE(scene.Messages.Shown, QStringList());
+    QCOMPARE(scene.Prompts.Shown, QStringList());
     QCOMPARE(scene.Reloads, 1);
-    QVERIFY(scene.Letter->isVisible());
+    QVERIFY(scene.Dialog->isVisible());
     QVERIFY(scene.Record(kRecordDriveTable).startsWith(QStringLiteral("i0,i0,i0,i1,i1,i0")));
     QCOMPARE(scene.Record(kRecordMouseTriggerMode), QStringLiteral("i1"));
     QCOMPARE(scene.Record(kRecordHotkeyWin), QStringLiteral("true"));
@@ -273,18 +274,18 @@ void TestSettingsDialogs::autostartOnlyWhenChanged() {
     Scene scene;
     scene.Open();
     scene.Press("lblSave");
-    QCOMPARE(scene.Session.Asked, QStringList());
+    QCOMPARE(scene.Autostart.Asked, QStringList());
     scene.Press("chkAutoStart");
     scene.Press("lblSave");
     scene.Press("lblSave");
     scene.Press("chkAutoStart");
     scene.Press("lblSave");
-    QCOMPARE(scene.Session.Asked,
+    QCOMPARE(scene.Autostart.Asked,
              QStringList({QStringLiteral("on ") + kExecutable, QStringLiteral("off ") + kExecutable}));
-    scene.Session.Fails = true;
+    scene.Autostart.Fails = true;
     scene.Press("chkAutoStart");
     scene.Press("lblSave");
-    QVERIFY(scene.Messages.Shown.value(0).contains(QStringLiteral("/autostart: no room")));
+    QVERIFY(scene.Prompts.Shown.value(0).contains(QStringLiteral("/autostart: no room")));
     QCOMPARE(scene.Reloads, 4);
 }
 
@@ -310,8 +311,8 @@ void TestSettingsDialogs::hotkeyProblems() {
     QFETCH(Hotkey::Answer, answer);
     QFETCH(QString, told);
     Scene scene;
-    scene.Keys.HasMeans = possible ? Hotkey::Means::Grab : Hotkey::Means::None;
-    scene.Keys.Stands = answer;
+    scene.Hotkey.HasMeans = possible ? Hotkey::Means::Grab : Hotkey::Means::None;
+    scene.Hotkey.Stands = answer;
     scene.Open();
     QCOMPARE(scene.Get<QLabel>("lblNoHotkey")->isVisible(), !possible);
     if (enabled)
@@ -319,12 +320,12 @@ void TestSettingsDialogs::hotkeyProblems() {
     scene.Press("chkCtrKey");
     scene.Get<QComboBox>("cboOtherKey")->setCurrentText(QStringLiteral("A"));
     scene.Press("lblSave");
-    QCOMPARE(scene.Messages.Shown.size(), told.isEmpty() ? 0 : 1);
-    QVERIFY2(scene.Messages.Shown.value(0).contains(told), qPrintable(scene.Messages.Shown.value(0)));
+    QCOMPARE(scene.Prompts.Shown.size(), told.isEmpty() ? 0 : 1);
+    QVERIFY2(scene.Prompts.Shown.value(0).contains(told), qPrintable(scene.Prompts.Shown.value(0)));
     QCOMPARE(scene.Record(kRecordHotkeyKey), QStringLiteral("i65"));
 }
 
-void TestSettingsDialogs::failedWriteKeepsTheLetter() {
+void TestSettingsDialogs::failedWriteKeepsTheDialog() {
     Scene scene;
     scene.Open();
     // A folder in the place of the file fails for every user, root too.
@@ -334,19 +335,19 @@ void TestSettingsDialogs::failedWriteKeepsTheLetter() {
     scene.Get<QLineEdit>("txtUser")->setText(QStringLiteral("Ada"));
     scene.Press("chkAutoStart");
     scene.Press("lblSave");
-    QCOMPARE(scene.Messages.Shown.size(), 1);
-    QVERIFY(scene.Messages.Shown.first().contains(QDir::toNativeSeparators(path) + QStringLiteral(": ")));
-    QVERIFY(scene.Letter->isVisible());
+    QCOMPARE(scene.Prompts.Shown.size(), 1);
+    QVERIFY(scene.Prompts.Shown.first().contains(QDir::toNativeSeparators(path) + QStringLiteral(": ")));
+    QVERIFY(scene.Dialog->isVisible());
     QCOMPARE(scene.Get<QLineEdit>("txtUser")->text(), QStringLiteral("Ada"));
     QCOMPARE(scene.Reloads, 0);
     // What comes behind `config` has not been done.
-    QCOMPARE(scene.Session.Asked, QStringList());
+    QCOMPARE(scene.Autostart.Asked, QStringList());
     QCOMPARE(scene.Key("mouse click show center"), QString());
     QVERIFY(QDir(path).removeRecursively());
     scene.Press("lblSave");
     QCOMPARE(scene.Reloads, 1);
     QCOMPARE(scene.Record(kRecordUserName), QStringLiteral("\"Ada\""));
-    QCOMPARE(scene.Session.Asked.size(), 1);
+    QCOMPARE(scene.Autostart.Asked.size(), 1);
 }
 
 void TestSettingsDialogs::browsers_data() {
@@ -370,7 +371,7 @@ void TestSettingsDialogs::browsers() {
     QFETCH(QString, other);
     Scene scene;
     scene.State.Browser = browser;
-    frmSettingAdvance dialog(scene.State, scene.Messages, {});
+    frmSettingAdvance dialog(scene.State, scene.Prompts, {});
     dialog.Form_Load();
     QVERIFY(dialog.findChild<QRadioButton*>(option)->isChecked());
     QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("txtBrowserOther"))->text(), other);
@@ -382,7 +383,7 @@ void TestSettingsDialogs::browsers() {
 
 void TestSettingsDialogs::advanceRoundTrip() {
     Scene scene;
-    frmSettingAdvance dialog(scene.State, scene.Messages, {});
+    frmSettingAdvance dialog(scene.State, scene.Prompts, {});
     dialog.Form_Load();
     dialog.show();
     const auto press = [&dialog](const char* name) {
@@ -399,7 +400,7 @@ void TestSettingsDialogs::advanceRoundTrip() {
     QVERIFY(QDir().mkpath(ini));
     press("cmdSave");
     QVERIFY(dialog.isVisible());
-    QVERIFY(scene.Messages.Shown.value(0).contains(QDir::toNativeSeparators(ini)));
+    QVERIFY(scene.Prompts.Shown.value(0).contains(QDir::toNativeSeparators(ini)));
     QVERIFY(QDir(ini).removeRecursively());
     scene.Store.AddFile(QStringLiteral("setting.ini"), before);
     press("cmdSave");
@@ -414,7 +415,7 @@ void TestSettingsDialogs::linkOpensAdvance() {
     scene.Open();
     auto* link = scene.Get<QLabel>("lblAdvance");
     QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(20, link->height() / 2));
-    auto* advance = scene.Letter->findChild<frmSettingAdvance*>();
+    auto* advance = scene.Dialog->findChild<frmSettingAdvance*>();
     QVERIFY(advance && advance->isVisible());
     QCOMPARE(advance->windowTitle(), QStringLiteral("Advance Settings"));
 }

@@ -20,21 +20,21 @@ namespace paneda {
 
 Platform MakePlatform() {
     Platform platform;
-    platform.Launcher = std::make_unique<LinuxOpener>();
-    platform.Drives = std::make_unique<MountedVolumes>();
-    platform.Instance = std::make_unique<InstanceMark>();
-    platform.Icons = std::make_unique<ThemeIcons>();
-    platform.Space = std::make_unique<LinuxVolumeSpace>();
-    platform.Blending = std::make_unique<X11Compositor>();
-    platform.Keys = MakeHotkey();
-    platform.Mouse = std::make_unique<LinuxPointer>();
-    platform.Front = std::make_unique<LinuxForeground>();
-    platform.Trays = std::make_unique<LinuxTrayHosts>();
-    platform.Areas = std::make_unique<LinuxWorkAreas>();
-    platform.Requests = std::make_unique<DBusRequests>();
-    platform.Session = std::make_unique<DesktopAutostart>();
-    platform.Sounds = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MixerWorker>);
-    platform.Ending = std::make_unique<SignalTermination>();
+    platform.Opener = std::make_unique<LinuxOpener>();
+    platform.Volumes = std::make_unique<MountedVolumes>();
+    platform.InstanceLock = std::make_unique<InstanceMark>();
+    platform.FileIcons = std::make_unique<ThemeIcons>();
+    platform.DriveSpace = std::make_unique<LinuxVolumeSpace>();
+    platform.Compositor = std::make_unique<X11Compositor>();
+    platform.Hotkey = MakeHotkey();
+    platform.Pointer = std::make_unique<LinuxPointer>();
+    platform.Foreground = std::make_unique<LinuxForeground>();
+    platform.TrayHosts = std::make_unique<LinuxTrayHosts>();
+    platform.WorkAreas = std::make_unique<LinuxWorkAreas>();
+    platform.OutsideRequest = std::make_unique<DBusRequests>();
+    platform.Autostart = std::make_unique<DesktopAutostart>();
+    platform.SoundPlayer = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MixerWorker>);
+    platform.Termination = std::make_unique<SignalTermination>();
     return platform;
 }
 

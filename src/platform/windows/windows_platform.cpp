@@ -20,21 +20,21 @@ namespace paneda {
 
 Platform MakePlatform() {
     Platform platform;
-    platform.Launcher = std::make_unique<ShellOpener>();
-    platform.Drives = std::make_unique<LetterVolumes>();
-    platform.Instance = std::make_unique<MutexLock>();
-    platform.Icons = std::make_unique<ShellIcons>();
-    platform.Space = std::make_unique<WindowsVolumeSpace>();
-    platform.Blending = std::make_unique<LayeredCompositor>();
-    platform.Keys = std::make_unique<MessageHotkey>();
-    platform.Mouse = std::make_unique<WindowsPointer>();
-    platform.Trays = std::make_unique<TaskbarTrayHosts>();
-    platform.Areas = std::make_unique<ScreenWorkAreas>();
-    platform.Front = std::make_unique<WindowsForeground>();
-    platform.Requests = std::make_unique<DdeRequests>();
-    platform.Session = std::make_unique<RunKeyAutostart>();
-    platform.Sounds = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MciWorker>);
-    platform.Ending = std::make_unique<SessionTermination>();
+    platform.Opener = std::make_unique<ShellOpener>();
+    platform.Volumes = std::make_unique<LetterVolumes>();
+    platform.InstanceLock = std::make_unique<MutexLock>();
+    platform.FileIcons = std::make_unique<ShellIcons>();
+    platform.DriveSpace = std::make_unique<WindowsVolumeSpace>();
+    platform.Compositor = std::make_unique<LayeredCompositor>();
+    platform.Hotkey = std::make_unique<MessageHotkey>();
+    platform.Pointer = std::make_unique<WindowsPointer>();
+    platform.TrayHosts = std::make_unique<TaskbarTrayHosts>();
+    platform.WorkAreas = std::make_unique<ScreenWorkAreas>();
+    platform.Foreground = std::make_unique<WindowsForeground>();
+    platform.OutsideRequest = std::make_unique<DdeRequests>();
+    platform.Autostart = std::make_unique<RunKeyAutostart>();
+    platform.SoundPlayer = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MciWorker>);
+    platform.Termination = std::make_unique<SessionTermination>();
     return platform;
 }
 

@@ -55,10 +55,11 @@ frmMain::frmMain(AppState& state, const PanelServices& services)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
     , state_(state)
     , services_(services)
-    , motion_(*this, state, services.Areas, services.Followers)
-    , calls_(state, services.Keys, services.Mouse, services.Trays,
-             {[this](Trigger trigger) { ToggleByTrigger(trigger); }, [this] { ShowPaneda(); },
-              [this] { HideAnew(); }}) {
+    , motion_(*this, state, services.WorkAreas, services.Satellites)
+    , calls_(state, services.Hotkey, services.Pointer, services.TrayHosts,
+             {.Toggle = [this](Trigger trigger) { ToggleByTrigger(trigger); },
+              .Show = [this] { ShowPaneda(); },
+              .WaysChanged = [this] { HideAnew(); }}) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("AhPanel"));
     setAttribute(Qt::WA_TranslucentBackground);
@@ -85,12 +86,12 @@ void frmMain::MakeLook() {
     CacheRecord sizes;
     if (choice.Theme) {
         auto look = std::make_unique<SkinnedPanelLook>(state_, std::move(*choice.Theme),
-                                                       usesCache ? &load_.Cache : nullptr, services_.Icons,
-                                                       services_.Space);
+                                                       usesCache ? &load_.Cache : nullptr,
+                                                       services_.FileIcons, services_.DriveSpace);
         StorePieceSizes(look->Sizes(), sizes);
         look_ = std::move(look);
     } else {
-        look_ = std::make_unique<PlainPanelLook>(state_, services_.Icons);
+        look_ = std::make_unique<PlainPanelLook>(state_, services_.FileIcons);
     }
     if (!usesCache)
         WriteCache(state_, sizes);
@@ -98,7 +99,7 @@ void frmMain::MakeLook() {
 
 void frmMain::LayOut() {
     // The screen of the saved place counts, as if it were the only one.
-    const ScreenPlace screen = ScreenAt(services_.Areas, {state_.PanelLeft, state_.PanelTop});
+    const ScreenPlace screen = ScreenAt(services_.WorkAreas, {state_.PanelLeft, state_.PanelTop});
     const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), screen.Metrics,
                             state_.PanelLeft - screen.Origin.Left, state_.PanelTop - screen.Origin.Top};
     state_.WorkAreaBottom = screen.Origin.Top + screen.Metrics.WorkAreaBottom;
@@ -109,7 +110,7 @@ void frmMain::LayOut() {
     setFixedSize(TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight));
     const WindowPlace place =
         BringIntoView({geometry_.PanelLeft, geometry_.PanelTop},
-                      {geometry_.PanelWidth, geometry_.PanelHeight}, CurrentWorkAreas(services_.Areas));
+                      {geometry_.PanelWidth, geometry_.PanelHeight}, CurrentWorkAreas(services_.WorkAreas));
     state_.PanelLeft = place.Left;
     state_.PanelTop = place.Top;
     motion_.MoveTo(place);
@@ -142,7 +143,7 @@ void frmMain::picCategory_Click(int index) {
 void frmMain::ShowPicture(const QImage& picture) {
     picture_ = picture;
     // Transparent pixels let the mouse through to what is below.
-    setMask(ShapeOf(picture_, services_.Blending.IsActive() ? 1 : kSolidAlpha));
+    setMask(ShapeOf(picture_, services_.Compositor.IsActive() ? 1 : kSolidAlpha));
     update();
 }
 
@@ -162,10 +163,10 @@ void frmMain::PrepareNextPicture() {
 
 void frmMain::TellProblems() {
     if (!load_.Failures.empty())
-        services_.Messages.Notice(QStringLiteral("These files could not be written or read:\n\n") +
-                                  FailureText(load_.Failures));
+        services_.Prompts.Notice(QStringLiteral("These files could not be written or read:\n\n") +
+                                 FailureText(load_.Failures));
     if (!skinProblem_.isEmpty())
-        services_.Messages.Notice(skinProblem_);
+        services_.Prompts.Notice(skinProblem_);
 }
 
 void frmMain::picGroup_Click() {
@@ -179,10 +180,10 @@ void frmMain::picGroup_Click() {
 void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask) {
     if (!LaunchesOn(mouse))
         return;
-    services_.Drives.Refresh(state_.Drives);
+    services_.Volumes.Refresh(state_.Drives);
     const ButtonFields fields = ReadButtonFields(state_.Drives.ToHost(button.Path, state_.AppPath));
-    services_.Launcher.Open(DecideLaunch(button.Path, fields, {state_.AppPath, state_.Browser}),
-                            {state_.Drives, state_.AppPath});
+    services_.Opener.Open(DecideLaunch(button.Path, fields, {state_.AppPath, state_.Browser}),
+                          {state_.Drives, state_.AppPath});
     switch (DecideAfterLaunch(mouse, shiftMask, state_.HideAfterLaunch)) {
     case AfterLaunch::EndProgram:
         close();
@@ -196,7 +197,7 @@ void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, in
 }
 
 void frmMain::imgHide_Click() {
-    services_.Followers.Hide();
+    services_.Satellites.Hide();
     HidePanelAlone();
 }
 
@@ -215,16 +216,16 @@ void frmMain::HideAnew() {
 }
 
 void frmMain::imgMenu_Click() {
-    MainMenu menu(services_.Menus, state_.TreeOpacity, this);
+    MainMenu menu(services_.MenuActions, state_.TreeOpacity, this);
     menu.exec(QCursor::pos());
 }
 
 void frmMain::imgLogo_MouseDown(Qt::MouseButton button) {
     if (button == Qt::RightButton) {
-        services_.Menus.WebSearch();
+        services_.MenuActions.WebSearch();
         return;
     }
-    LogoMenu menu(services_.Menus, this);
+    LogoMenu menu(services_.MenuActions, this);
     menu.exec(QCursor::pos());
 }
 
@@ -242,15 +243,15 @@ void frmMain::BringToFront() {
         showNormal();
     else
         show();
-    services_.Front.Activate(winId());
-    services_.Followers.Show(opened_.Index >= 0 && state_.Catalogue[std::size_t(opened_.Index)].IsTree());
+    services_.Foreground.Activate(winId());
+    services_.Satellites.Show(opened_.Index >= 0 && state_.Catalogue[std::size_t(opened_.Index)].IsTree());
 }
 
 void frmMain::ShowPaneda() {
     const WindowPlace saved{state_.PanelLeft, state_.PanelTop};
     const TwipsSize size{geometry_.PanelWidth, geometry_.PanelHeight};
-    const WindowPlace held = HeldToFarEdges(BringIntoView(saved, size, CurrentWorkAreas(services_.Areas)),
-                                            size, WorkAreaAt(services_.Areas, saved));
+    const WindowPlace held = HeldToFarEdges(BringIntoView(saved, size, CurrentWorkAreas(services_.WorkAreas)),
+                                            size, WorkAreaAt(services_.WorkAreas, saved));
     state_.PanelLeft = held.Left;
     state_.PanelTop = held.Top;
     motion_.MoveTo(held);
@@ -261,12 +262,12 @@ void frmMain::ShowPaneda() {
 void frmMain::ToggleByTrigger(Trigger trigger) {
     if (unloaded_)
         return;
-    const QPoint mouse = services_.Mouse.Position();
+    const QPoint mouse = services_.Pointer.Position();
     const WindowPlace cursor{PixelsToTwips(mouse.x()), PixelsToTwips(mouse.y())};
-    const WId active = services_.Front.ActiveWindow();
-    const bool own = isVisible() && active != 0 && (active == winId() || services_.Followers.Owns(active));
-    const TogglePlan plan = paneda::ToggleByTrigger({trigger, own, WorkAreaAt(services_.Areas, cursor),
-                                                     cursor, motion_.Rect(), services_.Followers.Note()},
+    const WId active = services_.Foreground.ActiveWindow();
+    const bool own = isVisible() && active != 0 && (active == winId() || services_.Satellites.Owns(active));
+    const TogglePlan plan = paneda::ToggleByTrigger({trigger, own, WorkAreaAt(services_.WorkAreas, cursor),
+                                                     cursor, motion_.Rect(), services_.Satellites.Note()},
                                                     state_);
     if (plan.What == TogglePlan::Action::Hide) {
         imgHide_Click();
@@ -274,9 +275,9 @@ void frmMain::ToggleByTrigger(Trigger trigger) {
     }
     // The saved place may lie on a screen that is gone.
     motion_.MoveTo(BringIntoView(plan.Panel, {geometry_.PanelWidth, geometry_.PanelHeight},
-                                 CurrentWorkAreas(services_.Areas)));
+                                 CurrentWorkAreas(services_.WorkAreas)));
     if (plan.Note)
-        services_.Followers.Follow(motion_.Rect(), &*plan.Note);
+        services_.Satellites.Follow(motion_.Rect(), &*plan.Note);
     BringToFront();
 }
 
@@ -284,12 +285,12 @@ void frmMain::PlayFun() {
     const QString file = NextFunFile(fun_, QDateTime::currentDateTime());
     if (file.isEmpty())
         return;
-    services_.Sounds.Play(FunFolder(state_.AppFolder) + u'/' + file, kFunAlias);
+    services_.SoundPlayer.Play(FunFolder(state_.AppFolder) + u'/' + file, kFunAlias);
     timer3_.start();
 }
 
 void frmMain::Timer3_Timer() {
-    const bool playing = services_.Sounds.Status(kFunAlias) == u"playing";
+    const bool playing = services_.SoundPlayer.Status(kFunAlias) == u"playing";
     if (!FollowFunSound(fun_, playing, QDateTime::currentDateTime()))
         timer3_.stop();
 }
@@ -301,9 +302,9 @@ void frmMain::Form_Unload() {
     hide();
     const FileResult saved = SaveAtExit(state_);
     calls_.Stop();
-    services_.Sounds.CloseAll();
+    services_.SoundPlayer.CloseAll();
     if (!saved)
-        services_.Messages.Notice(saved.error().Text());
+        services_.Prompts.Notice(saved.error().Text());
 }
 
 void frmMain::paintEvent(QPaintEvent*) {

@@ -32,22 +32,22 @@
 
 namespace paneda {
 
-// What the panel asks of the world outside its window.
+// What the panel needs of the world outside its window. A service has the name of its type, as in Platform.
 struct PanelServices {
-    Opener& Launcher;
-    Volumes& Drives;
-    FileIcons& Icons;
-    DriveSpace& Space;
-    Compositor& Blending;
-    Foreground& Front;
-    Hotkey& Keys;
-    Pointer& Mouse;
-    TrayHosts& Trays;
-    WorkAreas& Areas;
-    SoundPlayer& Sounds;
-    Satellites& Followers;
-    Prompts& Messages;
-    MenuActions Menus;
+    paneda::Opener& Opener;
+    paneda::Volumes& Volumes;
+    paneda::FileIcons& FileIcons;
+    paneda::DriveSpace& DriveSpace;
+    paneda::Compositor& Compositor;
+    paneda::Foreground& Foreground;
+    paneda::Hotkey& Hotkey;
+    paneda::Pointer& Pointer;
+    paneda::TrayHosts& TrayHosts;
+    paneda::WorkAreas& WorkAreas;
+    paneda::SoundPlayer& SoundPlayer;
+    paneda::Satellites& Satellites;
+    paneda::Prompts& Prompts;
+    paneda::MenuActions MenuActions;
 };
 
 // The panel: one window that shows the stack of category bars and, above them, the groups and buttons of the
@@ -125,7 +125,7 @@ private:
     PanelMotion motion_;
     PanelCalls calls_;
     FunList fun_;
-    QTimer timer3_;
+    QTimer timer3_; // runs while a fun sound plays
     PanelGeometry geometry_;
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;

@@ -14,7 +14,7 @@ PanelCalls::PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, TrayHo
     , hotkey_(hotkey)
     , pointer_(pointer)
     , actions_(std::move(actions))
-    , tray_(trays, {actions_.Show, {}, actions_.WaysChanged}) {
+    , tray_(trays, {.Show = actions_.Show, .Countdown = {}, .HostChanged = actions_.WaysChanged}) {
     timer1_.setInterval(kMouseLook);
     connect(&timer1_, &QTimer::timeout, this, &PanelCalls::Timer1_Timer);
 }

@@ -50,7 +50,7 @@ private:
     Pointer& pointer_;
     CallActions actions_;
     TrayPresence tray_;
-    QTimer timer1_;
+    QTimer timer1_; // the looks at the middle button
     double mouseHoldCount_ = 0;
 };
 

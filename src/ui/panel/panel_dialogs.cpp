@@ -61,11 +61,11 @@ void PanelDialogs::OpenSetting() {
 }
 
 void PanelDialogs::OpenCredit() {
-    ShowOne(credit_, [this] { return new frmCredit(state_, services_.Sounds); });
+    ShowOne(credit_, [this] { return new frmCredit(state_, services_.SoundPlayer); });
 }
 
 void PanelDialogs::OpenUrl(const QString& url) {
-    services_.Launcher.Open(DecideBrowser(url, state_.Browser), {state_.Drives, state_.AppPath});
+    services_.Opener.Open(DecideBrowser(url, state_.Browser), {state_.Drives, state_.AppPath});
 }
 
 } // namespace paneda

@@ -12,11 +12,11 @@ namespace paneda {
 
 class Opener;
 
-// What the menu's windows need besides the settings' own services.
+// What the windows behind the menu need; the settings dialogs need most of it.
 struct DialogServices {
     SettingServices Settings;
-    SoundPlayer& Sounds;
-    Opener& Launcher;
+    paneda::SoundPlayer& SoundPlayer;
+    paneda::Opener& Opener;
     // Ends the program.
     std::function<void()> Close;
 };

@@ -36,7 +36,7 @@ frmSetting::frmSetting(AppState& state, SettingServices services, QWidget* paren
     for (const KeyRow& row : KeyTable())
         ui_->cboOtherKey->addItem(row.Text, row.Key);
     ui_->lblNoHotkey->setText(NoHotkeyText());
-    ui_->lblNoHotkey->setVisible(services_.Keys.Kind() == Hotkey::Means::None);
+    ui_->lblNoHotkey->setVisible(services_.Hotkey.Kind() == Hotkey::Means::None);
     ui_->lblAdvance->setText(LinkText(QStringLiteral("Please show me the advance settings dialog")));
     connect(ui_->lblSave, &QPushButton::clicked, this, &frmSetting::lblSave_Click);
     connect(ui_->lblAdvance, &QLabel::linkActivated, this, &frmSetting::lblAdvance_Click);
@@ -158,8 +158,8 @@ void frmSetting::lblSave_Click() {
     const auto failures = WriteSettings(PlanSettings(form, autostartAtLoad_), state_.AppFolder,
                                         [this](bool on) { return SetAutoStart(on); });
     if (!failures.empty()) {
-        services_.Messages.Notice(QStringLiteral("The change could not be applied:\n\n") +
-                                  FailureText(failures));
+        services_.Prompts.Notice(QStringLiteral("The change could not be applied:\n\n") +
+                                 FailureText(failures));
         return;
     }
     autostartAtLoad_ = form.Autostart;
@@ -170,20 +170,20 @@ void frmSetting::lblSave_Click() {
 }
 
 FileResult frmSetting::SetAutoStart(bool on) {
-    return services_.Session.Set(on, services_.ExecutablePath);
+    return services_.Autostart.Set(on, services_.ExecutablePath);
 }
 
 void frmSetting::TellHotkeyProblem(const SettingForm& form) {
     // Where there are no means at all the letter says so already.
-    if (services_.Keys.Kind() == Hotkey::Means::None)
+    if (services_.Hotkey.Kind() == Hotkey::Means::None)
         return;
-    const QString problem = HotkeyProblem(form, services_.Keys.State());
+    const QString problem = HotkeyProblem(form, services_.Hotkey.State());
     if (!problem.isEmpty())
-        services_.Messages.Notice(problem);
+        services_.Prompts.Notice(problem);
 }
 
 void frmSetting::lblAdvance_Click() {
-    auto* advance = new frmSettingAdvance(state_, services_.Messages, services_.TrayIcons, this);
+    auto* advance = new frmSettingAdvance(state_, services_.Prompts, services_.TrayIcons, this);
     advance->setAttribute(Qt::WA_DeleteOnClose);
     advance->Form_Load();
     advance->open();

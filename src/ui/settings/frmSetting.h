@@ -26,11 +26,11 @@ namespace paneda {
 
 class DriveBox;
 
-// What the settings dialogs ask of the program around them.
+// What the settings dialogs need of the program around them. A service has the name of its type.
 struct SettingServices {
-    Prompts& Messages;
-    Autostart& Session;
-    Hotkey& Keys;
+    paneda::Prompts& Prompts;
+    paneda::Autostart& Autostart;
+    paneda::Hotkey& Hotkey;
     QString ExecutablePath; // host path, for the start with the session
     // Builds the panel anew from the store, before it returns.
     std::function<void()> ReloadPanel;
@@ -40,8 +40,8 @@ struct SettingServices {
     std::vector<QIcon> TrayIcons;
 };
 
-// The settings, as a letter to the program. It outlives a reload of the panel: a save leaves it open, so that
-// the user sees what has become of the panel and may go on.
+// The settings, written on a sheet of paper as sentences with controls in them. The dialog outlives a reload
+// of the panel: a save leaves it open, so that the user sees the changed panel and can go on.
 //
 // Of a control array each control is named by the array and its index: txtDrive1 to txtDrive26 for A to Z,
 // optMouseKey0 and optMouseKey1.
