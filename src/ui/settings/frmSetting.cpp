@@ -6,7 +6,7 @@
 #include "ui/common/place_beside.h"
 #include "ui/settings/drive_box.h"
 #include "ui/settings/frmSettingAdvance.h"
-#include "ui/settings/letter_look.h"
+#include "ui/settings/paper_look.h"
 #include "ui/settings/setting_words.h"
 #include "ui_frmSetting.h"
 
@@ -40,7 +40,7 @@ frmSetting::frmSetting(AppState& state, SettingServices services, QWidget* paren
     ui_->lblAdvance->setText(LinkText(QStringLiteral("Please show me the advance settings dialog")));
     connect(ui_->lblSave, &QPushButton::clicked, this, &frmSetting::lblSave_Click);
     connect(ui_->lblAdvance, &QLabel::linkActivated, this, &frmSetting::lblAdvance_Click);
-    DressAsLetter();
+    DressAsPaper();
 }
 
 frmSetting::~frmSetting() = default;
@@ -69,11 +69,11 @@ void frmSetting::AddDriveBoxes() {
     ui_->layDrives->addStretch();
 }
 
-void frmSetting::DressAsLetter() {
+void frmSetting::DressAsPaper() {
     ui_->picPaper->setBackgroundRole(kPaperRole);
     ui_->picPaper->setPalette(PaperPalette(palette()));
-    ui_->picPaper->setFont(LetterFont(font(), 1.1));
-    ui_->lblDear->setFont(LetterFont(font(), 1.7));
+    ui_->picPaper->setFont(PaperFont(font(), 1.1));
+    ui_->lblDear->setFont(PaperFont(font(), 1.7));
     ui_->lblSave->setMinimumSize(ui_->lblSave->sizeHint() + QSize(28, 8));
     const int digit = ui_->txtButtonsPerRow->fontMetrics().horizontalAdvance(u'0');
     ui_->txtButtonsPerRow->setFixedWidth(6 * digit);
@@ -92,7 +92,7 @@ void frmSetting::Form_Load() {
     PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
 }
 
-// As large as the letter, as far as the panel's screen allows; the rest scrolls.
+// As large as the paper, as far as the panel's screen allows; the rest scrolls.
 void frmSetting::FitToScreen() {
     // The layouts still hold the sizes of the font before.
     ui_->picPaper->layout()->activate();
@@ -174,7 +174,7 @@ FileResult frmSetting::SetAutoStart(bool on) {
 }
 
 void frmSetting::TellHotkeyProblem(const SettingForm& form) {
-    // Where there are no means at all the letter says so already.
+    // Where there are no means at all the dialog says so already.
     if (services_.Hotkey.Kind() == Hotkey::Means::None)
         return;
     const QString problem = HotkeyProblem(form, services_.Hotkey.State());

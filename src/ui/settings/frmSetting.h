@@ -65,7 +65,7 @@ private:
     using FlagBinding = std::pair<QCheckBox*, bool SettingForm::*>;
 
     void AddDriveBoxes();
-    void DressAsLetter();
+    void DressAsPaper();
     void FitToScreen();
     std::vector<FlagBinding> Flags() const;
     void ShowForm(const SettingForm& form);

@@ -1,4 +1,4 @@
-#include "ui/settings/letter_look.h"
+#include "ui/settings/paper_look.h"
 
 namespace paneda {
 
@@ -19,7 +19,7 @@ QPalette PaperPalette(const QPalette& desktop) {
     return palette;
 }
 
-QFont LetterFont(const QFont& desktop, double scale) {
+QFont PaperFont(const QFont& desktop, double scale) {
     QFont font = desktop;
     font.setPointSizeF(desktop.pointSizeF() * scale);
     return font;
