@@ -67,8 +67,8 @@ void tst_catalogue_loader::scan_data() {
         {u"[001] Dynamic Category | T 0 <Work>"_s, u"[002] Dynamic Category | T 1 <>"_s,
          u"[003] Dynamic Category | T 2 <>"_s, u"  Properties.ini #1"_s});
     add("unfinished writes",
-        {u"A/G/x.pnd"_s, u"A/G/x.pnd.aBcDeF"_s, u"A/G/x.abcdef"_s, u"A/G/.hidden"_s, u"A/.hidden/x"_s},
-        {u"A | S"_s, u"  G #1"_s, u"    x.abcdef #1 | x | <>"_s, u"    x.pnd #2 | x | <>"_s});
+        {u"A/G/x.pnd"_s, u"A/G/.paneda-1x"_s, u"A/G/x.pnd.backup"_s, u"A/G/.hidden"_s, u"A/.hidden/x"_s},
+        {u"A | S"_s, u"  G #1"_s, u"    x.pnd #1 | x | <>"_s, u"    x.pnd.backup #2 | x.pnd | <>"_s});
 }
 
 void tst_catalogue_loader::scan() {

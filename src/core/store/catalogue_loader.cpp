@@ -5,8 +5,6 @@
 #include "core/store/names.h"
 #include "core/store/store_layout.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 
 namespace paneda {
@@ -75,13 +73,7 @@ void MarkTreeCategories(CatalogueList& catalogue, const QString& appFolder) {
 } // namespace
 
 bool IsButtonFile(const QString& fileName) {
-    // A replacement of "x.pnd" goes through "x.pnd.AbCdEf" beside it.
-    static const QRegularExpression unfinished(QStringLiteral("\\.pnd\\.[A-Za-z]{6}$"),
-                                               QRegularExpression::CaseInsensitiveOption);
-    const QString extension = ExtensionOf(fileName);
-    if (IsImageExtension(extension))
-        return false;
-    return extension.size() != 6 || !fileName.contains(unfinished);
+    return !IsImageExtension(ExtensionOf(fileName));
 }
 
 bool IsTreeCategoryName(const QString& folderName) {

@@ -18,8 +18,8 @@ struct ScanOptions {
 // button file. A folder that cannot be read has nothing in it.
 CatalogueList LoadCatalogue(const ScanOptions& options);
 
-// Whether a file in a group is a button: any but a picture and the temporary file that a write cut short
-// leaves.
+// Whether a file in a group is a button: any but a picture. (Listings leave out what an interrupted write may
+// leave behind, see kUnfinishedPrefix.)
 bool IsButtonFile(const QString& fileName);
 
 // Whether a category's folder name makes it a tree category: "Dynamic Category" from the seventh character
