@@ -1,5 +1,6 @@
 #include "app/main_program.h"
 
+#include "core/settings/startup.h"
 #include "ui/panel/screen_metrics.h"
 
 #include <QApplication>
@@ -62,7 +63,11 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath)
 MainProgram::~MainProgram() = default;
 
 int MainProgram::Run() {
-    state_.ColourDepth = CurrentColourDepth();
+    const QString folderProblem = FolderProblem(state_);
+    if (!folderProblem.isEmpty()) {
+        prompts_->Notice(folderProblem, {});
+        return 1;
+    }
     if (!platform_.InstanceLock->TryLock(executablePath_)) {
         prompts_->Notice(state_.ProductName + QStringLiteral(" has been launched"), {});
         return 0;

@@ -23,8 +23,8 @@ public:
     MainProgram(Platform platform, const QString& executablePath);
     ~MainProgram() override;
 
-    // The exit status of the process. Returns when the panel has been closed, or at once for a second
-    // instance.
+    // The exit status of the process. Returns when the panel has been closed; at once for a second instance
+    // (0), and with a message in a folder in which nothing can be started (1).
     int Run();
 
     // Tears the panel down and builds it again from the store, whatever the cache holds.

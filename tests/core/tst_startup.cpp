@@ -10,12 +10,23 @@ class tst_startup : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void folderWithBackslash();
     void freshFolder();
     void cache_data();
     void cache();
     void failuresAreToldAndPassedOver();
     void saveAndLoad();
 };
+
+void tst_startup::folderWithBackslash() {
+    const DriveMap drives = DriveMap::FromMountPoints({});
+    AppState state;
+    for (const QString& folder : {u"/opt/paneda"_s, u"/opt/pan\\eda"_s}) {
+        state.AppFolder = folder;
+        state.AppPath = drives.ToStored(folder);
+        QCOMPARE(FolderProblem(state).contains(folder), folder.contains(u'\\'));
+    }
+}
 
 void tst_startup::freshFolder() {
     const test::StoreBuilder store;

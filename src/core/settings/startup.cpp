@@ -26,6 +26,16 @@ void TakeCache(AppState& state, PanelLoad& load) {
 
 } // namespace
 
+QString FolderProblem(const AppState& state) {
+    // Only a path without a stored form stays as the host has it.
+    if (!state.AppPath.startsWith(u'/'))
+        return {};
+    return state.ProductName + QStringLiteral(" cannot work in the folder\n\n") + state.AppFolder +
+           QStringLiteral(
+               "\n\nsince the path of this folder has a backslash (\\) in it. Rename the folder, or "
+               "move the program to another one.");
+}
+
 PanelLoad LoadPanelState(AppState& state) {
     PanelLoad load;
     load.Failures = CreateMissingStore(state.AppFolder);

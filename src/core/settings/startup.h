@@ -8,6 +8,11 @@
 
 namespace paneda {
 
+// Why the program cannot work in its folder, for the user; empty when it can. state.AppPath and AppFolder
+// have to be set. A folder with a backslash in its path has no stored form, so no button in it could be
+// started.
+QString FolderProblem(const AppState& state);
+
 // What a load of the panel found, besides what it put into the state.
 struct PanelLoad {
     // The catalogue and the sizes of the skin's pictures come from the cache, and no folder of the store was
