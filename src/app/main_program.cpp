@@ -6,21 +6,11 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
-#include <QOperatingSystemVersion>
 #include <QTimer>
 
 namespace paneda {
 
 namespace {
-
-constexpr int kPlatformNt = 2; // platform id of every Windows of today
-
-QString CurrentWindowsName() {
-    const QOperatingSystemVersion system = QOperatingSystemVersion::current();
-    if (system.type() != QOperatingSystemVersion::Windows)
-        return WindowsNameOf(0, 0, 0);
-    return WindowsNameOf(kPlatformNt, system.majorVersion(), system.minorVersion());
-}
 
 void SetApplicationIcon() {
     QIcon icon;
@@ -36,7 +26,6 @@ void FillAppState(AppState& state, const QString& executableFolder, Volumes& vol
     state.AppFolder = executableFolder;
     state.AppPath = state.Drives.ToStored(executableFolder);
     FillEdition(state);
-    state.WindowsName = CurrentWindowsName();
 }
 
 MainProgram::MainProgram(Platform platform, const QString& executablePath)
@@ -105,7 +94,6 @@ void MainProgram::ReloadPanel() {
     panel_->Form_Unload();
     panel_.reset();
     state_.IgnoreCache = true;
-    state_.FormLoaded = false;
     LoadPanel();
     panel_->ShowAtStart();
     panel_->Form_LinkExecute({});

@@ -36,9 +36,7 @@ void tst_startup::freshFolder() {
     QCOMPARE(test::Describe(state.Catalogue), (QStringList{u"[001] General | S"_s, u"  My Computer #1"_s,
                                                            u"    Drive C #1 | Drive C | <>Drive C:"_s,
                                                            u"[002] Dynamic Category | T 0 <Tree>"_s}));
-    QCOMPARE(state.TreeCategoryCount, 1);
     QCOMPARE(state.Countdown.Sound, u"Orin Tamber"_s);
-    QCOMPARE(state.SkinPath, store.Path(u"skin/Paneda Black Glass/"_s));
 }
 
 void tst_startup::cache_data() {
@@ -68,7 +66,6 @@ void tst_startup::cache() {
     const PanelLoad load = LoadPanelState(again);
     QCOMPARE(load.CacheValid, valid);
     QCOMPARE(again.Catalogue.size(), valid ? 2U : 3U);
-    QCOMPARE(again.TreeCategoryCount, 1);
     if (valid) {
         QCOMPARE(load.Cache.Bottom, (TwipsSize{7, 8}));
         QVERIFY(load.Cache.HasDriveButtons);

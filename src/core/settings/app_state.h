@@ -32,40 +32,37 @@ struct CountdownSettings {
 
 // The one record that the whole process shares. Main makes it and passes it on by reference.
 struct AppState {
-    // Set by Main, never changed later.
+    // Main: set once, before the panel is made.
 
     // Folder of the executable in the stored form, without a trailing backslash unless it is a drive's root.
     QString AppPath;
     // The same folder as the host names it.
     QString AppFolder;
-    // Turns stored paths into host paths.
-    DriveMap Drives;
-    bool CoBrand = false;
+    bool CoBrand = false; // another edition's name and address; no build sets it
     QString ProductName;
     QString ProductVersion;
     QDate BuildDate;
     QString HomepageAddress;
-    QString WindowsName;
-    int WorkAreaBottom = 0; // twips
-    int ColourDepth = 0;    // bits per pixel
 
-    // Run-time flags.
-    bool FormLoaded = false;
-    bool Exiting = false;
-    bool IgnoreCache = false;
-    bool NoteWindowOpen = false;
-    int CountdownSeconds = 0;
+    // The panel: what it loads and shows, and the windows that reload or end it.
 
-    // From the file `config`.
+    // Turns stored paths into host paths. Knows more volumes after each launch.
+    DriveMap Drives;
+    bool Exiting = false;     // the user has chosen to end the program
+    bool IgnoreCache = false; // the next load scans the store
+    CatalogueList Catalogue;
+    int SelectedCategory = 0; // index into Catalogue, from 0; setting.ini
+    int PanelTop = 0;         // twips; as PanelLeft in `config`
+    int PanelLeft = 0;        // twips
+
+    // The settings dialogs: kept in `config`.
     DriveTableFlags DriveTable{};
-    int PanelTop = 0;  // twips
-    int PanelLeft = 0; // twips
     bool Autostart = false;
     double ButtonsPerRow = 5; // units
     QString SkinName;
     bool HideAfterLaunch = false;
     bool MouseTriggerEnabled = false;
-    int MouseTriggerMode = 2;
+    int MouseTriggerMode = 2; // see MouseTriggerMode in core/panel/triggers.h
     bool HotkeyEnabled = false;
     bool HotkeyCtrl = false;
     bool HotkeyAlt = false;
@@ -74,17 +71,18 @@ struct AppState {
     int HotkeyKey = 0; // virtual key code
     QString UserName;
     bool ShowFeed = true; // kept, no effect
-    int FeedHeight = 0;   // twips, kept, no effect
+    int FeedHeight = 0;   // twips; kept, no effect
     QString UserId;
 
-    // From setting.ini.
-    int SelectedCategory = 0; // index into Catalogue, from 0
-    QString Browser;          // "default", or the program that opens web addresses
-    bool DriveOfProgram = false;
+    // The settings dialogs: kept in setting.ini.
+    QString Browser;             // "default", or the program that opens web addresses
+    bool DriveOfProgram = false; // a button for the drive that the program runs from
     bool HideOnStartup = false;
-    int SystemTrayIcon = 1;
-    int MouseShowCenter = 1;
-    int HotkeyShowCenter = 1;
+    int SystemTrayIcon = 1;   // number of its picture, from 1
+    int MouseShowCenter = 1;  // not 0: called by the mouse, the panel comes up at the cursor
+    int HotkeyShowCenter = 1; // not 0: likewise for the hotkey
+
+    // Trees and notes: kept in setting.ini. `AtLoad` is what the file holds: only a change is written.
     double TreeOpacity = 1; // fraction above 0
     double TreeOpacityAtLoad = 1;
     int RecentChangeIndicator = 0;
@@ -93,13 +91,9 @@ struct AppState {
     bool NoteMaximized = false;
     bool NoteMaximizedAtLoad = false;
     NoteSettings Note;
+
+    // The countdown: kept in setting.ini.
     CountdownSettings Countdown;
-
-    // Host folder of the skin, with a separator at its end.
-    QString SkinPath;
-
-    CatalogueList Catalogue;
-    int TreeCategoryCount = 0;
 };
 
 // Copies the row of the edition into the product fields.
@@ -107,10 +101,5 @@ void FillEdition(AppState& state);
 
 // What a scan of this store needs to know.
 ScanOptions ScanOptionsOf(const AppState& state);
-
-// Name of a Windows release by platform id and version, "Unknown" for all that the table lacks, which are the
-// later releases and every other system. The row "1.4.98" stands for a release that calls itself 4.90 and is
-// kept.
-QString WindowsNameOf(int platformId, int major, int minor);
 
 } // namespace paneda

@@ -42,12 +42,9 @@ PanelLoad LoadPanelState(AppState& state) {
     std::vector<FileError> configFailures = LoadConfig(state);
     std::move(configFailures.begin(), configFailures.end(), std::back_inserter(load.Failures));
     TakeCache(state, load);
-    const QString skins = FindEntry(state.AppFolder, QStringLiteral("skin"));
-    state.SkinPath = FindEntry(skins, state.SkinName) + u'/';
     ReadSettings(ReadIniFile(SettingIniFile(state.AppFolder)), state);
     state.Catalogue =
         load.CacheValid ? std::exchange(load.Cache.Catalogue, {}) : LoadCatalogue(ScanOptionsOf(state));
-    state.TreeCategoryCount = CountTreeCategories(state.Catalogue);
     return load;
 }
 

@@ -22,11 +22,6 @@ QString BarTitle(const CategoryEntry& category) {
     return TitleBehindPrefix(category.FolderName);
 }
 
-int CountTreeCategories(const CatalogueList& catalogue) {
-    return int(std::count_if(catalogue.begin(), catalogue.end(),
-                             [](const CategoryEntry& category) { return category.IsTree(); }));
-}
-
 bool HasDriveButtons(const CatalogueList& catalogue) {
     if (catalogue.empty() || catalogue.front().Groups.empty())
         return false;

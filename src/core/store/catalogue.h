@@ -66,8 +66,6 @@ using CatalogueList = std::vector<CategoryEntry>;
 // Title on a category's bar: its tree's name for a tree category, "**Right Click**" without one.
 QString BarTitle(const CategoryEntry& category);
 
-int CountTreeCategories(const CatalogueList& catalogue);
-
 // Whether the first category has the group of drives.
 bool HasDriveButtons(const CatalogueList& catalogue);
 

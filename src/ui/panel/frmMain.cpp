@@ -74,7 +74,6 @@ void frmMain::Form_Load() {
     fun_ = LoadFunList(FunFolder(state_.AppFolder), QDateTime::currentDateTime());
     MakeLook();
     LayOut();
-    state_.FormLoaded = true;
     picCategory_Click(state_.SelectedCategory);
 }
 
@@ -102,7 +101,6 @@ void frmMain::LayOut() {
     const ScreenPlace screen = ScreenAt(services_.WorkAreas, {state_.PanelLeft, state_.PanelTop});
     const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), screen.Metrics,
                             state_.PanelLeft - screen.Origin.Left, state_.PanelTop - screen.Origin.Top};
-    state_.WorkAreaBottom = screen.Origin.Top + screen.Metrics.WorkAreaBottom;
     geometry_ = LayoutPanel(state_.Catalogue, input);
     geometry_.PanelLeft += screen.Origin.Left;
     geometry_.PanelTop += screen.Origin.Top;

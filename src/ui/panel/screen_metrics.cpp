@@ -39,11 +39,6 @@ ScreenMetrics CurrentScreenMetrics() {
     return screen ? MetricsOf(screen->geometry(), screen->availableGeometry()) : ScreenMetrics();
 }
 
-int CurrentColourDepth() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? screen->depth() : 0;
-}
-
 ScreenPlace ScreenAt(WorkAreas& areas, WindowPlace point) {
     const QScreen* screen = NearestScreen(point);
     if (!screen)

@@ -12,9 +12,6 @@ class WorkAreas;
 // The primary screen. All zero without a screen.
 ScreenMetrics CurrentScreenMetrics();
 
-// Bits per pixel of that screen; 0 without one.
-int CurrentColourDepth();
-
 // One of the screens, in twips.
 struct ScreenPlace {
     WindowPlace Origin;    // its corner on the desktop that all screens share
