@@ -5,17 +5,15 @@
 #include "core/store/names.h"
 #include "core/store/style_code.h"
 #include "core/text/text_rules.h"
+#include "skin/button_label.h"
 #include "skin/button_layout.h"
-#include "skin/font_size.h"
 #include "skin/picture_loader.h"
-#include "skin/wrap_label.h"
 
 namespace paneda {
 
 namespace {
 
-constexpr double kNoCap = 100;   // units; no style asks for more
-constexpr int kSmoothExtra = 45; // twips that a smooth label may reach beyond its room
+constexpr double kNoCap = 100; // units; no style asks for more
 
 // One button being painted.
 class Painting {
@@ -37,11 +35,6 @@ public:
 
 private:
     QString IconPath() const;
-    void PaintSmoothLabel(const LabelFontChoice& choice);
-    void PaintSharpLabel(const LabelFontChoice& choice);
-
-    bool HasBorder() const { return IsSwitchedOn(tools_.Theme.LabelBorderOverride, style_.LabelBorder); }
-    bool IsBold() const { return IsSwitchedOn(tools_.Theme.LabelBoldOverride, style_.LabelBold); }
 
     DrawingSurface& surface_;
     const ButtonSpec& button_;
@@ -101,51 +94,7 @@ void Painting::PaintIcon() {
 }
 
 void Painting::PaintLabel() {
-    if (!style_.LabelOn)
-        return;
-    const LabelFontChoice choice = ChooseLabelFont(style_);
-    if (choice.IsSharp())
-        PaintSharpLabel(choice);
-    else
-        PaintSmoothLabel(choice);
-}
-
-void Painting::PaintSmoothLabel(const LabelFontChoice& choice) {
-    const ThemeState& theme = tools_.Theme;
-    LabelStyle label;
-    label.Font.Family = tools_.Fonts.Family(theme.LabelFontName);
-    label.Font.EmSize = FontPixelSize(choice.Points);
-    label.Font.Bold = IsBold();
-    label.Font.AntiAlias = theme.LabelAntiAlias;
-    label.Color = HexToArgb(theme.LabelHex);
-    label.AtColumn = AlignColumn(style_.LabelAlignment);
-    label.AtRow = AlignRow(style_.LabelAlignment);
-    label.Border = HasBorder();
-    label.BorderColor = HexToArgb(theme.LabelBorderHex);
-    surface_.DrawLabel(
-        button_.Caption,
-        {box_.Left + layout_.LabelLeft, box_.Top, layout_.LabelWidth + kSmoothExtra, box_.Height}, label);
-}
-
-void Painting::PaintSharpLabel(const LabelFontChoice& choice) {
-    TextFont font;
-    font.Family = tools_.Fonts.Family(QString::fromUtf16(choice.Family));
-    font.EmSize = FontPixelSize(choice.Points);
-    font.Bold = IsBold();
-    font.AntiAlias = false;
-    std::optional<Argb> outline;
-    if (HasBorder())
-        outline = ColorToArgb(tools_.Theme.LabelBorderColor.value_or(0), 255);
-    const auto measure = [&font](const QString& text) { return MeasureText(text, font); };
-    const double room = double(size_.Width - layout_.LabelIndent) / kTwipsPerPixel;
-    const QStringList lines = WrapLabel(button_.Caption, room, choice.MaxLines, measure);
-    for (int i = 0; i < lines.size(); ++i) {
-        const QString line = TrimBlanks(lines[i]);
-        const int width = int(kTwipsPerPixel * measure(line));
-        const LinePlace place = PlaceLine(style_, layout_, size_, width, i, int(lines.size()));
-        surface_.PrintLine(line, box_.Left + place.Left, box_.Top + place.Top, box_, font,
-                           ColorToArgb(tools_.Theme.LabelColor, 255), outline);
-    }
+    ButtonLabel(style_, button_.Caption, box_, tools_.Theme, tools_.Fonts).Paint(surface_);
 }
 
 } // namespace
@@ -162,12 +111,6 @@ void PaintButton(DrawingSurface& surface, const ButtonSpec& button, PaintTools& 
     painting.PaintPiece();
     painting.PaintIcon();
     painting.PaintLabel();
-}
-
-bool IsSwitchedOn(const QString& skinOverride, bool own) {
-    if (skinOverride == u"YES")
-        return true;
-    return skinOverride == u"NO" ? false : own;
 }
 
 } // namespace paneda

@@ -54,7 +54,4 @@ TwipsSize ButtonSize(const ButtonSpec& button, const ButtonSources& sources);
 void PaintButton(DrawingSurface& surface, const ButtonSpec& button, PaintTools& tools,
                  ButtonSources& sources);
 
-// Whether a skin's override ("YES", "NO") or else the button's own switch turns a feature on.
-bool IsSwitchedOn(const QString& skinOverride, bool own);
-
 } // namespace paneda

@@ -91,7 +91,7 @@ void DrawingSurface::DrawIcon(const QImage& icon, const TwipsRect& box) {
 
 void DrawingSurface::DrawLabel(const QString& text, const TwipsRect& box, const LabelStyle& style) {
     mode_ = DrawMode::Over;
-    const LabelLayout layout(text, ToPixels(box), style);
+    const SmoothLabel layout(text, ToPixels(box), style);
     QPainter painter;
     if (!Begin(painter, image_, mode_))
         return;

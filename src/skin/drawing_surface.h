@@ -2,7 +2,7 @@
 
 #include "core/text/twips.h"
 #include "skin/colour.h"
-#include "skin/label_layout.h"
+#include "skin/smooth_label.h"
 #include "skin/picture_placing.h"
 
 #include <QImage>

@@ -83,7 +83,7 @@ void DrawDrive(DrawingSurface& surface, const PlacedDrive& button, const DriveIn
     const ThemeState& theme = tools.Theme;
     TextFont font;
     font.Family = tools.Fonts.Family(QStringLiteral("Small Fonts"));
-    font.EmSize = FontPixelSize(kTextSize);
+    font.EmSize = PrintedPixelSize(kTextSize);
     font.Bold = true;
     font.AntiAlias = false;
     const TwipsRect& box = button.Box;

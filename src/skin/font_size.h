@@ -4,8 +4,8 @@
 
 namespace paneda {
 
-// Em size in pixels for a font size in points. The common sizes are looked up: what a font's metrics give
-// would differ from system to system, and panels are laid out for these.
+// Em size in pixels of smoothed text for a font size in points. The common sizes are looked up: what a font's
+// metrics give would differ from system to system, and panels are laid out for these.
 inline double FontPixelSize(double points) {
     if (points == 10)
         return 13;
@@ -18,6 +18,12 @@ inline double FontPixelSize(double points) {
     if (points == 6)
         return 8.5;
     return std::floor(1.35 * points);
+}
+
+// Em size in pixels of text that is printed without smoothing (sharp labels, data of drives): 8 for 6 points,
+// 9.33 for 7. A point is 1/72 inch, and panels are laid out for 96 pixels an inch on every screen.
+inline double PrintedPixelSize(double points) {
+    return points * 96 / 72;
 }
 
 } // namespace paneda

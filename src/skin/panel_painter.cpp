@@ -12,14 +12,6 @@ namespace {
 
 constexpr int kTitleIndent = 60; // twips, at both ends
 
-QString FileNameOf(const QString& storedPath) {
-    return storedPath.sliced(storedPath.lastIndexOf(u'\\') + 1);
-}
-
-QString CaptionOf(const ButtonEntry& button) {
-    return button.Spare.isEmpty() ? ButtonCaption(FileNameOf(button.Path)) : button.Name;
-}
-
 // A file that a user dropped into the store has no style tag; it shows its icon, as big as the button.
 const QString kUntaggedStyle = QStringLiteral("11113001100");
 

@@ -45,8 +45,8 @@ PicturePlace PlaceStretched(const QSize& picture, const QRect& box) {
         box};
 }
 
-// Covers the box: the picture is cut on the axis where it has too much.
-PicturePlace PlaceCovering(const QSize& picture, const QRect& box, const QString& alignment) {
+// Stretched until it covers the box and no further: the picture is cut on the axis where it has too much.
+PicturePlace PlaceStretchedProportional(const QSize& picture, const QRect& box, const QString& alignment) {
     QRect source({0, 0}, picture);
     const qint64 boxSide = qint64(box.width()) * picture.height();
     const qint64 pictureSide = qint64(picture.width()) * box.height();
@@ -87,7 +87,7 @@ PicturePlace PlacePicture(const QSize& picture, const QRect& box, const PictureD
     if (drawing.Method == kStretch)
         return PlaceStretched(picture, box);
     if (drawing.Method == kStretchProportional)
-        return PlaceCovering(picture, box, drawing.Alignment);
+        return PlaceStretchedProportional(picture, box, drawing.Alignment);
     return PlaceLetterboxed(picture, box);
 }
 

@@ -122,8 +122,7 @@ private:
     }
 
     void Label(const ButtonEntry& button, const ButtonStyle& style, const QRect& rect, const QRect& icon) {
-        const QString fileName = button.Path.sliced(button.Path.lastIndexOf(u'\\') + 1);
-        const QString caption = button.Spare.isEmpty() ? ButtonCaption(fileName) : button.Spare.mid(6);
+        const QString caption = button.Spare.isEmpty() ? CaptionOf(button) : button.Spare.mid(6);
         QRect room = rect.adjusted(1, 0, -1, 0);
         if (!icon.isEmpty() && style.LabelPosition == ButtonStyle::LabelPlace::RightOfIcon)
             room.setLeft(icon.right() + 4);

@@ -95,4 +95,11 @@ struct TreeColors {
     QString HighlightLabel;
 };
 
+// Whether a skin's override ("YES", "NO") or else the button's own switch turns a feature on.
+inline bool IsSwitchedOn(const QString& skinOverride, bool own) {
+    if (skinOverride == u"YES")
+        return true;
+    return skinOverride == u"NO" ? false : own;
+}
+
 } // namespace paneda

@@ -1,5 +1,6 @@
 #include "skin_maker.h"
 
+#include "skin/button_label.h"
 #include "skin/button_layout.h"
 #include "skin/button_painter.h"
 #include "support/store_builder.h"
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void IconIsThatOfTheTarget();
     void LabelStaysInItsRoom_data();
     void LabelStaysInItsRoom();
+    void TellsOfCutLabels();
     void AnyStyleIsPainted();
 
 private:
@@ -257,6 +259,24 @@ void TestButtonPainter::LabelStaysInItsRoom() {
     QVERIFY2(room.contains(ink),
              qPrintable(
                  QStringLiteral("%1 %2 %3 %4").arg(ink.x()).arg(ink.y()).arg(ink.right()).arg(ink.bottom())));
+}
+
+void TestButtonPainter::TellsOfCutLabels() {
+    maker_.AddIni(kFonts);
+    const ThemeState theme = maker_.Theme();
+    FontChoice fonts;
+    const auto cut = [&](const QString& style, const QString& caption) {
+        const TwipsRect box{0, 0, ButtonWidthTwips(style, 5), ButtonHeight(style)};
+        return ButtonLabel(DecodeStyle(style), caption, box, theme, fonts).IsCut();
+    };
+    const QString three = QStringLiteral("Text Text Text Text"); // needs more than one line of three units
+    for (const char* smooth : {"30213001411", "30213003411"})
+        QVERIFY2(cut(QString::fromLatin1(smooth), three + three), smooth);
+    QVERIFY(!cut(QStringLiteral("31213001411"), three));
+    QVERIFY(!cut(QStringLiteral("30213001401"), three + three)); // no label
+    // Sharp: three lines of one unit, of which the last takes all that is left.
+    QVERIFY(!cut(QStringLiteral("1111111351"), QStringLiteral("Text Text Text")));
+    QVERIFY(cut(QStringLiteral("1111111351"), three));
 }
 
 void TestButtonPainter::AnyStyleIsPainted() {

@@ -16,6 +16,11 @@ ButtonEntry DriveButton(QChar letter, int controlIndex) {
     return {name, name, name + u':', controlIndex, {}};
 }
 
+QString CaptionOf(const ButtonEntry& button) {
+    const QString fileName = button.Path.sliced(button.Path.lastIndexOf(u'\\') + 1);
+    return button.Spare.isEmpty() ? ButtonCaption(fileName) : button.Name;
+}
+
 QString BarTitle(const CategoryEntry& category) {
     if (category.IsTree())
         return IfEmpty(category.TreeName, QStringLiteral("**Right Click**"));

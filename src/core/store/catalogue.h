@@ -35,6 +35,10 @@ ButtonEntry FileButton(const QString& groupPath, const QString& fileName, int co
 // The entry of a drive; "9" stands for the program's own.
 ButtonEntry DriveButton(QChar letter, int controlIndex);
 
+// What the panel writes on a button: its file's name without prefix, style tag and extension; "Drive C" for a
+// drive.
+QString CaptionOf(const ButtonEntry& button);
+
 struct GroupEntry {
     // With its prefix; "My Computer" for the group of drives.
     QString FolderName;

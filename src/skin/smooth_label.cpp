@@ -1,4 +1,4 @@
-#include "skin/label_layout.h"
+#include "skin/smooth_label.h"
 
 #include <QTextOption>
 
@@ -27,7 +27,7 @@ QString WithoutControls(QString text) {
 
 } // namespace
 
-LabelLayout::LabelLayout(const QString& text, const QRect& box, const LabelStyle& style)
+SmoothLabel::SmoothLabel(const QString& text, const QRect& box, const LabelStyle& style)
     : box_(box), style_(style) {
     if (box.width() <= 0 || text.isEmpty())
         return;
@@ -44,25 +44,30 @@ LabelLayout::LabelLayout(const QString& text, const QRect& box, const LabelStyle
     PlaceLines();
 }
 
-void LabelLayout::BreakLines(double width) {
+void SmoothLabel::BreakLines(double width) {
     layout_.beginLayout();
     double height = 0;
     while (true) {
         QTextLine line = layout_.createLine();
         if (!line.isValid())
             break;
-        line.setLineWidth(width);
+        line.setLineWidth(width); // before this it has no height
+        const double lineHeight = std::ceil(line.height());
+        if (IsLastLine(height, lineHeight))
+            line.setLineWidth(kUnlimited);
         line.setPosition({0, height});
-        height += std::ceil(line.height());
-        // The line that is left out would have shown its upper part only.
-        if (!style_.KeepVertical && height + std::ceil(line.height()) > box_.height())
-            break;
+        height += lineHeight;
     }
     layout_.endLayout();
 }
 
+// A line below it would show its upper part only.
+bool SmoothLabel::IsLastLine(double height, double lineHeight) const {
+    return style_.OneLine || (!style_.KeepVertical && height + 2 * lineHeight > box_.height());
+}
+
 // Hinting rounds the widths of letters, so that one step may fall short of the wanted width.
-void LabelLayout::ShrinkTo(double width) {
+void SmoothLabel::ShrinkTo(double width) {
     for (int round = 0; round < kShrinkRounds; ++round) {
         BreakLines(kUnlimited);
         const double measured = layout_.lineAt(0).naturalTextWidth() + 2 * SideRoom();
@@ -74,11 +79,11 @@ void LabelLayout::ShrinkTo(double width) {
     BreakLines(kUnlimited);
 }
 
-double LabelLayout::SideRoom() const {
+double SmoothLabel::SideRoom() const {
     return style_.Font.EmSize / 6;
 }
 
-void LabelLayout::PlaceLines() {
+void SmoothLabel::PlaceLines() {
     double total = 0;
     for (int i = 0; i < layout_.lineCount(); ++i)
         total += std::ceil(layout_.lineAt(i).height());
@@ -95,17 +100,29 @@ void LabelLayout::PlaceLines() {
             left = spare / 2;
         else if (style_.AtColumn == Column::Right)
             left = spare - SideRoom();
-        line.setPosition({box_.left() + std::round(left), top});
+        // Of a line that is too wide the beginning says most.
+        line.setPosition({box_.left() + std::round(std::max(left, SideRoom())), top});
         top += std::ceil(line.height());
     }
 }
 
-void LabelLayout::Draw(QPainter& painter, const QPoint& offset) const {
+void SmoothLabel::Draw(QPainter& painter, const QPoint& offset) const {
     if (layout_.lineCount() > 0)
         layout_.draw(&painter, offset);
 }
 
-QRect LabelLayout::Clip() const {
+bool SmoothLabel::IsCut() const {
+    double height = 0;
+    for (int i = 0; i < layout_.lineCount(); ++i) {
+        const QTextLine line = layout_.lineAt(i);
+        height += std::ceil(line.height());
+        if (line.naturalTextWidth() > box_.width() - SideRoom())
+            return true;
+    }
+    return height > Clip().height() || (layout_.lineCount() == 0 && !layout_.text().isEmpty());
+}
+
+QRect SmoothLabel::Clip() const {
     QRect clip = box_;
     if (style_.KeepVertical) {
         clip.setTop(box_.top() - box_.height() - int(style_.Font.EmSize) * 2);

@@ -1,4 +1,4 @@
-#include "skin/wrap_label.h"
+#include "skin/sharp_label.h"
 
 namespace paneda {
 
@@ -10,7 +10,7 @@ QStringList WrapLabel(const QString& text, double maxWidth, int maxLines,
     const QStringList words = text.split(u' ');
     for (const QString& word : words) {
         const QString tried = first ? word : line + u' ' + word;
-        if (first || closed.size() + 2 >= maxLines || measure(tried) < maxWidth) {
+        if (first || closed.size() + 1 >= maxLines || measure(tried) < maxWidth) {
             line = tried;
             first = false;
         } else {
