@@ -1,6 +1,7 @@
 #include "core/panel/launch.h"
 #include "support/store_builder.h"
 
+#include <QLocale>
 #include <QTest>
 
 using namespace paneda;
@@ -16,6 +17,7 @@ class tst_launch : public QObject {
 private Q_SLOTS:
     void decide_data();
     void decide();
+    void names();
     void readsFields();
     void afterLaunch_data();
     void afterLaunch();
@@ -73,7 +75,7 @@ void tst_launch::decide_data() {
     record("host path", {u"/usr/bin/x"_s, {}, {}, {}, {}}, open(u"/usr/bin/x"_s, {}, u"/usr/bin/"_s));
     record("start in is taken as it is", {uR"(C:\x)"_s, {}, uR"(..\y)"_s, {}, {}},
            open(uR"(C:\x)"_s, {}, uR"(..\y)"_s));
-    record("no target", {{}, u"-a"_s, uR"(C:\)"_s, {}, {}}, {});
+    record("no target", {{}, u"-a"_s, uR"(C:\)"_s, {}, {}}, open({}, u"-a"_s, uR"(C:\)"_s));
 }
 
 void tst_launch::decide() {
@@ -81,9 +83,20 @@ void tst_launch::decide() {
     QFETCH(ButtonFields, fields);
     QFETCH(QString, browser);
     QFETCH(LaunchRequest, expected);
-    const LaunchRequest request = DecideLaunch(path, fields, {uR"(E:\Tools\Paneda)"_s, browser});
+    LaunchRequest request = DecideLaunch(path, fields, {uR"(E:\Tools\Paneda)"_s, browser});
     const QString told = request.Target + u'|' + request.Parameter + u'|' + request.StartIn;
+    request.Name.clear(); // see names()
     QVERIFY2(request == expected, qPrintable(told));
+}
+
+// What a notice of a failed launch calls the button.
+void tst_launch::names() {
+    const auto name = [](const QString& path, const QString& browser) {
+        return DecideLaunch(path, {}, {uR"(E:\Tools)"_s, browser}).Name;
+    };
+    QCOMPARE(name(u"Drive 9"_s, u"default"_s), u"Drive E"_s);
+    for (const QString& kind : {u"pnd"_s, u"url"_s, u"lnk"_s})
+        QCOMPARE(name(uR"(E:\G\[001] Paint 2 [11].)"_s + kind, u"other.exe"_s), u"Paint 2"_s);
 }
 
 void tst_launch::readsFields() {
@@ -125,16 +138,20 @@ void tst_launch::afterLaunch() {
 void tst_launch::toolTips() {
     const test::StoreBuilder store;
     store.AddFile(u"told.pnd"_s, "[Properties]\nDescription=Draws\n");
+    store.AddFile(u"told.desktop"_s, "[Desktop Entry]\nComment=Draws\nComment[de]=Malt\n");
     store.AddFile(u"untold.pnd"_s, "[Properties]\nDescription=\n");
-    const auto tip = [&store](const QString& path, const QString& file, const QString& spare = {}) {
-        return ButtonToolTip({path, {}, spare, 1, {}}, store.Path(file), uR"(g:\Paneda)"_s);
+    const auto tip = [&store](const QString& name, const QString& file, bool cut = false) {
+        return ButtonToolTip({uR"(E:\A\)"_s + name, {}, {}, 1, {}}, store.Path(file), u"g:"_s, cut);
     };
-    QCOMPARE(tip(uR"(E:\A\[001] Paint [11].pnd)"_s, u"told.pnd"_s), u"Draws"_s);
-    QCOMPARE(tip(uR"(E:\A\[001] Paint [11].pnd)"_s, u"untold.pnd"_s), u"Paint.pnd"_s);
-    QCOMPARE(tip(uR"(E:\A\[001] Paint [11].LNK)"_s, u"told.pnd"_s), u"Paint"_s);
-    QCOMPARE(tip(uR"(E:\A\Site.url)"_s, u"none"_s), u"Site.url"_s);
-    QCOMPARE(tip(u"Drive C"_s, {}, u"Drive C:"_s), u"C:"_s);
-    QCOMPARE(tip(u"Drive 9"_s, {}, u"Drive 9:"_s), u"g:"_s);
+    QCOMPARE(tip(u"[001] Paint [11].pnd"_s, u"told.pnd"_s), u"Draws"_s);
+    QCOMPARE(tip(u"[001] Paint [11].pnd"_s, u"told.pnd"_s, true), u"Paint\nDraws"_s);
+    QCOMPARE(tip(u"[001] Paint [11].pnd"_s, u"untold.pnd"_s, true), u"Paint.pnd"_s);
+    QCOMPARE(tip(u"[001] Paint [11].LNK"_s, u"told.pnd"_s), u"Paint"_s);
+    QLocale::setDefault(QLocale(u"de_AT"_s));
+    QCOMPARE(tip(u"Paint.desktop"_s, u"told.desktop"_s), u"Malt"_s);
+    QLocale::setDefault(QLocale(u"fr_FR"_s));
+    QCOMPARE(tip(u"Paint.desktop"_s, u"told.desktop"_s), u"Draws"_s);
+    QCOMPARE(ButtonToolTip({u"Drive 9"_s, {}, u"Drive 9:"_s, 1, {}}, {}, uR"(g:\Paneda)"_s, false), u"g:"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_launch)

@@ -5,30 +5,59 @@
 #include "core/store/names.h"
 #include "core/text/text_rules.h"
 
+#include <QLocale>
+
 namespace paneda {
 
 namespace {
 
 constexpr QStringView kDriveWord = u"Drive ";
+constexpr QStringView kEntryKind = u"DES"; // of "desktop", see ButtonKind
 const QString kSection = QStringLiteral("Properties");
+const QString kEntrySection = QStringLiteral("Desktop Entry");
+
+QString FileNameOf(const QString& storedPath) {
+    return storedPath.sliced(storedPath.lastIndexOf(u'\\') + 1);
+}
 
 LaunchRequest DriveRequest(const QString& path, const QString& appPath) {
     QString letter = path.right(1);
     if (letter == u'9')
         letter = appPath.left(1);
-    return {LaunchRequest::Action::OpenDrive, letter, {}, {}, ShowCommand::Normal};
+    return {LaunchRequest::Action::OpenDrive, letter, {}, {}, ShowCommand::Normal, kDriveWord + letter};
 }
 
-LaunchRequest RecordRequest(const ButtonFields& fields, const QString& appPath) {
+LaunchRequest RecordRequest(const ButtonFields& fields, const QString& appPath, const QString& name) {
     QString target = fields.Target;
     // A path without drive lies on the drive that the program runs from; a network path stays.
     if (target.startsWith(u'\\') && target.mid(1, 1) != u"\\")
         target.prepend(appPath.left(2));
     target = ResolveRelativePath(target, appPath);
-    if (target.isEmpty())
-        return {};
-    return {LaunchRequest::Action::OpenTarget, target, fields.Parameter,
-            IfEmpty(fields.StartIn, FolderOfTarget(target)), ShowCommandOf(fields.WindowState)};
+    return {LaunchRequest::Action::OpenTarget,
+            target,
+            fields.Parameter,
+            IfEmpty(fields.StartIn, FolderOfTarget(target)),
+            ShowCommandOf(fields.WindowState),
+            name};
+}
+
+// A key of a desktop entry in the user's language, where the entry has it.
+QString EntryText(const QString& hostPath, const QString& key) {
+    const IniText entry = ReadIniFile(hostPath);
+    const QString locale = QLocale().name(); // "de_AT"
+    for (const QString& language : {locale, locale.section(u'_', 0, 0)}) {
+        const QString text = entry.Value(kEntrySection, QString(key + u'[' + language + u']'));
+        if (!text.isEmpty())
+            return text;
+    }
+    return entry.Value(kEntrySection, key);
+}
+
+// What a button's file says about itself; empty for nothing.
+QString DescriptionIn(const QString& kind, const QString& hostPath) {
+    if (kind == u"PND")
+        return ReadIni(kSection, QStringLiteral("Description"), hostPath);
+    return kind == kEntryKind ? EntryText(hostPath, QStringLiteral("Comment")) : QString();
 }
 
 } // namespace
@@ -67,17 +96,18 @@ LaunchRequest DecideLaunch(const QString& path, const ButtonFields& fields, cons
     if (path.startsWith(u"Drive"))
         return DriveRequest(path, context.AppPath);
     const QString kind = ButtonKind(path);
+    const QString name = ButtonCaption(FileNameOf(path));
     if (kind == u"PND")
-        return RecordRequest(fields, context.AppPath);
+        return RecordRequest(fields, context.AppPath, name);
     if (kind == u"URL" && context.Browser != u"default")
-        return DecideBrowser(fields.Url, context.Browser);
-    return {LaunchRequest::Action::OpenTarget, path, {}, {}, ShowCommand::Normal};
+        return DecideBrowser(fields.Url, context.Browser, name);
+    return {LaunchRequest::Action::OpenTarget, path, {}, {}, ShowCommand::Normal, name};
 }
 
-LaunchRequest DecideBrowser(const QString& url, const QString& browser) {
+LaunchRequest DecideBrowser(const QString& url, const QString& browser, const QString& name) {
     if (browser == u"default")
-        return {LaunchRequest::Action::OpenTarget, url, {}, {}, ShowCommand::Normal};
-    return {LaunchRequest::Action::OpenBrowser, browser, url, {}, ShowCommand::Normal};
+        return {LaunchRequest::Action::OpenTarget, url, {}, {}, ShowCommand::Normal, name};
+    return {LaunchRequest::Action::OpenBrowser, browser, url, {}, ShowCommand::Normal, name};
 }
 
 bool LaunchesOn(MouseButton button) {
@@ -96,14 +126,15 @@ QString DriveText(const ButtonEntry& button, const QString& appPath) {
     return text == u"9:" ? QString(appPath.left(1) + u':') : text;
 }
 
-QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath) {
+QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath,
+                      bool labelIsCut) {
     if (!button.Spare.isEmpty())
         return DriveText(button, appPath);
-    const QString fileName = button.Path.sliced(button.Path.lastIndexOf(u'\\') + 1);
-    const QString name = WithoutLnk(StripOrderPrefix(fileName));
-    if (ButtonKind(button.Path) != u"PND")
-        return name;
-    return ReadIni(kSection, QStringLiteral("Description"), hostPath, name);
+    const QString fileName = FileNameOf(button.Path);
+    const QString description = DescriptionIn(ButtonKind(button.Path), hostPath);
+    if (description.isEmpty())
+        return WithoutLnk(StripOrderPrefix(fileName));
+    return labelIsCut ? QString(CaptionOf(button) + u'\n' + description) : description;
 }
 
 } // namespace paneda

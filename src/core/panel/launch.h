@@ -23,6 +23,9 @@ struct LaunchRequest {
     QString Parameter; // command line; empty for none
     QString StartIn;   // working folder; empty for none
     ShowCommand Show = ShowCommand::Normal;
+    // What the user has pressed, for a message that it cannot be started: a button's caption, a menu's item.
+    // Empty where nothing of that name is on the screen.
+    QString Name = {};
 
     friend bool operator==(const LaunchRequest&, const LaunchRequest&) = default;
 };
@@ -61,11 +64,12 @@ QString ButtonKind(const QString& path);
 // Reads the fields that the kind of the button's file asks for. `hostPath` is the host's path of that file.
 ButtonFields ReadButtonFields(const QString& hostPath);
 
-// What a press on the button with this path (stored form, or "Drive X") starts.
+// What a press on the button with this path (stored form, or "Drive X") starts. A record without a target
+// gives a request with an empty one, so that the press does not stay without an answer.
 LaunchRequest DecideLaunch(const QString& path, const ButtonFields& fields, const LaunchContext& context);
 
-// How a web address is opened.
-LaunchRequest DecideBrowser(const QString& url, const QString& browser);
+// How a web address is opened. `name`: see LaunchRequest.
+LaunchRequest DecideBrowser(const QString& url, const QString& browser, const QString& name = {});
 
 // Whether a press with this mouse button launches at all.
 bool LaunchesOn(MouseButton button);
@@ -77,8 +81,11 @@ AfterLaunch DecideAfterLaunch(MouseButton button, int shiftMask, bool hideAfterL
 // What a drive button stands for: "C:", the program's own drive for the one named 9.
 QString DriveText(const ButtonEntry& button, const QString& appPath);
 
-// Tool tip of a button: the description of a record, else its file name without prefix and style tag; of a
-// drive button, its drive.
-QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath);
+// Tool tip of a button: the description of a record or the comment of a desktop entry (in the user's language
+// where the entry has it), else the file name without prefix and style tag; of a drive button, its drive.
+// With `labelIsCut` the caption stands in a line above a description or comment. `hostPath` is the host's
+// path of the button's file.
+QString ButtonToolTip(const ButtonEntry& button, const QString& hostPath, const QString& appPath,
+                      bool labelIsCut);
 
 } // namespace paneda

@@ -382,7 +382,8 @@ void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) const {
     }
     const ButtonEntry& button = ButtonAt(area);
     const QString tip =
-        ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath);
+        ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
+                      look_->CutsLabel(button, area.Rect.size()));
     // As text, whatever marks a description holds.
     QToolTip::showText(global, tip.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")),
                        const_cast<frmMain*>(this), area.Rect);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/panel/panel_geometry.h"
+#include "core/store/catalogue.h"
 
 #include <QImage>
 #include <QRect>
+#include <QSize>
 #include <QString>
 
 namespace paneda {
@@ -34,6 +36,9 @@ public:
 
     // What is told of a drive button besides its letter; empty if nothing is known.
     virtual QString DriveTip(int controlIndex) const = 0;
+
+    // Whether a button of this size, in pixels, has no room for all of its label.
+    virtual bool CutsLabel(const ButtonEntry& button, const QSize& size) = 0;
 
     // Prepares one more picture that will be asked for some time. False when there is none left to prepare.
     virtual bool PrepareNext() = 0;

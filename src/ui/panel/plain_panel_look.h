@@ -19,6 +19,8 @@ public:
     QRect LogoArea() const override { return {}; }
     void RefreshDrives() override {}
     QString DriveTip(int) const override { return {}; }
+    // Texts without room are cut everywhere in this look; a caption too many does no harm in a tip.
+    bool CutsLabel(const ButtonEntry&, const QSize&) override { return true; }
     bool PrepareNext() override { return false; }
 
 private:

@@ -1,6 +1,7 @@
 #include "ui/panel/skinned_panel_look.h"
 
 #include "core/store/store_layout.h"
+#include "skin/button_label.h"
 #include "skin/frame_geometry.h"
 #include "skin/picture_cache.h"
 #include "ui/panel/button_icons.h"
@@ -154,6 +155,11 @@ QString SkinnedPanelLook::DriveTip(int controlIndex) const {
             return DriveToolTip(drive.Button.Drive, drive.Info);
     }
     return {};
+}
+
+bool SkinnedPanelLook::CutsLabel(const ButtonEntry& button, const QSize& size) {
+    const TwipsRect box{0, 0, PixelsToTwips(size.width()), PixelsToTwips(size.height())};
+    return ButtonLabel(DecodeStyle(button.Style), CaptionOf(button), box, theme_, fonts_).IsCut();
 }
 
 bool SkinnedPanelLook::PrepareNext() {

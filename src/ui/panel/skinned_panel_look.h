@@ -35,6 +35,7 @@ public:
     QRect LogoArea() const override;
     void RefreshDrives() override;
     QString DriveTip(int controlIndex) const override;
+    bool CutsLabel(const ButtonEntry& button, const QSize& size) override;
     bool PrepareNext() override;
 
     // The sizes of the skin's pictures, for the cache.
