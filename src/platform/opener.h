@@ -16,9 +16,10 @@ class Opener {
 public:
     virtual ~Opener() = default;
 
-    // Begins what the request asks for and returns at once. Nothing comes back: what cannot be started does
-    // not start, and where a shortcut leads nowhere the desktop tells the user. Started programs live on
-    // their own and leave no zombie.
+    // Begins what the request asks for and returns at once. Nothing comes back: where something cannot be
+    // found or started, the desktop says so to the user, by a notification on Linux and by the shell's own
+    // message on Windows. Neither keeps the panel waiting for an answer. Started programs run on when the
+    // panel ends and leave no zombie.
     virtual void Open(const LaunchRequest& request, const LaunchPaths& paths) = 0;
 };
 

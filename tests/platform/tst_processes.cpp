@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -80,6 +81,7 @@ private Q_SLOTS:
     void cleanup();
     void markOfOtherProcess();
     void startedProgram();
+    void failedOpener();
     void descent();
 
 private:
@@ -173,6 +175,30 @@ void tst_processes::startedProgram() {
     QVERIFY(next.TryLock(File("program")));
     cleanup();
     QTRY_VERIFY(!StatusOf(processId).contains("State:\tS"));
+}
+
+// Only the opener's exit status says that nothing could open an address.
+void tst_processes::failedOpener() {
+    QFile opener(File("xdg-open"));
+    QVERIFY(opener.open(QIODevice::WriteOnly));
+    opener.write("#!/bin/sh\ncase $1 in https:*) exit 3;; esac\n");
+    opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    opener.close();
+    qputenv("PATH", QFile::encodeName(folder_.path()));
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS"); // notices go to the standard error
+    const auto open = [this](const QString& target, const QString& name) {
+        LinuxOpener().Open({LaunchRequest::Action::OpenTarget, target, {}, {}, ShowCommand::Normal, name},
+                           paths_);
+    };
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(u"^\"Help\" cannot be opened.\nhttps://a: The desktop"_s));
+    open(u"https://a"_s, u"Help"_s);
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(u"^\"Gone\" cannot be opened.\n/gone: This is not"_s));
+    open(u"/gone"_s, u"Gone"_s);
+    QTest::failOnWarning(QRegularExpression(u"."_s));
+    open(u"mailto:a"_s, u"Mail"_s);
+    QVERIFY(::waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD);
 }
 
 void tst_processes::descent() {

@@ -147,8 +147,8 @@ void tst_shortcuts::problems_data() {
     row("bare",
         u"The shortcut points to \"tool\", and \"@/app/tool\" is not there. Put the file there, or make "
         "a button for one that is here."_s);
-    row("drive", u"The shortcut points to \"Q:\\x.exe\", and there is no drive Q: here. Connect the drive "
-                 "and start the program again."_s);
+    row("drive", u"The shortcut points to \"Q:\\x.exe\", and there is no drive Q: here. Connect it "
+                 "and try again."_s);
     row("variable", u"The shortcut points to \"%ProgramFiles%\\x.exe\", and Windows alone knows where "
                     "\"%ProgramFiles%\" is. Put a shortcut with a full path in its place."_s);
     row("network", u"The shortcut points to \"\\\\server\\share\\x.exe\", which lies on the network. Make a "

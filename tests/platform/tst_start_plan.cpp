@@ -53,7 +53,7 @@ QString tst_start_plan::Stored(const QString& text) const {
 QString tst_start_plan::Describe(const LaunchRequest& request) const {
     const StartPlan plan = PlanStart(request, paths_);
     if (plan.Program.isEmpty())
-        return u"nothing"_s;
+        return QString(plan.Problem).replace(folder_.path(), u"@"_s);
     QString text = plan.Program + u'(' + plan.Arguments.join(u'|') + u')';
     if (!plan.WorkingFolder.isEmpty())
         text += u" in "_s + plan.WorkingFolder;
@@ -78,6 +78,7 @@ void tst_start_plan::initTestCase() {
     Put(u"app/term.desktop"_s, "[Desktop Entry]\nExec=run \"a b\"\nTerminal=true\n", false);
     Put(u"app/link.desktop"_s, "[Desktop Entry]\nType=Link\nURL=https://a\n", false);
     Put(u"app/none.desktop"_s, "[Desktop Entry]\n", false);
+    Put(u"app/none.url"_s, "[InternetShortcut]\n", false);
     QCOMPARE(::mkfifo(QFile::encodeName(folder_.filePath(u"app/pipe"_s)).constData(), 0700), 0);
     for (const char* name : {"xdg-open", "xterm", "firefox", "onpath"})
         Put(u"bin/"_s + QLatin1StringView(name), script, true);
@@ -114,7 +115,8 @@ void tst_start_plan::targets_data() {
     row("entry with path", "@/app/path.desktop", "", "@/app/Inner", "run() in /usr own");
     row("entry in a terminal", "@/app/term.desktop", "", "", "@/bin/xterm(-e|run|a b) in @/home own");
     row("entry of a link", "@/app/link.desktop", "", "", "@/bin/xdg-open(https://a) in @/app");
-    row("entry without command", "@/app/none.desktop", "", "", "nothing");
+    row("entry without command", "@/app/none.desktop", "", "",
+        "@/app/none.desktop: This desktop entry holds no command that can be run.");
     // Ways to name a target.
     row("host path", "/bin/sh", "-c x", "", "/bin/sh(-c|x) in /bin own");
     row("other case", "@/APP/inner/SCRIPT", "", "", "@/app/Inner/Script() in @/app/Inner own");
@@ -122,9 +124,18 @@ void tst_start_plan::targets_data() {
     row("without drive", R"(\bin\sh)", "", "", "/bin/sh() in /bin own");
     row("in the search path", "onpath", "", "", "@/bin/onpath() in @/bin own");
     row("own folder before the search path", "Twice", "", "", "@/app/twice() in @/app own");
-    row("not below the search path", R"(Inner\onpath)", "", "", "nothing");
-    row("drive without volume", R"(Q:\app\tool)", "", "", "nothing");
-    row("network path", R"(\\server\share\tool)", "", "", "nothing");
+    row("not there", R"(Inner\onpath)", "", "",
+        "@/app/Inner/onpath: This is not there. Put it there, or change the button's target.");
+    row("no such program", "nosuch", "", "",
+        "nosuch: This is not there. Put it there, or change the button's target.");
+    row("no target", "", "", "", "It has no target. Give it one.");
+    row("drive without volume", R"(q:\app\tool)", "", "",
+        R"(q:\app\tool: There is no drive Q: here. Connect it and try again.)");
+    row("network path", R"(\\server\share\tool)", "", "",
+        R"(\\server\share\tool: )"
+        "This lies on the network. Make a button for the place where this computer has it.");
+    row("shortcut without address", "@/app/none.url", "", "",
+        "@/app/none.url: This shortcut holds no address.");
     // Start folders.
     row("start folder", "@/app/tool", "", "@/home", "@/app/tool() in @/home own");
     row("start folder gone", "@/app/tool", "", "@/gone", "@/app/tool() in @/app own");
@@ -157,7 +168,8 @@ void tst_start_plan::otherActions_data() {
                             << QString::fromUtf8(plan);
     };
     row("drive", Action::OpenDrive, "c", "", "@/bin/xdg-open(/) in /");
-    row("drive without volume", Action::OpenDrive, "Q", "", "nothing");
+    row("drive without volume", Action::OpenDrive, "Q", "",
+        "There is no drive Q: here. Connect it and try again.");
     row("browser by path", Action::OpenBrowser, "@/app/Inner/script", "https://a b",
         "@/app/Inner/Script(https://a b) own");
     row("browser by name", Action::OpenBrowser, "firefox", "https://a", "@/bin/firefox(https://a) own");
@@ -183,7 +195,12 @@ void tst_start_plan::openers() {
     const QString withNone = Describe(request);
     qputenv("PATH", path);
     QCOMPARE(withOther, u"@/other/gio(open|https://a)"_s);
-    QCOMPARE(withNone, u"nothing"_s);
+    QVERIFY2(withNone.startsWith(u"https://a: This system has no program that opens files"_s),
+             qPrintable(withNone));
+    // What was pressed is named first.
+    LaunchRequest drive{LaunchRequest::Action::OpenDrive, u"Q"_s, {}, {}, ShowCommand::Normal, u"Drive Q"_s};
+    QVERIFY(
+        PlanStart(drive, paths_).Problem.startsWith(u"\"Drive Q\" cannot be opened.\nThere is no drive Q"_s));
 }
 
 QTEST_GUILESS_MAIN(tst_start_plan)

@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -184,9 +185,18 @@ void tst_windows_shell::targetsThatAreMissing() {
     QVERIFY2(QFile::exists(drive.File), qPrintable(drive.File));
     QCOMPARE(drive.Parameters, u"C:"_s);
     ShellOpener opener;
-    for (const QString& target :
-         QStringList{u"Q:\\gone.exe"_s, app_ + u"\\gone.txt"_s, u" "_s, u"no-such-program"_s})
+    const QStringList missing{u"Q:\\gone.exe"_s, app_ + u"\\gone.txt"_s, u" "_s, u"no-such-program"_s};
+    for (const QString& target : missing)
         opener.Open({LaunchRequest::Action::OpenTarget, target, {}, {}, ShowCommand::Normal}, paths_);
+    // A message for each, which the user closes when there is time.
+    QSet<HWND> boxes;
+    const auto closeBoxes = [&boxes] {
+        const HWND box = FindWindowW(L"#32770", nullptr);
+        if (box && PostMessageW(box, WM_CLOSE, 0, 0))
+            boxes.insert(box);
+        return boxes.size();
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(closeBoxes(), missing.size(), 20'000);
 }
 
 void tst_windows_shell::icons_data() {

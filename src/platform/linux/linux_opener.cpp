@@ -1,7 +1,9 @@
 #include "platform/linux/linux_opener.h"
 
+#include "core/files/file_io.h"
 #include "platform/linux/session_notice.h"
 #include "platform/linux/start_plan.h"
+#include "platform/linux/watched_start.h"
 #include "platform/linux/window_watch.h"
 
 #include <QProcess>
@@ -12,20 +14,33 @@ namespace {
 
 constexpr int kWorkers = 8;
 
-void Start(const StartPlan& plan) {
-    if (!plan.Problem.isEmpty())
-        TellSession(plan.Problem);
-    if (plan.Program.isEmpty())
-        return;
+// Empty, or why it does not run.
+QString StartDetached(const StartPlan& plan) {
     QProcess process;
     process.setProgram(plan.Program);
     process.setArguments(plan.Arguments);
     process.setWorkingDirectory(plan.WorkingFolder);
     process.setStandardInputFile(QProcess::nullDevice());
     qint64 processId = 0;
-    // A start that fails shows nothing, as told in Opener.
-    if (process.startDetached(&processId) && plan.OwnsWindow && plan.Show != ShowCommand::Normal)
+    if (!process.startDetached(&processId))
+        return FileError{plan.Program, QStringLiteral("The program cannot be started.")}.Text();
+    if (plan.Show != ShowCommand::Normal)
         ShowFirstWindow(processId, plan.Show);
+    return {};
+}
+
+QString StartOpener(const StartPlan& plan) {
+    const QString reason = StartWatched(plan.Program, plan.Arguments, plan.WorkingFolder);
+    return reason.isEmpty() ? QString() : FileError{plan.Arguments.last(), reason}.Text();
+}
+
+void Start(const LaunchRequest& request, const LaunchPaths& paths) {
+    const StartPlan plan = PlanStart(request, paths);
+    QString problem = plan.Problem;
+    if (!plan.Program.isEmpty())
+        problem = ProblemText(request.Name, plan.OwnsWindow ? StartDetached(plan) : StartOpener(plan));
+    if (!problem.isEmpty())
+        TellSession(problem);
 }
 
 } // namespace
@@ -35,7 +50,7 @@ LinuxOpener::LinuxOpener() {
 }
 
 void LinuxOpener::Open(const LaunchRequest& request, const LaunchPaths& paths) {
-    workers_.start([request, paths] { Start(PlanStart(request, paths)); });
+    workers_.start([request, paths] { Start(request, paths); });
 }
 
 } // namespace paneda

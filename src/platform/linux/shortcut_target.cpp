@@ -42,7 +42,7 @@ QString WhyMissing(const QString& file, const ShellLink& link, const LaunchPaths
                                        "computer has it.");
     if (HasDrive(target) && paths.Drives.RootOf(target[0]).isEmpty())
         return points + QStringLiteral("and there is no drive ") + target[0] +
-               QStringLiteral(": here. Connect the drive and start the program again.");
+               QStringLiteral(": here. Connect it and try again.");
     const QString host = HasDrive(target) ? paths.Drives.ToHost(target, paths.AppPath) : Beside(file, target);
     return points + QStringLiteral("and \"") + host +
            QStringLiteral("\" is not there. Put the file there, or make a button for one that is here.");

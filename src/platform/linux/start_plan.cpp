@@ -1,5 +1,6 @@
 #include "platform/linux/start_plan.h"
 
+#include "core/files/file_io.h"
 #include "core/files/ini_file.h"
 #include "core/store/names.h"
 #include "platform/linux/desktop_entry.h"
@@ -23,8 +24,18 @@ QString FirstInSearchPath(const QStringList& names) {
     return {};
 }
 
+// Nothing to start: why, for the user. `target` is empty where the reason says all.
+StartPlan Unable(const QString& target, const QString& reason) {
+    StartPlan plan;
+    plan.Problem = target.isEmpty() ? reason : FileError{target, reason}.Text();
+    return plan;
+}
+
 StartPlan OpenByDesktop(const QString& target, const QString& folder) {
     const QString opener = FirstInSearchPath({QStringLiteral("xdg-open"), QStringLiteral("gio")});
+    if (opener.isEmpty())
+        return Unable(target, QStringLiteral("This system has no program that opens files and addresses for "
+                                             "others. Install xdg-utils."));
     if (opener.endsWith(QStringLiteral("/gio")))
         return {opener, {QStringLiteral("open"), target}, folder};
     return {opener, {target}, folder};
@@ -38,13 +49,16 @@ QString InTerminal(QStringList& arguments) {
     return terminal;
 }
 
-StartPlan PlanCommand(QStringList words, bool terminal, const QString& folder) {
-    if (words.isEmpty())
-        return {};
-    if (terminal) {
-        const QString program = InTerminal(words);
-        return {program, words, folder, true};
-    }
+StartPlan PlanInTerminal(QStringList words, const QString& folder) {
+    const QString command = words.first();
+    const QString program = InTerminal(words);
+    if (program.isEmpty())
+        return Unable(command, QStringLiteral("It runs in a terminal, and none is installed here, such as "
+                                              "xterm."));
+    return {program, words, folder, true};
+}
+
+StartPlan PlanCommand(QStringList words, const QString& folder) {
     return {words.takeFirst(), words, folder, true};
 }
 
@@ -94,7 +108,38 @@ StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const Q
     const QString own = QFileInfo(file).absolutePath();
     const QString start = QDir(folder) == QDir(own) ? QDir::homePath() : folder;
     const QString working = QFileInfo(entry.Path).isDir() ? entry.Path : start;
-    return PlanCommand(ExpandExec(entry, file, files), entry.Terminal, working);
+    const QStringList words = ExpandExec(entry, file, files);
+    if (words.isEmpty())
+        return Unable(file, QStringLiteral("This desktop entry holds no command that can be run."));
+    return entry.Terminal ? PlanInTerminal(words, working) : PlanCommand(words, working);
+}
+
+StartPlan WithoutDrive(const QString& target, QChar letter) {
+    return Unable(target, QStringLiteral("There is no drive ") + letter.toUpper() +
+                              QStringLiteral(": here. Connect it and try again."));
+}
+
+StartPlan PlanMissing(const QString& target, const LaunchPaths& paths) {
+    if (target.isEmpty())
+        return Unable({}, QStringLiteral("It has no target. Give it one."));
+    if (target.startsWith(QStringLiteral("\\\\")))
+        return Unable(target,
+                      QStringLiteral("This lies on the network. Make a button for the place where this "
+                                     "computer has it."));
+    const QString host = paths.Drives.ToHost(target, paths.AppPath);
+    if (host.isEmpty())
+        return WithoutDrive(target, target[0]);
+    // A bare name has been looked for in the search path as well.
+    const bool isName = !target.contains(u'\\') && !target.contains(u'/');
+    return Unable(isName ? target : host,
+                  QStringLiteral("This is not there. Put it there, or change the button's target."));
+}
+
+StartPlan PlanInternetShortcut(const QString& file, const QString& folder) {
+    const QString address = ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), file);
+    if (address.isEmpty())
+        return Unable(file, QStringLiteral("This shortcut holds no address."));
+    return OpenByDesktop(address, folder);
 }
 
 StartPlan PlanFollowed(const LaunchRequest& request, const LaunchPaths& paths) {
@@ -108,16 +153,15 @@ StartPlan PlanFollowed(const LaunchRequest& request, const LaunchPaths& paths) {
     switch (KindOf(target)) {
     case TargetKind::Missing:
     case TargetKind::Shortcut: // has been followed
-        return {};
+        return PlanMissing(request.Target, paths);
     case TargetKind::DesktopFile:
         return PlanDesktopFile(target, arguments, folder);
     case TargetKind::InternetShortcut:
-        return OpenByDesktop(ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), target),
-                             folder);
+        return PlanInternetShortcut(target, folder);
     case TargetKind::Program:
-        return PlanCommand(QStringList(target) + arguments, false, folder);
+        return PlanCommand(QStringList(target) + arguments, folder);
     case TargetKind::ShellScript:
-        return PlanCommand(QStringList{QStringLiteral("/bin/sh"), target} + arguments, false, folder);
+        return PlanCommand(QStringList{QStringLiteral("/bin/sh"), target} + arguments, folder);
     case TargetKind::Folder:
     case TargetKind::Document:
         return OpenByDesktop(target, folder);
@@ -127,10 +171,17 @@ StartPlan PlanFollowed(const LaunchRequest& request, const LaunchPaths& paths) {
 
 StartPlan PlanTarget(const LaunchRequest& request, const LaunchPaths& paths) {
     const auto followed = FollowShortcuts(request, paths);
-    StartPlan plan = followed ? PlanFollowed(*followed, paths) : StartPlan();
-    plan.Show = followed ? followed->Show : ShowCommand::Normal;
-    plan.Problem = followed ? QString() : followed.error().Text();
+    if (!followed)
+        return Unable(followed.error().Path, followed.error().Reason);
+    StartPlan plan = PlanFollowed(*followed, paths);
+    plan.Show = followed->Show;
     return plan;
+}
+
+StartPlan PlanDrive(const QString& letter, const LaunchPaths& paths) {
+    const QChar drive = letter.isEmpty() ? QChar(u'?') : letter[0];
+    const QString root = paths.Drives.RootOf(drive);
+    return root.isEmpty() ? WithoutDrive({}, drive) : OpenByDesktop(root, root);
 }
 
 // The settings of a store that has been to another system may name "firefox.exe".
@@ -145,22 +196,32 @@ StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
     return OpenByDesktop(request.Parameter, {});
 }
 
-} // namespace
-
-StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths) {
+StartPlan PlanAction(const LaunchRequest& request, const LaunchPaths& paths) {
     switch (request.What) {
     case LaunchRequest::Action::Nothing:
         return {};
-    case LaunchRequest::Action::OpenDrive: {
-        const QString root = paths.Drives.RootOf(request.Target.isEmpty() ? QChar() : request.Target[0]);
-        return root.isEmpty() ? StartPlan() : OpenByDesktop(root, root);
-    }
+    case LaunchRequest::Action::OpenDrive:
+        return PlanDrive(request.Target, paths);
     case LaunchRequest::Action::OpenTarget:
         return PlanTarget(request, paths);
     case LaunchRequest::Action::OpenBrowser:
         return PlanBrowser(request, paths);
     }
     return {};
+}
+
+} // namespace
+
+QString ProblemText(const QString& name, const QString& problem) {
+    if (name.isEmpty() || problem.isEmpty())
+        return problem;
+    return u'"' + name + QStringLiteral("\" cannot be opened.\n") + problem;
+}
+
+StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths) {
+    StartPlan plan = PlanAction(request, paths);
+    plan.Problem = ProblemText(request.Name, plan.Problem);
+    return plan;
 }
 
 } // namespace paneda

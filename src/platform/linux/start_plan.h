@@ -15,7 +15,9 @@ struct StartPlan {
     // The first window of the process is the target's own, and not one of the desktop's opener.
     bool OwnsWindow = false;
     ShowCommand Show = ShowCommand::Normal; // of that window
-    QString Problem = {}; // why there is nothing to start, for the user; empty when there is nothing to tell
+    // Why there is nothing to start, for the user: what was pressed, the path and the reason. Empty when
+    // there is something to start.
+    QString Problem = {};
 
     friend bool operator==(const StartPlan&, const StartPlan&) = default;
 };
@@ -23,5 +25,9 @@ struct StartPlan {
 // What to start for a request. Documents, folders and addresses go to the desktop's opener. A Windows
 // shortcut stands for what it points to.
 StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths);
+
+// A text for the user about something that cannot be opened: what was pressed, if that has a name, and what
+// the problem is. Empty without a problem.
+QString ProblemText(const QString& name, const QString& problem);
 
 } // namespace paneda

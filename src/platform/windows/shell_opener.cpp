@@ -41,24 +41,44 @@ QString ExistingFolder(const QString& startIn, const QString& target, const Laun
     return !own.isEmpty() && QFileInfo(own).isDir() ? own : QString();
 }
 
-void Start(const LaunchRequest& request, const LaunchPaths& paths, HWND owner) {
-    const ComScope com;
-    const QuietErrors quiet;
-    const ShellCall call = PlanShellCall(request, paths);
-    if (call.File.isEmpty())
-        return;
+SHELLEXECUTEINFOW InfoOf(const ShellCall& call) {
     SHELLEXECUTEINFOW info{};
     info.cbSize = sizeof info;
     // This thread has no message loop that could go on with the start once the call has returned.
-    info.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
-    info.hwnd = owner;
+    info.fMask = SEE_MASK_NOASYNC;
     info.lpVerb = WideOrNone(call.Verb);
     info.lpFile = Wide(call.File);
     info.lpParameters = WideOrNone(call.Parameters);
     info.lpDirectory = WideOrNone(call.Folder);
     info.nShow = int(call.Show);
-    // Ignored: a start that fails shows nothing, as told in Opener.
-    ShellExecuteExW(&info);
+    return info;
+}
+
+// The shell has no message for this. Like the shell's, this one belongs to no window.
+void TellEmptyTarget(const LaunchRequest& request) {
+    if (request.What == LaunchRequest::Action::Nothing)
+        return;
+    const QString text = u'"' + request.Name + QStringLiteral("\" has no target. Give it one.");
+    MessageBoxW(nullptr, Wide(text), L"Paneda Launcher", MB_OK | MB_ICONERROR | MB_SETFOREGROUND);
+}
+
+void Start(const LaunchRequest& request, const LaunchPaths& paths, HWND owner) {
+    const ComScope com;
+    const QuietErrors quiet;
+    const ShellCall call = PlanShellCall(request, paths);
+    if (call.File.isEmpty()) {
+        TellEmptyTarget(request);
+        return;
+    }
+    SHELLEXECUTEINFOW first = InfoOf(call);
+    first.fMask |= SEE_MASK_FLAG_NO_UI;
+    first.hwnd = owner;
+    if (ShellExecuteExW(&first) || GetLastError() == ERROR_CANCELLED)
+        return;
+    // The shell says itself what is wrong, or asks which program is to open the file. Its message belongs to
+    // no window, so that the panel does not wait for an answer.
+    SHELLEXECUTEINFOW second = InfoOf(call);
+    ShellExecuteExW(&second);
 }
 
 } // namespace

@@ -36,15 +36,16 @@ MenuActions PanelDialogs::Actions() {
     MenuActions actions;
     actions.Setting = [this] { OpenSetting(); };
     actions.Help = [this] {
-        OpenUrl(HelpAddress(HelpTopic::Index, state_.AppFolder, state_.HomepageAddress));
+        OpenUrl(HelpAddress(HelpTopic::Index, state_.AppFolder, state_.HomepageAddress),
+                QStringLiteral("Help"));
     };
     actions.TreeOpacity = [this](double opacity) { state_.TreeOpacity = opacity; };
     actions.About = [this] { OpenCredit(); };
-    actions.Donate = [this, web] { OpenUrl(web.Donate); };
+    actions.Donate = [this, web] { OpenUrl(web.Donate, QStringLiteral("Donate")); };
     actions.Close = services_.Close;
-    actions.Homepage = [this, web] { OpenUrl(web.Home); };
-    actions.WebSearch = [this, web] { OpenUrl(web.Search); };
-    actions.Wallpapers = [this, web] { OpenUrl(web.Wallpapers); };
+    actions.Homepage = [this, web] { OpenUrl(web.Home, QStringLiteral("Paneda Homepage")); };
+    actions.WebSearch = [this, web] { OpenUrl(web.Search, QStringLiteral("Web Search")); };
+    actions.Wallpapers = [this, web] { OpenUrl(web.Wallpapers, QStringLiteral("Wallpapers of the Day")); };
     return actions;
 }
 
@@ -64,8 +65,8 @@ void PanelDialogs::OpenCredit() {
     ShowOne(credit_, [this] { return new frmCredit(state_, services_.SoundPlayer); });
 }
 
-void PanelDialogs::OpenUrl(const QString& url) {
-    services_.Opener.Open(DecideBrowser(url, state_.Browser), {state_.Drives, state_.AppPath});
+void PanelDialogs::OpenUrl(const QString& url, const QString& name) {
+    services_.Opener.Open(DecideBrowser(url, state_.Browser, name), {state_.Drives, state_.AppPath});
 }
 
 } // namespace paneda

@@ -35,7 +35,7 @@ public:
 private:
     void OpenSetting();
     void OpenCredit();
-    void OpenUrl(const QString& url);
+    void OpenUrl(const QString& url, const QString& name);
 
     AppState& state_;
     DialogServices services_;
