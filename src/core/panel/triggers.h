@@ -1,33 +1,14 @@
 #pragma once
 
+#include "core/panel/window_places.h"
 #include "core/settings/app_state.h"
-#include "core/text/twips.h"
 
 #include <optional>
-#include <vector>
 
 namespace paneda {
 
-// How a hidden panel is called, and where it and its satellites come to stand. All measures are twips; pixels
-// are turned into them before, and back after. Nothing here looks at a window: callers tell what they see.
-
-// The part of a screen that the desktop leaves to windows.
-struct WorkArea {
-    int Left = 0;
-    int Top = 0;
-    int Right = 0;
-    int Bottom = 0;
-
-    friend bool operator==(const WorkArea&, const WorkArea&) = default;
-};
-
-// A window's top left corner.
-struct WindowPlace {
-    int Left = 0;
-    int Top = 0;
-
-    friend bool operator==(const WindowPlace&, const WindowPlace&) = default;
-};
+// How a hidden panel is called, and what a call does. (Where windows stand, snapping included, is decided in
+// window_places.h.) All measures are twips. Nothing here looks at a window: callers say what they see.
 
 enum class Trigger { Hotkey = 'K', Mouse = 'M' };
 
@@ -76,53 +57,17 @@ struct TogglePlan {
 // cursor, as the settings say for this trigger. A place that it chooses is not to be saved.
 TogglePlan ToggleByTrigger(const ToggleInput& input, const AppState& state);
 
-// The saved place, moved so that the panel passes neither the right nor the bottom edge.
-WindowPlace HeldToFarEdges(WindowPlace saved, TwipsSize panel, const WorkArea& area);
-
-// The place of a panel that has been dragged: an edge within 300 twips inside the same edge of the work area
-// snaps to it, left and top first. Beyond the work area nothing snaps.
-WindowPlace SnapToEdges(const TwipsRect& panel, const WorkArea& area);
-
-// What a satellite window is placed by: the panel and the screen that it stands on.
-struct PlaceScene {
-    TwipsRect Panel;
-    TwipsSize Screen;
-    int WorkAreaBottom = 0;
-    WindowPlace ScreenOrigin{}; // the screen's corner on the desktop that all screens share
-};
-
-// The border label that a placed window shows, on its side away from the panel. Only mode 3 decides it.
-enum class BorderLabel { AsItIs, Left, Right };
-
-struct PlacedWindow {
-    WindowPlace Place;
-    BorderLabel Border = BorderLabel::AsItIs;
-
-    friend bool operator==(const PlacedWindow&, const PlacedWindow&) = default;
-};
-
-// Places a window beside the panel with a gap of `extra`: at its left when the panel stands in the right half
-// of the screen, else at its right. Mode 1 centres it on the screen's height, 2 aligns the tops, 3 centres it
-// on the panel; any other mode leaves the top alone.
-PlacedWindow PlaceWindow(const TwipsRect& window, int mode, int extra, const PlaceScene& scene);
-
-// The area that holds the point, else the one nearest to it. An empty area when there are none.
-WorkArea NearestArea(const std::vector<WorkArea>& areas, WindowPlace point);
-
-// A saved place on a screen that is gone: unless enough of the panel to grab it lies on some area, it is
-// moved into the nearest one. Without areas the place stays.
-WindowPlace BringIntoView(WindowPlace saved, TwipsSize panel, const std::vector<WorkArea>& areas);
-
 // What could call a hidden panel back on this desktop, as it is now.
 struct CallBackWays {
-    bool Tray = false;   // a tray icon is to be seen
-    bool Hotkey = false; // the hotkey could be had
-    bool Mouse = false;  // the mouse trigger is on and the desktop lets the button be seen
+    bool Tray = false;   // a tray shows the program's icon
+    bool Hotkey = false; // the hotkey is registered
+    bool Mouse = false;  // the mouse trigger is on, and the desktop lets the program see the button
 };
 
 enum class HideMeans { Hide, Minimize };
 
-// A panel that nothing could call back is minimized, so that it stays in the list of windows.
+// A panel that nothing could call back is minimized instead, so that it stays in the desktop's list of
+// windows.
 HideMeans HowToHide(const CallBackWays& ways);
 
 } // namespace paneda

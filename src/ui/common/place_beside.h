@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/panel/triggers.h"
+#include "core/panel/window_places.h"
 
 class QWidget;
 

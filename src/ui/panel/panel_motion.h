@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/panel/triggers.h"
+#include "core/panel/window_places.h"
 #include "core/settings/app_state.h"
 
 #include <QPoint>

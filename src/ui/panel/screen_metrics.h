@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/panel/panel_geometry.h"
-#include "core/panel/triggers.h"
+#include "core/panel/window_places.h"
 
 #include <vector>
 
