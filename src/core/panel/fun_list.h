@@ -13,15 +13,15 @@ struct FunList {
     QDateTime FunLast;    // the last double click, or later as long as its sound plays
 };
 
-// Lists the MP3 files of a folder (host path). Without a file 01.mp3, in any case of letters, there is
-// nothing to play, whatever else lies there.
+// Lists the MP3 files of a folder (host path). A folder without 01.mp3 (in any case of letters) has nothing
+// to play, whatever else lies in it.
 FunList LoadFunList(const QString& folder, const QDateTime& now);
 
 // A double click: the name of the file to play, empty for none. After more than 5 s without sound and click
 // the row starts again.
 QString NextFunFile(FunList& list, const QDateTime& now);
 
-// A look at the sound, once a second. False when it is over and there is no need to look again.
+// To be called once a second while a sound plays. False when it is over; then the calls can stop.
 bool FollowFunSound(FunList& list, bool isPlaying, const QDateTime& now);
 
 } // namespace paneda

@@ -23,7 +23,7 @@ struct LaunchRequest {
     QString Parameter; // command line; empty for none
     QString StartIn;   // working folder; empty for none
     ShowCommand Show = ShowCommand::Normal;
-    // What the user has pressed, for a message that it cannot be started: a button's caption, a menu's item.
+    // What the user has pressed, for a message that it cannot be started: a button's caption, a menu's entry.
     // Empty where nothing of that name is on the screen.
     QString Name = {};
 
@@ -46,16 +46,16 @@ enum ShiftMask { kShiftKey = 1, kCtrlKey = 2, kAltKey = 4 };
 
 enum class AfterLaunch { Stay, Hide, EndProgram };
 
-// What the panel's settings add to a decision.
+// The settings that a launch depends on.
 struct LaunchContext {
     QString AppPath; // stored form
     QString Browser; // "default" or a program
 };
 
-// The folder of a target: everything up to and with its last separator, which is "/" in a host path.
+// The folder of a target: everything up to and including its last separator, which is "/" in a host path.
 QString FolderOfTarget(const QString& target);
 
-// By the word of a record: "Minimized", "Maximized"; normal for anything else.
+// The show state for the word in a record: "Minimized" or "Maximized"; normal for anything else.
 ShowCommand ShowCommandOf(const QString& windowState);
 
 // The button's kind by the first three characters of its extension, in capitals.
@@ -74,8 +74,8 @@ LaunchRequest DecideBrowser(const QString& url, const QString& browser, const QS
 // Whether a press with this mouse button launches at all.
 bool LaunchesOn(MouseButton button);
 
-// What the panel does after a launch. Shift alone ends the program; the right button does the opposite of the
-// setting.
+// What the panel does after a launch. The Shift key alone ends the program; the right button does the
+// opposite of the setting.
 AfterLaunch DecideAfterLaunch(MouseButton button, int shiftMask, bool hideAfterLaunch);
 
 // What a drive button stands for: "C:", the program's own drive for the one named 9.

@@ -18,7 +18,7 @@ constexpr int kUpperLaneOffset = -15;
 constexpr int kLowerLaneOffset = 255;
 constexpr double kNarrowest = 0.5; // units
 
-// Widths that the screen cannot show are held to what it can; what is not a number counts as the narrowest.
+// At most what the screen can show; what is not a number counts as the narrowest width.
 double HeldButtonsPerRow(const LayoutInput& input) {
     const int room = input.Screen.Width - input.Metrics.Margins.Left - input.Metrics.Margins.Right - kUnitGap;
     const double widest = std::max(std::floor(double(room) / kUnitStep), 1.0);

@@ -57,7 +57,8 @@ struct CategoryGeometry {
 // Every rectangle of the panel, in twips from the window's top left corner. Category i, its group j and its
 // button k are those of the catalogue.
 struct PanelGeometry {
-    // The width that the layout was made for: what was asked for, held to what the screen can show.
+    // The width that the layout was made for: the one in the settings, or less where the screen is too
+    // narrow.
     double ButtonsPerRow = 5;
     PanelMetrics Metrics;
     int PanelLeft = 0;
@@ -73,7 +74,8 @@ struct PanelGeometry {
 
 PanelGeometry LayoutPanel(const CatalogueList& catalogue, const LayoutInput& input);
 
-// Places the buttons of one group, in units, in two lanes to a row. Fed button by button.
+// Packs the buttons of one group into rows of two lanes, an upper and a lower one for half-height buttons.
+// Takes one button after the other. Measures are units.
 class RowPacker {
 public:
     struct Place {
@@ -92,7 +94,7 @@ private:
     double lower_ = 0;
 };
 
-// What the panel shows and hits with one category opened.
+// What is on the panel, and can be pressed, while one category is open.
 struct OpenedCategory {
     // The category; -1 if there is none.
     int Index = -1;

@@ -145,8 +145,8 @@ ShowCommand ShowCommandOf(quint32 number) {
     return number == kMinimizedCode ? ShowCommand::Minimized : ShowCommand::Normal;
 }
 
-// Goes through a shortcut part by part. After a part that the file does not hold whole, Failed() is true and
-// every further part is empty.
+// Goes through a shortcut part by part. If the file ends within a part, Failed() is true and every later part
+// is empty.
 class LinkReader {
 public:
     explicit LinkReader(QByteArrayView bytes) : rest_(bytes) {}

@@ -14,7 +14,7 @@ inline constexpr qint64 kMaxLinkFile = 1024 * 1024;
 // What a Windows shortcut file (.lnk) says. Texts that it lacks are empty; none holds a NUL.
 //
 // Layout, little endian: a header of 76 bytes with flags that tell which of the parts follow; the target as a
-// list of shell items, which only Windows can read and which is passed over; the target as paths (LinkInfo);
+// list of shell items, which only Windows can read and which is skipped; the target as paths (LinkInfo);
 // description, relative path, working folder, arguments and icon location, each with its length in front;
 // then blocks with a length and a mark, of which the one with the target by environment variables is read.
 struct ShellLink {
@@ -33,7 +33,7 @@ struct ShellLink {
 };
 
 // The reason of a failure is for the user. The file is refused when it has no header or ends within its
-// texts. A damaged LinkInfo, and blocks at the end that are damaged or cut, cost their own contents alone.
+// texts. If LinkInfo or a block at the end is damaged or cut, only its own contents are missing.
 // Texts that are not in UTF-16 are taken as Windows-1252.
 tl::expected<ShellLink, QString> ParseShellLink(QByteArrayView bytes);
 

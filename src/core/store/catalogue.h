@@ -43,7 +43,7 @@ struct GroupEntry {
     // With its prefix; "My Computer" for the group of drives.
     QString FolderName;
     std::vector<ButtonEntry> Buttons;
-    // As of a button, counted over all groups.
+    // Number of the header's control, from 1, counted over the groups of all categories.
     int ControlIndex = 0;
 
     friend bool operator==(const GroupEntry&, const GroupEntry&) = default;
@@ -55,7 +55,7 @@ struct CategoryEntry {
     std::vector<GroupEntry> Groups;
     // "S" for buttons, "T" for a tree.
     QString Kind;
-    // Of a tree category: its number among them, from 0. Nothing otherwise.
+    // Of a tree category: its number among the tree categories, from 0. No value otherwise.
     std::optional<int> TreeNumber;
     // Of a tree category: the tree it shows; empty when none is chosen.
     QString TreeName;

@@ -32,7 +32,7 @@ private:
     QByteArray bytes_;
 };
 
-// Reads zeros and empty texts, and is not Ok, from the first value on that the bytes do not hold.
+// If the bytes end too early, Ok() is false, and this and every later value reads as zero or as empty.
 class Reader {
 public:
     explicit Reader(QByteArrayView bytes) : rest_(bytes) {}
@@ -58,7 +58,7 @@ public:
         TextInto(text);
         return text;
     }
-    // The same into a text that is used again and again.
+    // The same, into a text that is reused.
     void TextInto(QString& text) {
         const QByteArrayView bytes = Bytes(Number());
         text.resize(bytes.size());
@@ -73,8 +73,7 @@ public:
         if (seen >= 0x80)
             text = QString::fromUtf8(bytes);
     }
-    // Reads a list's entries by `read`. Stops at the first that the bytes do not hold, whatever number of
-    // entries the list claims.
+    // Reads a list's entries with `read`. Stops where the bytes end, however many entries the list claims.
     template <class Entry, class Read>
     void List(std::vector<Entry>& list, Read read) {
         const qint32 count = Number();
@@ -119,7 +118,7 @@ void WriteCategory(Writer& writer, const CategoryEntry& category) {
     }
 }
 
-// Neighbours mostly have one style; they share its text, since memory is what a load takes its time for.
+// Neighbours mostly have the same style. They share its text: most of a load's time goes into memory.
 void ShareStyle(ButtonEntry& button, const std::vector<ButtonEntry>& before) {
     if (!before.empty() && before.back().Style == button.Style)
         button.Style = before.back().Style;

@@ -26,7 +26,7 @@ struct CacheRecord {
     TwipsSize TopRight;
     TwipsSize BottomLeft;
     TwipsSize BottomRight;
-    // The panel shows drive buttons, whose free space has to be drawn anew.
+    // The panel shows drive buttons. Their free space has changed since, so it is to be drawn again.
     bool HasDriveButtons = false;
 
     friend bool operator==(const CacheRecord&, const CacheRecord&) = default;
@@ -46,12 +46,12 @@ struct CacheRecord {
 // its cache.
 QByteArray EncodeCache(const CacheRecord& record);
 
-// Nothing for another version, a damaged, short or foreign file. `appPath` is the program's folder in the
-// stored form, from which paths are formed anew.
+// No value for a cache of another version, and for a damaged, short or foreign file. `appPath` is the
+// program's folder in the stored form, from which the buttons' paths are made.
 std::optional<CacheRecord> DecodeCache(const QByteArray& bytes, const QString& productVersion,
                                        const QString& appPath);
 
-// Reads the cache file; nothing if it is missing, empty or not valid.
+// Reads the cache file; no value if it is missing, empty or not valid.
 std::optional<CacheRecord> LoadCache(const QString& path, const QString& productVersion,
                                      const QString& appPath);
 

@@ -15,15 +15,15 @@ struct ScanOptions {
 
 // Reads folders and file names of the store: categories, groups and buttons by their names' text order, the
 // group of drives behind the folder groups of the first category, tree categories with their trees. Opens no
-// button file. A folder that cannot be read has nothing in it.
+// button file. A folder that cannot be read counts as empty.
 CatalogueList LoadCatalogue(const ScanOptions& options);
 
 // Whether a file in a group is a button: any but a picture. (Listings leave out what an interrupted write may
 // leave behind, see kUnfinishedPrefix.)
 bool IsButtonFile(const QString& fileName);
 
-// Whether a category's folder name makes it a tree category: "Dynamic Category" from the seventh character
-// on.
+// Whether a category shows a tree of notes: its folder is named "Dynamic Category" from the seventh character
+// on, behind "[NNN] ".
 bool IsTreeCategoryName(const QString& folderName);
 
 } // namespace paneda

@@ -13,7 +13,8 @@ namespace paneda {
 
 enum class SortOrder { Ascending, Descending };
 
-// Sorts on up to three text fields in turn, in text order. Equal entries keep their order.
+// Sorts by text fields, in the store's text order: by the first, where that is equal by the second, and so
+// on. Equal entries keep their order.
 template <class Entry>
 void SortEntries(std::vector<Entry>& list, std::initializer_list<QString Entry::*> keys, SortOrder order) {
     std::stable_sort(list.begin(), list.end(), [keys, order](const Entry& a, const Entry& b) {
@@ -31,7 +32,7 @@ void AppendEntry(std::vector<Entry>& list, Entry entry) {
     list.push_back(std::move(entry));
 }
 
-// An index beyond the list changes nothing.
+// Removes one entry. An index beyond the list changes nothing.
 template <class Entry>
 void RemoveEntry(std::vector<Entry>& list, std::size_t index) {
     if (index < list.size())

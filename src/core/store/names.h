@@ -9,7 +9,7 @@ namespace paneda {
 class Prompts;
 
 // Names in the folder store: "[NNN] <title>" for a folder, "[NNN] <title> [<style>].<extension>" for a
-// button file. The prefix only makes the text order of names the wished one.
+// button file. The prefix only brings names into an order: they are sorted as texts.
 
 // The name without its order prefix, and without the style tag if there is one; the extension stays.
 // "[003] Notepad [x].LNK" gives "Notepad.LNK".
@@ -45,14 +45,15 @@ QString NumberedName(int position, const QString& title);
 // Whether the extension is that of a picture, which serves as a button's picture and is no button itself.
 bool IsImageExtension(const QString& extension);
 
-// Nothing is excepted from the duplicate test of ValidateName.
+// For ValidateName: compares the name with all titles.
 inline constexpr int kNoException = 99999;
 
-// Why a new title is refused, as told to the user; empty when it is accepted. The duplicate test looks at no
-// case and leaves out titles[exceptIndex]. An empty name is accepted.
+// Why a new title is refused, as a text for the user; empty when it is accepted. The test for duplicates
+// ignores case and leaves out titles[exceptIndex], the title that is being changed. An empty name is
+// accepted.
 QString NameProblem(const QString& name, const QStringList& titles, int exceptIndex);
 
-// True means refused, after the user has been told why.
+// True means that the name is refused and that a notice has said why.
 bool ValidateName(const QString& name, const QStringList& titles, int exceptIndex, Prompts& prompts);
 
 } // namespace paneda

@@ -23,9 +23,9 @@ QString CategoryIniFile(const QString& appFolder, const QString& categoryName);
 // The stored path that the program forms for an entry below its folder, by plain concatenation.
 QString StoredPath(const QString& appPath, const QString& relative);
 
-// Makes the store where `Setting` is missing, in a fixed order, and `Cache` where it is missing. `Setting2`
-// is made along with `Setting` alone. Nothing happens for an empty folder. What failed comes back; a failure
-// to make the first folder ends the creation.
+// Makes a new store if `Setting` is missing, and `Cache` if that is missing. `Setting2` is made only together
+// with `Setting`. An empty `appFolder` makes nothing. Returns what could not be made; if that is the first
+// folder, nothing more is tried.
 std::vector<FileError> CreateMissingStore(const QString& appFolder);
 
 } // namespace paneda

@@ -13,8 +13,8 @@ struct ButtonStyle {
 
     QChar Width;  // null if the code has none
     QChar Height; // null if the code has none
-    // Big is 32 pixels, Small 16. Icon is the size that the layout reckons with, DrawIcon tells whether it is
-    // drawn.
+    // Big is 32 pixels, Small 16. The layout leaves room for an icon of this size even where DrawIcon is
+    // false.
     IconSize Icon = IconSize::Big;
     bool DrawIcon = false;
     int IconAlignment = 1; // 1 to 9, rows of three from top left
@@ -38,8 +38,8 @@ inline constexpr int kUnitGap = 60;
 inline constexpr int kUnitStep = kUnit + kUnitGap;
 inline constexpr int kHalfUnit = 240;
 
-// Width of a button in units, from the first character of its style code, held to `cap` units. Never 0: that
-// counts as half a unit.
+// Width of a button in units, from the first character of its style code, at most `cap` units. Never 0: half
+// a unit is the least.
 double ButtonWidthUnits(QStringView code, double cap);
 
 // The same width in twips: several units fill the gaps between them.

@@ -7,8 +7,8 @@
 
 namespace paneda {
 
-// FNV-1a (offset basis and prime as published by its authors): tells damage from data, and is no protection
-// against intent.
+// FNV-1a (offset basis and prime as published by its authors). Finds accidental damage; it is no protection
+// against somebody who changes a file on purpose.
 constexpr quint32 Fnv1a32(QByteArrayView bytes) {
     quint32 hash = 2166136261U;
     for (const char byte : bytes)
@@ -17,7 +17,7 @@ constexpr quint32 Fnv1a32(QByteArrayView bytes) {
 }
 
 // The same step, of 64 bits, over words of eight bytes, for files of megabytes. The last word is filled up
-// with zeros; the number of bytes goes in first.
+// with zeros; the number of bytes is part of the sum.
 inline quint64 Fnv1a64OfWords(QByteArrayView bytes) {
     constexpr qsizetype kWord = 8;
     quint64 hash = 14695981039346656037U ^ quint64(bytes.size());

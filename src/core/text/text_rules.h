@@ -5,8 +5,8 @@
 
 namespace paneda {
 
-// The number a text begins with: optional blanks, sign, digits, a point and digits, an exponent.
-// 0 when the text begins with no number. Never NaN or infinite.
+// The number that a text begins with: optional blanks, sign, digits, a point and digits, an exponent.
+// 0 if it does not begin with a number. Never NaN or infinite.
 double LeadingNumber(QStringView text);
 
 // LeadingNumber cut to a whole number and held to the range of int.
@@ -30,7 +30,7 @@ int FindFromEnd(QStringView text, QStringView what, int n);
 // Text order of the store: byte order of UTF-8. Negative, 0 or positive, as a comes before, with or after b.
 int CompareText(QStringView a, QStringView b);
 
-// Whether two names are the same to the store, which looks at no case.
+// Whether two names are the same when the case of letters is ignored, as the store does.
 bool SameName(QStringView a, QStringView b);
 
 } // namespace paneda

@@ -12,20 +12,20 @@ using TickSource = std::function<quint32()>;
 // Milliseconds since some moment before the first call in this process.
 quint32 CurrentTick();
 
-// A stopwatch. Runs from its making on.
+// A stopwatch, which starts when it is made.
 class Timing {
 public:
     explicit Timing(TickSource ticks = CurrentTick);
 
-    // Starts anew from 0.
+    // Starts again from 0.
     void Reset();
 
-    // Milliseconds since the start; right across one wrap of the clock.
+    // Milliseconds since the start; correct even if the clock has wrapped once.
     quint32 Elapsed();
 
     double Seconds();
 
-    // Serves events until this many whole seconds have gone since the start. Returns at once when they have.
+    // Processes events until this many seconds have passed since the start. Returns at once if they have.
     void WaitUntil(int seconds);
 
 private:

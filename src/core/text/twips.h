@@ -38,7 +38,7 @@ struct TwipsSize {
     friend bool operator==(const TwipsSize&, const TwipsSize&) = default;
 };
 
-// Each of the four measures is turned into pixels for itself.
+// Left, top, width and height are converted separately, each rounded down.
 inline QRect ToPixels(const TwipsRect& rect) {
     return {TwipsToPixels(rect.Left), TwipsToPixels(rect.Top), TwipsToPixels(rect.Width),
             TwipsToPixels(rect.Height)};

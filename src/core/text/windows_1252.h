@@ -12,7 +12,7 @@ namespace paneda {
 // nothing.
 QString DecodeWindows1252(QByteArrayView bytes);
 
-// Nothing if the text holds a character that the code page lacks.
+// No value if the text holds a character that the code page lacks.
 std::optional<QByteArray> EncodeWindows1252(QStringView text);
 
 } // namespace paneda
