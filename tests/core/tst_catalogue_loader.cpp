@@ -17,13 +17,11 @@ class tst_catalogue_loader : public QObject {
 private Q_SLOTS:
     void scan_data();
     void scan();
-    void drives_data();
     void drives();
     void buttonPaths();
     void obstacles();
     void oddNames();
     void longPath();
-    void manyCategories();
 };
 
 void tst_catalogue_loader::scan_data() {
@@ -35,7 +33,6 @@ void tst_catalogue_loader::scan_data() {
     add("empty store", {}, {});
     add("prefix and text order", {u"general/"_s, u"[010] C/"_s, u"[002] B/"_s, u"[1000] D/"_s, u"Zeta/"_s},
         {u"Zeta | S"_s, u"[002] B | S"_s, u"[010] C | S"_s, u"[1000] D | S"_s, u"general | S"_s});
-    add("bars with one title", {u"[001] A/"_s, u"[002] A/"_s}, {u"[001] A | S"_s, u"[002] A | S"_s});
     // A listing comes in byte order with the extension, a group in that of names without it.
     add("buttons",
         {u"[001] A/[001] G/[002] Edit [11].lnk"_s, u"[001] A/[001] G/[001] Tool [B1 ].PND"_s,
@@ -46,8 +43,6 @@ void tst_catalogue_loader::scan_data() {
          u"    [001] Tool [B1 ].PND #2 | [001] Tool [B1 ] | <B1>"_s,
          u"    [002] Edit [11].lnk #3 | [002] Edit [11] | <11>"_s, u"    a.url #7 | a | <>"_s,
          u"    a b.txt #4 | a b | <>"_s, u"    a-.url #5 | a- | <>"_s, u"    a.b.exe #6 | a.b | <>"_s});
-    add("one name, two extensions", {u"A/G/x.url"_s, u"A/G/x.lnk"_s},
-        {u"A | S"_s, u"  G #1"_s, u"    x.lnk #1 | x | <>"_s, u"    x.url #2 | x | <>"_s});
     add("pictures alone", {u"A/G/x.png"_s, u"A/G/y.Jpe"_s}, {u"A | S"_s, u"  G #1"_s});
     add("counts run over all", {u"A/G1/x"_s, u"A/G2/"_s, u"B/G1/y"_s, u"B/G1/z"_s, u"B/file"_s, u"file"_s},
         {u"A | S"_s, u"  G1 #1"_s, u"    x #1 | x | <>"_s, u"  G2 #2"_s, u"B | S"_s, u"  G1 #3"_s,
@@ -83,39 +78,29 @@ void tst_catalogue_loader::scan() {
     QCOMPARE(test::Describe(LoadCatalogue(store.Scan())), expected);
 }
 
-void tst_catalogue_loader::drives_data() {
-    QTest::addColumn<QString>("letters");
-    QTest::addColumn<bool>("ofProgram");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("none") << u""_s << false << QStringList{};
-    QTest::newRow("first, last, own")
-        << u"ZCA"_s << true
-        << QStringList{u"  My Computer #3"_s, u"    Drive A #3 | Drive A | <>Drive A:"_s,
-                       u"    Drive C #4 | Drive C | <>Drive C:"_s, u"    Drive Z #5 | Drive Z | <>Drive Z:"_s,
-                       u"    Drive 9 #6 | Drive 9 | <>Drive 9:"_s};
-    QTest::newRow("own alone") << u""_s << true
-                               << QStringList{u"  My Computer #3"_s,
-                                              u"    Drive 9 #3 | Drive 9 | <>Drive 9:"_s};
-}
-
 void tst_catalogue_loader::drives() {
-    QFETCH(QString, letters);
-    QFETCH(QStringList, expected);
     const test::StoreBuilder store;
     store.AddFolder(u"Setting"_s);
     ScanOptions options = store.Scan();
     options.DriveTable[0] = true; // unused
-    for (const QChar letter : letters)
-        options.DriveTable[std::size_t(letter.unicode() - u'A' + 1)] = true;
-    options.DriveOfProgram = *static_cast<bool*>(QTest::qData("ofProgram", QMetaType::Bool));
+    options.DriveOfProgram = true;
     QVERIFY(LoadCatalogue(options).empty()); // nowhere to put them
     store.AddFile(u"Setting/A/z/x"_s);
     store.AddFile(u"Setting/B/z/y"_s);
-    const CatalogueList catalogue = LoadCatalogue(options);
+    const auto scan = [&options] { return test::Describe(LoadCatalogue(options)); };
     const QStringList before{u"A | S"_s, u"  z #1"_s, u"    x #1 | x | <>"_s};
     const QStringList behind{u"B | S"_s, u"  z #2"_s, u"    y #2 | y | <>"_s};
-    QCOMPARE(test::Describe(catalogue), before + expected + behind);
-    QCOMPARE(HasDriveButtons(catalogue), !expected.isEmpty());
+    QStringList drives{u"  My Computer #3"_s, u"    Drive 9 #3 | Drive 9 | <>Drive 9:"_s};
+    QCOMPARE(scan(), before + drives + behind);
+    options.DriveTable[1] = options.DriveTable[26] = true;
+    drives = {u"  My Computer #3"_s, u"    Drive A #3 | Drive A | <>Drive A:"_s,
+              u"    Drive Z #4 | Drive Z | <>Drive Z:"_s, u"    Drive 9 #5 | Drive 9 | <>Drive 9:"_s};
+    QCOMPARE(scan(), before + drives + behind);
+    QVERIFY(HasDriveButtons(LoadCatalogue(options)));
+    options.DriveTable = {true};
+    options.DriveOfProgram = false;
+    QCOMPARE(scan(), before + behind);
+    QVERIFY(!HasDriveButtons(LoadCatalogue(options)));
 }
 
 void tst_catalogue_loader::buttonPaths() {
@@ -160,21 +145,6 @@ void tst_catalogue_loader::longPath() {
     QCOMPARE(ReadIni(u"Properties"_s, u"Target"_s, store.Path(file)), u"C:\\a"_s);
     QVERIFY(WriteIni(u"Properties"_s, u"Target"_s, u"C:\\b"_s, store.Path(file)));
     QCOMPARE(store.Bytes(file), "[Properties]\nTarget=C:\\b\n");
-}
-
-void tst_catalogue_loader::manyCategories() {
-    const test::StoreBuilder store;
-    for (int i = 5000; i > 0; --i)
-        store.AddFolder(QStringLiteral("Setting/[%1] Dynamic Category").arg(i, 4, 10, QLatin1Char('0')));
-    store.AddFolder(u"Setting/[001] Dynamic Category"_s);
-    const CatalogueList catalogue = LoadCatalogue(store.Scan());
-    QCOMPARE(catalogue.size(), 5001U);
-    // A digit comes before "]".
-    QCOMPARE(catalogue[18].FolderName, u"[0019] Dynamic Category"_s);
-    QCOMPARE(catalogue[19].FolderName, u"[001] Dynamic Category"_s);
-    QCOMPARE(catalogue[19].TreeNumber, std::optional(0));
-    QCOMPARE(BarTitle(catalogue[19]), u"**Right Click**"_s);
-    QCOMPARE(BarTitle(catalogue[0]), u"Dynamic Category"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_catalogue_loader)

@@ -106,7 +106,7 @@ void tst_start_plan::targets_data() {
     row("script", "@/app/Inner/Script", "a", "", "@/app/Inner/Script(a) in @/app/Inner own");
     row("script without #!", "@/app/plain.sh", "a", "", "/bin/sh(@/app/plain.sh|a) in @/app own");
     // What only looks like a program.
-    row("text that may run", "@/app/text.txt", "a", "", "@/bin/xdg-open(@/app/text.txt) in @/app");
+    row("text that may run", "@/app/text.txt", "a", "@/gone", "@/bin/xdg-open(@/app/text.txt) in @/app");
     row("script that may not run", "@/app/script.txt", "", "", "@/bin/xdg-open(@/app/script.txt) in @/app");
     row("pipe", "@/app/pipe", "", "", "@/bin/xdg-open(@/app/pipe) in @/app");
     row("folder", "@/app/Inner", "", "", "@/bin/xdg-open(@/app/Inner) in @/app");
@@ -120,8 +120,6 @@ void tst_start_plan::targets_data() {
     // Ways to name a target.
     row("host path", "/bin/sh", "-c x", "", "/bin/sh(-c|x) in /bin own");
     row("other case", "@/APP/inner/SCRIPT", "", "", "@/app/Inner/Script() in @/app/Inner own");
-    row("bare relative", "tool", "", "", "@/app/tool() in @/app own");
-    row("without drive", R"(\bin\sh)", "", "", "/bin/sh() in /bin own");
     row("in the search path", "onpath", "", "", "@/bin/onpath() in @/bin own");
     row("own folder before the search path", "Twice", "", "", "@/app/twice() in @/app own");
     row("not there", R"(Inner\onpath)", "", "",
@@ -138,7 +136,6 @@ void tst_start_plan::targets_data() {
         "@/app/none.url: This shortcut holds no address.");
     // Start folders.
     row("start folder", "@/app/tool", "", "@/home", "@/app/tool() in @/home own");
-    row("start folder gone", "@/app/tool", "", "@/gone", "@/app/tool() in @/app own");
     row("start folder without volume", "@/app/tool", "", R"(Q:\x)", "@/app/tool() in @/app own");
     // Addresses keep their text.
     row("address", "HTTPS://a/b?c=d e", "x", R"(HTTPS://a/)", "@/bin/xdg-open(HTTPS://a/b?c=d e)");
@@ -172,7 +169,7 @@ void tst_start_plan::otherActions_data() {
         "There is no drive Q: here. Connect it and try again.");
     row("browser by path", Action::OpenBrowser, "@/app/Inner/script", "https://a b",
         "@/app/Inner/Script(https://a b) own");
-    row("browser by name", Action::OpenBrowser, "firefox", "https://a", "@/bin/firefox(https://a) own");
+    row("browser by name", Action::OpenBrowser, "firefox.exe", "https://a", "@/bin/firefox(https://a) own");
     row("browser not here", Action::OpenBrowser, "iexplore.exe", "https://a", "@/bin/xdg-open(https://a)");
 }
 
