@@ -44,12 +44,30 @@ if(PANEDA_FUZZ)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Reading the headers of Qt is most of what a compilation does. One set serves all targets: it has no definition of a
+# module, and a target without Qt Gui cannot include or link it in spite of what the set has read.
+if(PANEDA_PRECOMPILE)
+    file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/precompiled.cpp" CONTENT "")
+    add_library(paneda_precompiled OBJECT "${CMAKE_BINARY_DIR}/precompiled.cpp")
+    target_link_libraries(paneda_precompiled PRIVATE paneda_common Qt6::Core)
+    target_include_directories(paneda_precompiled SYSTEM PRIVATE
+        $<TARGET_PROPERTY:Qt6::Gui,INTERFACE_INCLUDE_DIRECTORIES>)
+    target_precompile_headers(paneda_precompiled PRIVATE "${PROJECT_SOURCE_DIR}/cmake/precompiled.h")
+endif()
+
+function(paneda_precompile target)
+    if(PANEDA_PRECOMPILE)
+        target_precompile_headers(${target} REUSE_FROM paneda_precompiled)
+    endif()
+endfunction()
+
 # One static library per folder of src/. The source list is explicit; what it may use is its link list.
 function(paneda_library name)
     cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
     add_library(paneda_${name} STATIC ${arg_SOURCES})
     target_link_libraries(paneda_${name} PUBLIC paneda_common ${arg_LINK})
     set_target_properties(paneda_${name} PROPERTIES OUTPUT_NAME ${name} AUTOMOC ON AUTOUIC ON)
+    paneda_precompile(paneda_${name})
 endfunction()
 
 # A Qt Test program of one source, registered with ctest under its file name.
@@ -58,6 +76,7 @@ function(paneda_test name)
     add_executable(${name} ${arg_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE Qt6::Test paneda_test_support ${arg_LINK})
+    paneda_precompile(${name})
     if(WIN32 AND NOT "${arg_LINK}" STREQUAL "paneda_core")
         # In a static Qt a program has the plugins that it names and no other.
         qt_import_plugins(${name} INCLUDE Qt6::QOffscreenIntegrationPlugin)
