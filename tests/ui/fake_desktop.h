@@ -11,6 +11,8 @@
 #include <QHash>
 #include <QStringList>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace paneda::test {
@@ -36,6 +38,17 @@ public:
         if (QDir::rootPath() == u'/')
             map.UseMountPoints(MountPoints);
     }
+    void Watch(std::function<void()> changed) override { changed_ = std::move(changed); }
+
+    // As when a user plugs a stick in; nobody who has stopped to watch hears of it.
+    void Mount(const QString& folder) {
+        MountPoints.append(folder);
+        if (changed_)
+            changed_();
+    }
+
+private:
+    std::function<void()> changed_;
 };
 
 // One flat colour as the icon of every target.

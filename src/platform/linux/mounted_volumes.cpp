@@ -40,4 +40,18 @@ void MountedVolumes::Refresh(DriveMap& map) {
     map.UseMountPoints(MountPointsOf(bytes));
 }
 
+// The kernel marks the table as an exception for poll() when a mount has come or gone.
+void MountedVolumes::Watch(std::function<void()> changed) {
+    notifier_.reset();
+    table_.close();
+    if (!changed)
+        return;
+    table_.setFileName(QStringLiteral("/proc/self/mountinfo"));
+    // Without the table nothing is reported.
+    if (!table_.open(QIODevice::ReadOnly))
+        return;
+    notifier_ = std::make_unique<QSocketNotifier>(table_.handle(), QSocketNotifier::Exception);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), std::move(changed));
+}
+
 } // namespace paneda

@@ -3,7 +3,11 @@
 #include "platform/volumes.h"
 
 #include <QByteArray>
+#include <QFile>
+#include <QSocketNotifier>
 #include <QStringList>
+
+#include <memory>
 
 namespace paneda {
 
@@ -16,6 +20,11 @@ QStringList MountPointsOf(const QByteArray& table);
 class MountedVolumes : public Volumes {
 public:
     void Refresh(DriveMap& map) override;
+    void Watch(std::function<void()> changed) override;
+
+private:
+    QFile table_; // open as long as it is watched
+    std::unique_ptr<QSocketNotifier> notifier_;
 };
 
 } // namespace paneda

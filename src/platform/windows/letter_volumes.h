@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/volumes.h"
+#include "platform/windows/message_window.h"
+
+#include <memory>
 
 namespace paneda {
 
@@ -8,6 +11,10 @@ namespace paneda {
 class LetterVolumes : public Volumes {
 public:
     void Refresh(DriveMap&) override {}
+    void Watch(std::function<void()> changed) override;
+
+private:
+    std::unique_ptr<MessageWindow> window_; // while it is watched
 };
 
 } // namespace paneda
