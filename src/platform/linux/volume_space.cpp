@@ -8,7 +8,8 @@ namespace paneda {
 
 VolumeSpace LinuxVolumeSpace::SpaceOf(const QString& root) {
     const QStorageInfo storage(root);
-    if (root.isEmpty() || !storage.isValid() || !storage.isReady())
+    // The folder of a volume that has gone lies on another volume.
+    if (root.isEmpty() || !storage.isReady() || storage.rootPath() != root)
         return {};
     return {storage.name(), quint64(std::max<qint64>(storage.bytesTotal(), 0)),
             quint64(std::max<qint64>(storage.bytesAvailable(), 0))};
