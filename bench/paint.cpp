@@ -2,10 +2,12 @@
 //
 // usage: bench_paint APP_FOLDER   (a folder with skin/)
 
+#include "core/files/file_io.h"
 #include "core/store/catalogue.h"
 #include "skin/panel_painter.h"
-#include "skin/picture_cache.h"
+#include "skin/picture_loader.h"
 #include "skin/piece_sizes.h"
+#include "skin/quick_png.h"
 #include "skin/skin_file.h"
 #include "ui/panel/window_shape.h"
 
@@ -93,11 +95,12 @@ double SwitchMs(const ThemeState& theme, const PieceSizes& sizes) {
     PanelPainter painter({catalogue, geometry, sizes, QImage()}, tools, sources);
     const QImage picture = painter.PaintBase(0).copy(0, 0, 400, 600);
     const QTemporaryDir folder;
-    if (!SaveCategoryPicture(folder.path(), 2, PictureKind::Finished, picture))
+    const QString file = folder.filePath(QStringLiteral("category.png"));
+    if (!ReplaceFile(file, QuickPng(picture, 0)))
         return -1;
     QImage window(picture.size(), QImage::Format_ARGB32_Premultiplied);
     return MedianMs(kSwitches, [&] {
-        const QImage shown = LoadCategoryPicture(folder.path(), 2, PictureKind::Finished);
+        const QImage shown = LoadPicture(file);
         const QRegion shape = ShapeOf(shown, 1);
         QPainter paint(&window);
         paint.setClipRegion(shape);

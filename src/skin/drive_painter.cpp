@@ -3,7 +3,6 @@
 #include "core/panel/launch.h"
 #include "core/text/text_rules.h"
 #include "skin/font_size.h"
-#include "skin/picture_cache.h"
 
 #include <algorithm>
 
@@ -98,23 +97,6 @@ void DrawDrive(DrawingSurface& surface, const PlacedDrive& button, const DriveIn
         print(GigabytesText(info.TotalBytes), kSecondLineTop, theme.DriveCapacityColor);
     DrawBar(surface, box, info, theme);
     print(button.Drive.left(1), kLetterTop, theme.DriveLetterColor);
-}
-
-std::vector<FileError> RefleshPanel(const QString& folder, const std::vector<DriveState>& drives,
-                                    PaintTools& tools) {
-    std::vector<FileError> failures;
-    for (const PictureKind kind : {PictureKind::Finished, PictureKind::Base}) {
-        const QImage composed = LoadCategoryPicture(folder, ComposedPicture(0), kind);
-        if (composed.isNull())
-            continue;
-        DrawingSurface surface(composed);
-        for (const DriveState& drive : drives)
-            DrawDrive(surface, drive.Button, drive.Info, tools);
-        const FileResult saved = SaveCategoryPicture(folder, ShownPicture(0), kind, surface.Image());
-        if (!saved)
-            failures.push_back(saved.error());
-    }
-    return failures;
 }
 
 } // namespace paneda

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/files/file_io.h"
 #include "core/panel/panel_geometry.h"
 #include "core/store/catalogue.h"
 #include "skin/button_painter.h"
@@ -44,10 +43,5 @@ struct DriveState {
     PlacedDrive Button;
     DriveInfo Info;
 };
-
-// Makes the shown pictures of the first category from the composed ones: those plus the data of the drives.
-// `folder` is the one of the pictures. A picture that is missing is left out.
-std::vector<FileError> RefleshPanel(const QString& folder, const std::vector<DriveState>& drives,
-                                    PaintTools& tools);
 
 } // namespace paneda

@@ -2,7 +2,6 @@
 
 #include "core/store/names.h"
 #include "skin/font_size.h"
-#include "skin/picture_cache.h"
 
 #include <utility>
 
@@ -151,37 +150,6 @@ void PanelPainter::DrawTitle(DrawingSurface& surface, const QString& title, cons
     label.ShrinkToFit = true;
     surface.DrawLabel(title, {box.Left + kTitleIndent, box.Top, box.Width - 2 * kTitleIndent, box.Height},
                       label);
-}
-
-QImage BuildCategoryPicture(PanelPainter& painter, int category, const QString& folder,
-                            std::vector<FileError>& failures) {
-    const auto save = [&](PictureKind kind, const QImage& picture) {
-        const FileResult saved = SaveCategoryPicture(folder, ComposedPicture(category), kind, picture);
-        if (!saved)
-            failures.push_back(saved.error());
-    };
-    const QImage base = painter.PaintBase(category);
-    save(PictureKind::Base, base);
-    DrawingSurface surface(base);
-    painter.DrawBarTitles(surface, category);
-    save(PictureKind::Finished, surface.Image());
-    return surface.Image();
-}
-
-std::vector<FileError> RedrawBarTitles(PanelPainter& painter, int categoryCount, const QString& folder) {
-    std::vector<FileError> failures;
-    // Picture 0 is the first category as well.
-    for (int number = 0; number <= categoryCount; ++number) {
-        const QImage base = LoadCategoryPicture(folder, number, PictureKind::Base);
-        if (base.isNull())
-            continue;
-        DrawingSurface surface(base);
-        painter.DrawBarTitles(surface, number == 0 ? 0 : number - 1);
-        const FileResult saved = SaveCategoryPicture(folder, number, PictureKind::Finished, surface.Image());
-        if (!saved)
-            failures.push_back(saved.error());
-    }
-    return failures;
 }
 
 } // namespace paneda

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/files/file_io.h"
 #include "core/panel/panel_geometry.h"
 #include "core/store/catalogue.h"
 #include "skin/button_painter.h"
@@ -8,8 +7,6 @@
 
 #include <QImage>
 #include <QString>
-
-#include <vector>
 
 namespace paneda {
 
@@ -54,14 +51,5 @@ private:
     FrameGeometry frame_;
     QImage paintedFrame_;
 };
-
-// Composes one category and saves its two pictures. Those that could not be saved are told in `failures`.
-// Returns the finished picture; of the first category it lacks the data of the drives.
-QImage BuildCategoryPicture(PanelPainter& painter, int category, const QString& folder,
-                            std::vector<FileError>& failures);
-
-// Writes the titles anew on the pictures of all categories, from those without. Pictures that are missing are
-// left out.
-std::vector<FileError> RedrawBarTitles(PanelPainter& painter, int categoryCount, const QString& folder);
 
 } // namespace paneda

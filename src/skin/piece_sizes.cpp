@@ -35,34 +35,6 @@ PieceSizes MeasurePieces(const ThemeState& theme) {
     return sizes;
 }
 
-PieceSizes PieceSizesOf(const CacheRecord& record) {
-    PieceSizes sizes;
-    sizes.Group = record.GroupHeight;
-    sizes.Category = record.CategoryWallpaper;
-    sizes.Bottom = record.Bottom;
-    sizes.TopA = record.Top;
-    sizes.LeftA = record.Left;
-    sizes.RightA = record.Right;
-    sizes.TopLeft = record.TopLeft;
-    sizes.TopRight = record.TopRight;
-    sizes.BottomLeft = record.BottomLeft;
-    sizes.BottomRight = record.BottomRight;
-    return sizes;
-}
-
-void StorePieceSizes(const PieceSizes& sizes, CacheRecord& record) {
-    record.GroupHeight = sizes.Group;
-    record.CategoryWallpaper = sizes.Category;
-    record.Bottom = sizes.Bottom;
-    record.Top = sizes.TopA;
-    record.Left = sizes.LeftA;
-    record.Right = sizes.RightA;
-    record.TopLeft = sizes.TopLeft;
-    record.TopRight = sizes.TopRight;
-    record.BottomLeft = sizes.BottomLeft;
-    record.BottomRight = sizes.BottomRight;
-}
-
 FrameMargins GetBorderMargin(const PieceSizes& sizes) {
     return {sizes.TopA.Height, sizes.LeftA.Width, sizes.Bottom.Height, sizes.RightA.Width};
 }

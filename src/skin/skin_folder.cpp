@@ -1,8 +1,11 @@
 #include "skin/skin_folder.h"
 
 #include "core/files/file_io.h"
+#include "core/store/names.h"
+#include "core/text/checksum.h"
 #include "core/text/text_rules.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -39,6 +42,18 @@ tl::expected<QString, SkinError> FindSkinFolder(const QString& appFolder, const 
         return tl::make_unexpected(
             SkinFileError(skinName, folder, QStringLiteral("The folder does not exist.")));
     return folder + u'/';
+}
+
+quint64 SkinStamp(const QString& skinPath) {
+    QByteArray files;
+    for (const QString& name : ListFiles(skinPath)) {
+        if (!IsImageExtension(ExtensionOf(name)) && !SameName(name, u"skin.ini"))
+            continue;
+        const QFileInfo file(skinPath + u'/' + name);
+        files += name.toUtf8() + '\n' + QByteArray::number(file.size()) + ' ' +
+                 QByteArray::number(file.lastModified().toMSecsSinceEpoch()) + '\n';
+    }
+    return files.isEmpty() ? 0 : Fnv1a64OfWords(files);
 }
 
 SkinError SkinFileError(const QString& skin, const QString& file, const QString& reason) {

@@ -14,19 +14,23 @@ CacheRecord Sample() {
     const test::StoreBuilder store;
     store.AddFile(u"Setting/[001] A/[001] G/[001] Tool [B1].pnd"_s);
     store.AddFile(u"Setting/[001] A/[001] G/[002] é😀.lnk"_s);
+    store.AddFile(u"Setting/[001] A/[001] G/[001] Tool [B1].png"_s);
     store.AddFile(u"Setting/[002] Dynamic Category/Properties.ini"_s, "[Properties]\nCategory=Tree\n");
     ScanOptions options = store.Scan();
     options.DriveTable[3] = true;
     CacheRecord record;
     record.ProductVersion = kVersion;
     record.Catalogue = LoadCatalogue(options);
+    PieceSizes& sizes = record.Pictures.Sizes;
     int number = -3;
-    for (TwipsSize* size :
-         {&record.GroupHeight, &record.CategoryWallpaper, &record.Bottom, &record.Top, &record.Left,
-          &record.Right, &record.TopLeft, &record.TopRight, &record.BottomLeft, &record.BottomRight}) {
+    for (TwipsSize* size : {&sizes.Group, &sizes.Category, &sizes.Bottom, &sizes.TopA, &sizes.LeftA,
+                            &sizes.RightA, &sizes.TopLeft, &sizes.TopRight, &sizes.BottomLeft,
+                            &sizes.BottomRight, &sizes.Top, &sizes.Left, &sizes.Right}) {
         size->Width = number++;
         size->Height = number++;
     }
+    sizes.HasBottomB = sizes.HasRightB = true;
+    record.Pictures = {u"Späne"_s, 0xFEDCBA9876543210, sizes, {3000, -1}};
     record.HasDriveButtons = true;
     return record;
 }
@@ -48,7 +52,7 @@ void tst_catalogue_cache::roundTrip() {
     const CacheRecord record = Sample();
     QCOMPARE(record.Catalogue[0].Groups.back().FolderName, u"My Computer"_s);
     QVERIFY(DecodeCache(EncodeCache(record), kVersion, test::kAppPath) == record);
-    const CacheRecord empty{kVersion, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, false};
+    const CacheRecord empty{kVersion, {}, {}, false};
     QVERIFY(DecodeCache(EncodeCache(empty), kVersion, test::kAppPath) == empty);
     for (const QString& other : {u"2.1"_s, u""_s, u"2.0 "_s})
         QVERIFY(!DecodeCache(EncodeCache(record), other, test::kAppPath));

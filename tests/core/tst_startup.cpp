@@ -56,9 +56,8 @@ void tst_startup::cache() {
     const test::StoreBuilder store;
     AppState state = store.State();
     LoadPanelState(state);
-    CacheRecord sizes;
-    sizes.Bottom = {7, 8};
-    WriteCache(state, sizes);
+    const PictureRecord pictures{u"Walnut"_s, 5, {}, {7, 8}};
+    WriteCache(state, pictures);
     store.AddFolder(u"Setting/[003] Late"_s);
     AppState again = store.State();
     again.IgnoreCache = ignore;
@@ -67,7 +66,7 @@ void tst_startup::cache() {
     QCOMPARE(load.CacheValid, valid);
     QCOMPARE(again.Catalogue.size(), valid ? 2U : 3U);
     if (valid) {
-        QCOMPARE(load.Cache.Bottom, (TwipsSize{7, 8}));
+        QVERIFY(load.Cache.Pictures == pictures);
         QVERIFY(load.Cache.HasDriveButtons);
         QVERIFY(again.Catalogue == state.Catalogue);
     }

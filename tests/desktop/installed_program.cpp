@@ -140,9 +140,7 @@ void InstalledProgram::CompleteStore() const {
     AppState state = State();
     if (!LoadPanelState(state).Failures.empty())
         qFatal("The store cannot be made.");
-    CacheRecord sizes;
-    StorePieceSizes(MeasurePieces(ThemeOf(state)), sizes);
-    WriteCache(state, sizes);
+    WriteCache(state, {});
     (void)SaveAtExit(state);
 }
 

@@ -39,10 +39,8 @@ class TestFrameGeometry : public QObject {
 private Q_SLOTS:
     void PlacesPlainFrame();
     void PlacesCentresAndSecondFillers();
-    void NarrowWindowHoldsBottom();
     void TinyWindowHasNoNegativeSizes();
     void AreasLieOnBottom();
-    void CacheKeepsWhatTheLayoutNeeds();
     void MissingPicturesLeaveRoomForTitles();
 };
 
@@ -90,14 +88,6 @@ void TestFrameGeometry::PlacesCentresAndSecondFillers() {
     QCOMPARE(GetBorderMargin(sizes).Top, 12 * 15);
 }
 
-void TestFrameGeometry::NarrowWindowHoldsBottom() {
-    PieceSizes sizes = PlainSizes();
-    sizes.HasBottomB = true;
-    const FrameGeometry frame = DisplayBorder(sizes, Size(50, 300));
-    QCOMPARE(frame.Bottom, Rect(6, 270, 37, 30));
-    QCOMPARE(frame.BottomB.Width, 0);
-}
-
 void TestFrameGeometry::TinyWindowHasNoNegativeSizes() {
     PieceSizes sizes = PlainSizes();
     sizes.HasTopB = sizes.HasBottomB = sizes.HasLeftB = sizes.HasRightB = true;
@@ -119,21 +109,6 @@ void TestFrameGeometry::AreasLieOnBottom() {
     QCOMPARE(HideArea(frame, theme), Rect(72, 271, 10, 8));
     QCOMPARE(MenuArea(frame, theme), Rect(100, 290, 0, 0));
     QCOMPARE(LogoArea(frame, theme, Size(3, 2)), Rect(84, 274, 3, 2));
-}
-
-void TestFrameGeometry::CacheKeepsWhatTheLayoutNeeds() {
-    PieceSizes sizes = PlainSizes();
-    sizes.Group = Size(3, 18);
-    sizes.Category = Size(4, 22);
-    CacheRecord record;
-    StorePieceSizes(sizes, record);
-    const PieceSizes again = PieceSizesOf(record);
-    const FrameGeometry frame = DisplayBorder(again, kWindow);
-    QCOMPARE(frame.BottomRight, DisplayBorder(sizes, kWindow).BottomRight);
-    QCOMPARE(frame.TopRight, DisplayBorder(sizes, kWindow).TopRight);
-    QCOMPARE(frame.Inner, DisplayBorder(sizes, kWindow).Inner);
-    QCOMPARE(PanelMetricsOf(again).GroupHeaderHeight, 18 * 15);
-    QCOMPARE(PanelMetricsOf(again).CategoryBarHeight, 22 * 15);
 }
 
 void TestFrameGeometry::MissingPicturesLeaveRoomForTitles() {

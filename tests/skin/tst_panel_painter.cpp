@@ -1,9 +1,9 @@
 #include "skin_maker.h"
 
-#include "skin/drive_painter.h"
-#include "skin/panel_painter.h"
-#include "skin/picture_cache.h"
+#include "skin/category_pictures.h"
+#include "skin/piece_sizes.h"
 
+#include <QBuffer>
 #include <QTest>
 
 using namespace paneda;
@@ -65,14 +65,6 @@ GroupEntry DriveGroup() {
     return group;
 }
 
-// Composes and saves all categories; how many pictures could not be saved.
-std::size_t Build(PanelPainter& painter, int categories, const QString& folder) {
-    std::vector<FileError> failures;
-    for (int i = 0; i < categories; ++i)
-        BuildCategoryPicture(painter, i, folder, failures);
-    return failures.size();
-}
-
 } // namespace
 
 class TestPanelPainter : public QObject {
@@ -85,14 +77,15 @@ private Q_SLOTS:
     void WideBottomStaysBetweenMargins();
     void BarsShowWhichIsOpen();
     void TreeCategoryIsTransparentInside();
-    void BarModeClearReplacesAlpha();
     void WhatHasNoRoomIsLeftOut();
-    void BuildSavesEachPair();
-    void TitlesAreRedrawnFromBase();
     void DriveTexts();
     void DriveDataIsAdded();
-    void RefleshMakesTheShownPair();
     void SkinWithoutPicturesIsPainted();
+    void FilesBelongToTheirPanel();
+    void UnusableFileIsComposedAgain_data();
+    void UnusableFileIsComposedAgain();
+    void DrivesAndTitlesAreRedrawn();
+    void FolderThatCannotBeWritten();
 
 private:
     // Everything that one panel needs, for the skin as it is on disk.
@@ -113,6 +106,18 @@ private:
         }
 
         QPoint Pixel(int twipsX, int twipsY) const { return {twipsX / 15, twipsY / 15}; }
+        CategoryPictures Pictures(const QString& folder, CategoryPictures::Files files) {
+            const auto read = [this] {
+                std::vector<DriveState> states;
+                for (const PlacedDrive& button : DriveButtonsOf(Catalogue, Geometry, Sources.AppPath))
+                    states.push_back({button, {{}, 4 * kGigabyte, Free}});
+                return states;
+            };
+            return {
+                folder, {Theme, Fonts, Catalogue, Geometry, Sizes, Icons, Drives, Sources.AppPath, {}, read}, files};
+        }
+
+        quint64 Free = kGigabyte; // on every drive
 
         ThemeState Theme;
         PieceSizes Sizes;
@@ -234,18 +239,6 @@ void TestPanelPainter::TreeCategoryIsTransparentInside() {
     QVERIFY(!BoxOf(panel.Painter->PaintBase(1), kBack).isNull());
 }
 
-void TestPanelPainter::BarModeClearReplacesAlpha() {
-    maker_.AddPiece("category", 5, 20, 0x80FF0000);
-    Panel panel(maker_, TwoAndTree());
-    const TwipsRect bar = panel.Geometry.Categories[0].Bar;
-    const QPoint pixel = panel.Pixel(bar.Left, bar.Top);
-    QCOMPARE(qAlpha(panel.Painter->PaintBase(1).pixel(pixel)), 255);
-    QCOMPARE(panel.Painter->PaintBase(2).pixel(pixel), 0x80800000u); // premultiplied
-    panel.Theme.CategoryDrawMode = DrawMode::Clear;
-    QCOMPARE(panel.Painter->PaintBase(1).pixel(pixel), 0x80800000u);
-    maker_.AddPiece("category", 5, 20, kBar);
-}
-
 void TestPanelPainter::WhatHasNoRoomIsLeftOut() {
     const CatalogueList list{
         MakeCategory("[001] Long", "S", {MakeGroup("[001] A", 5), MakeGroup("[002] B", 100)})};
@@ -254,43 +247,6 @@ void TestPanelPainter::WhatHasNoRoomIsLeftOut() {
     const QImage base = panel.Painter->PaintBase(0);
     QVERIFY(BoxOf(base, kGround).bottom() < panel.Geometry.BarsTop / 15);
     QCOMPARE(BoxOf(base, kActiveBar).height(), 20);
-}
-
-void TestPanelPainter::BuildSavesEachPair() {
-    Panel panel(maker_, TwoAndTree());
-    QTemporaryDir folder;
-    QCOMPARE(Build(*panel.Painter, 3, folder.path()), 0U);
-    QCOMPARE(ListFiles(folder.path()),
-             (QStringList{QStringLiteral("category000.png"), QStringLiteral("category000a.png"),
-                          QStringLiteral("category002.png"), QStringLiteral("category002a.png"),
-                          QStringLiteral("category003.png"), QStringLiteral("category003a.png")}));
-    for (const int number : {0, 2, 3}) {
-        const QImage base = LoadCategoryPicture(folder.path(), number, PictureKind::Base);
-        const QImage finished = LoadCategoryPicture(folder.path(), number, PictureKind::Finished);
-        const QRect bars(0, panel.Geometry.BarsTop / 15, base.width(), 60);
-        QVERIFY(BoxOf(base.copy(bars), kTitle).isNull());
-        QVERIFY(BoxOf(finished.copy(bars), kTitle).height() > 40);
-    }
-    QCOMPARE(LoadCategoryPicture(folder.path(), 3, PictureKind::Base), panel.Painter->PaintBase(2));
-    QCOMPARE(Build(*panel.Painter, 3, folder.filePath(QStringLiteral("none"))), 6U);
-}
-
-void TestPanelPainter::TitlesAreRedrawnFromBase() {
-    QTemporaryDir folder;
-    Panel before(maker_, TwoAndTree());
-    QCOMPARE(Build(*before.Painter, 3, folder.path()), 0U);
-    CatalogueList renamed = TwoAndTree();
-    renamed[2].TreeName = QStringLiteral("i");
-    Panel after(maker_, renamed);
-    QVERIFY(RedrawBarTitles(*after.Painter, 3, folder.path()).empty());
-    const QRect bar = ToPixels(after.Geometry.Categories[2].Bar);
-    for (const int number : {0, 2, 3}) {
-        const QImage finished = LoadCategoryPicture(folder.path(), number, PictureKind::Finished);
-        const QRect title = BoxOf(finished.copy(bar), kTitle);
-        QVERIFY(!title.isNull() && title.width() < 10);
-    }
-    // Drives were never drawn, so there is no picture 1 to write on.
-    QVERIFY(LoadCategoryPicture(folder.path(), 1, PictureKind::Finished).isNull());
 }
 
 void TestPanelPainter::DriveTexts() {
@@ -335,24 +291,6 @@ void TestPanelPainter::DriveDataIsAdded() {
     QVERIFY(BoxOf(drawn({{}, 10, 1000}), 0xFFFF00FF).right() < 32);
 }
 
-void TestPanelPainter::RefleshMakesTheShownPair() {
-    Panel panel(maker_, TwoAndTree());
-    QTemporaryDir folder;
-    QCOMPARE(Build(*panel.Painter, 3, folder.path()), 0U);
-    std::vector<DriveState> states;
-    for (const PlacedDrive& button :
-         DriveButtonsOf(panel.Catalogue, panel.Geometry, QStringLiteral("C:\\app")))
-        states.push_back({button, {{}, kGigabyte, kGigabyte / 4}});
-    QVERIFY(RefleshPanel(folder.path(), states, panel.Tools).empty());
-    const QRect box = ToPixels(states[1].Button.Box);
-    for (const PictureKind kind : {PictureKind::Finished, PictureKind::Base}) {
-        const QImage shown = LoadCategoryPicture(folder.path(), 1, kind);
-        QCOMPARE(BoxOf(shown.copy(box), 0xFF0000FF), QRect(10, 25, 21, 6));
-        QVERIFY(BoxOf(LoadCategoryPicture(folder.path(), 0, kind), 0xFF0000FF).isNull());
-    }
-    QVERIFY(RefleshPanel(folder.filePath(QStringLiteral("none")), states, panel.Tools).empty());
-}
-
 void TestPanelPainter::SkinWithoutPicturesIsPainted() {
     SkinMaker bare;
     bare.AddIni();
@@ -363,6 +301,92 @@ void TestPanelPainter::SkinWithoutPicturesIsPainted() {
     DrawingSurface surface(base);
     panel.Painter->DrawBarTitles(surface, 0);
     QVERIFY(!InkOf(surface.Image()).isNull());
+}
+
+void TestPanelPainter::FilesBelongToTheirPanel() {
+    const QTemporaryDir folder;
+    for (const char* name : {"category009.png", "categoryfile.png"})
+        WriteBytes(folder.filePath(QString::fromLatin1(name)), "old");
+    Panel panel(maker_, TwoAndTree());
+    CategoryPictures pictures = panel.Pictures(folder.path(), CategoryPictures::Files::Drop);
+    const QImage tree = pictures.Picture(2);
+    while (pictures.PrepareNext()) {
+    }
+    QCOMPARE(ListFiles(folder.path()).join(u' '),
+             QStringLiteral("category000.png category000a.png category001.png category001a.png "
+                            "category002.png category002a.png category003.png category003a.png "
+                            "categoryfile.png"));
+    // What is on file is what is shown, and not composed a second time.
+    const QImage marked = PlainPicture(tree.width(), tree.height(), kLogo);
+    QVERIFY(marked.save(folder.filePath(QStringLiteral("category002.png"))));
+    CategoryPictures kept = panel.Pictures(folder.path(), CategoryPictures::Files::Keep);
+    QVERIFY(!kept.PrepareNext());
+    QCOMPARE(kept.Picture(1).pixel(0, 0), kLogo);
+    QCOMPARE(kept.Picture(2), tree);
+    // Of another panel it is removed.
+    CategoryPictures other = panel.Pictures(folder.path(), CategoryPictures::Files::Drop);
+    QCOMPARE(ListFiles(folder.path()), QStringList(QStringLiteral("categoryfile.png")));
+    QCOMPARE(other.Picture(1).pixel(0, 0), kCorner);
+}
+
+void TestPanelPainter::UnusableFileIsComposedAgain_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QByteArray small;
+    QBuffer buffer(&small);
+    buffer.open(QIODevice::WriteOnly);
+    PlainPicture(20, 20, kBack).save(&buffer, "png");
+    QTest::newRow("missing") << QByteArray();
+    QTest::newRow("damaged") << QByteArray("\x89PNG\r\n\x1a\n....");
+    QTest::newRow("of another window") << small;
+}
+
+void TestPanelPainter::UnusableFileIsComposedAgain() {
+    QFETCH(const QByteArray, bytes);
+    const QTemporaryDir folder;
+    Panel panel(maker_, TwoAndTree());
+    const QImage composed = panel.Pictures(folder.path(), CategoryPictures::Files::Drop).Picture(1);
+    const QString file = folder.filePath(QStringLiteral("category002.png"));
+    QFile::remove(file);
+    if (!bytes.isNull())
+        WriteBytes(file, bytes);
+    QCOMPARE(panel.Pictures(folder.path(), CategoryPictures::Files::Keep).Picture(1), composed);
+    QCOMPARE(QImage(file).size(), composed.size());
+}
+
+void TestPanelPainter::DrivesAndTitlesAreRedrawn() {
+    const QTemporaryDir folder;
+    Panel panel(maker_, TwoAndTree());
+    CategoryPictures pictures = panel.Pictures(folder.path(), CategoryPictures::Files::Drop);
+    const QRect drive = ToPixels(panel.Geometry.Categories[0].Groups[1].Buttons[0].Rect);
+    const auto bar = [&] { return BoxOf(pictures.Picture(0).copy(drive), 0xFFFF00FF).width(); };
+    QCOMPARE(bar(), 5);
+    panel.Free = 3 * kGigabyte;
+    pictures.RefleshPanel();
+    QCOMPARE(bar(), 15);
+    // The picture without drives is gone: it is composed, with the figures of now.
+    QVERIFY(QFile::remove(folder.filePath(QStringLiteral("category000.png"))));
+    panel.Free = kGigabyte;
+    pictures.RefleshPanel();
+    QCOMPARE(bar(), 5);
+
+    while (pictures.PrepareNext()) {
+    }
+    panel.Catalogue[2].TreeName = QStringLiteral("i");
+    QVERIFY(pictures.RedrawBarTitles().empty());
+    const QRect tree = ToPixels(panel.Geometry.Categories[2].Bar);
+    for (const int category : {0, 1, 2})
+        QVERIFY(BoxOf(pictures.Picture(category).copy(tree), kTitle).width() < 10);
+    QCOMPARE(bar(), 5);
+}
+
+void TestPanelPainter::FolderThatCannotBeWritten() {
+    Panel panel(maker_, TwoAndTree());
+    CategoryPictures pictures =
+        panel.Pictures(maker_.PathOf(QStringLiteral("none")), CategoryPictures::Files::Drop);
+    QCOMPARE(pictures.Picture(0).pixel(0, 0), kCorner);
+    pictures.RefleshPanel();
+    QVERIFY2(!pictures.PrepareNext(), "a picture that cannot be kept is not composed in advance");
+    QCOMPARE(pictures.Picture(1).pixel(0, 0), kCorner);
 }
 
 QTEST_MAIN(TestPanelPainter)

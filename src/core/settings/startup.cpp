@@ -48,16 +48,14 @@ PanelLoad LoadPanelState(AppState& state) {
     return load;
 }
 
-void WriteCache(const AppState& state, CacheRecord sizes) {
+void WriteCache(const AppState& state, const PictureRecord& pictures) {
     const QString path = CacheFilePath(state.AppFolder);
     // Ignored: a file that stays is replaced by the write below or, failing that, is as old as this start
     // found it.
     QFile::remove(path);
-    sizes.ProductVersion = state.ProductVersion;
-    sizes.Catalogue = state.Catalogue;
-    sizes.HasDriveButtons = HasDriveButtons(state.Catalogue);
-    // Ignored, as told in the header.
-    (void)SaveCache(path, sizes);
+    // Ignored, as the header says.
+    (void)SaveCache(path,
+                    {state.ProductVersion, state.Catalogue, pictures, HasDriveButtons(state.Catalogue)});
 }
 
 FileResult SaveAtExit(const AppState& state) {

@@ -15,10 +15,10 @@ QString FolderProblem(const AppState& state);
 
 // What a load of the panel found, besides what it put into the state.
 struct PanelLoad {
-    // The catalogue and the sizes of the skin's pictures come from the cache, and no folder of the store was
-    // read.
+    // The catalogue comes from the cache, and no folder of the store was read.
     bool CacheValid = false;
-    CacheRecord Cache; // of a valid cache
+    // The rest of a valid cache. Its pictures may be those of another skin than the one to be shown.
+    CacheRecord Cache;
     // What could not be made or written, for one notice to the user. The load goes on without it.
     std::vector<FileError> Failures;
 };
@@ -28,9 +28,9 @@ struct PanelLoad {
 // AppFolder, Drives and ProductVersion have to be set.
 PanelLoad LoadPanelState(AppState& state);
 
-// Drops the cache file and writes it anew. Where no cache can be written every start scans; that is no reason
-// for a notice.
-void WriteCache(const AppState& state, CacheRecord sizes);
+// Removes the cache file and writes a new one, with the catalogue of the state. Where no cache can be written
+// every start scans; the user is not told.
+void WriteCache(const AppState& state, const PictureRecord& pictures);
 
 // Saves what outlives the program: the panel's place, the selection, opacities and the like. Only the panel's
 // place has a failure to tell.

@@ -45,6 +45,8 @@ struct GroupEntry {
     std::vector<ButtonEntry> Buttons;
     // Number of the header's control, from 1, counted over the groups of all categories.
     int ControlIndex = 0;
+    // Checksum of the names of the pictures in the folder, which buttons show; 0 for a folder without.
+    quint64 PictureNames = 0;
 
     friend bool operator==(const GroupEntry&, const GroupEntry&) = default;
 };

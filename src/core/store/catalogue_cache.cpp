@@ -11,7 +11,7 @@ namespace paneda {
 
 namespace {
 
-constexpr QByteArrayView kMark("PanedaC3");
+constexpr QByteArrayView kMark("PanedaC4");
 constexpr qsizetype kChecksumSize = 8;
 constexpr qint64 kMaxCacheFile = 256 * 1024 * 1024;
 
@@ -19,6 +19,10 @@ class Writer {
 public:
     void Number(qint32 value) {
         const qint32 bytes = qToLittleEndian(value);
+        bytes_.append(reinterpret_cast<const char*>(&bytes), sizeof bytes);
+    }
+    void LongNumber(quint64 value) {
+        const quint64 bytes = qToLittleEndian(value);
         bytes_.append(reinterpret_cast<const char*>(&bytes), sizeof bytes);
     }
     void Text(QStringView text) {
@@ -52,6 +56,10 @@ public:
     qint32 Number() {
         const QByteArrayView bytes = Bytes(sizeof(qint32));
         return bytes.isEmpty() ? 0 : qFromLittleEndian<qint32>(bytes.data());
+    }
+    quint64 LongNumber() {
+        const QByteArrayView bytes = Bytes(sizeof(quint64));
+        return bytes.isEmpty() ? 0 : qFromLittleEndian<quint64>(bytes.data());
     }
     QString Text() {
         QString text;
@@ -90,10 +98,19 @@ private:
 // The sizes of a record in the order of the file.
 template <class Record, class Action>
 void ForEachSize(Record& record, Action action) {
-    for (auto* size :
-         {&record.GroupHeight, &record.CategoryWallpaper, &record.Bottom, &record.Top, &record.Left,
-          &record.Right, &record.TopLeft, &record.TopRight, &record.BottomLeft, &record.BottomRight})
+    auto& sizes = record.Pictures.Sizes;
+    for (auto* size : {&sizes.Group, &sizes.Category, &sizes.Bottom, &sizes.TopA, &sizes.LeftA, &sizes.RightA,
+                       &sizes.TopLeft, &sizes.TopRight, &sizes.BottomLeft, &sizes.BottomRight, &sizes.Top,
+                       &sizes.Left, &sizes.Right, &record.Pictures.Window})
         action(*size);
+}
+
+template <class Record, class Action>
+void ForEachFlag(Record& record, Action action) {
+    auto& sizes = record.Pictures.Sizes;
+    for (auto* flag :
+         {&sizes.HasTopB, &sizes.HasBottomB, &sizes.HasLeftB, &sizes.HasRightB, &record.HasDriveButtons})
+        action(*flag);
 }
 
 void WriteButton(Writer& writer, const ButtonEntry& button) {
@@ -112,6 +129,7 @@ void WriteCategory(Writer& writer, const CategoryEntry& category) {
     for (const GroupEntry& group : category.Groups) {
         writer.Text(group.FolderName);
         writer.Number(group.ControlIndex);
+        writer.LongNumber(group.PictureNames);
         writer.Number(qint32(group.Buttons.size()));
         for (const ButtonEntry& button : group.Buttons)
             WriteButton(writer, button);
@@ -141,6 +159,7 @@ GroupEntry ReadGroup(Reader& reader, const QString& categoryPath) {
     GroupEntry group;
     group.FolderName = reader.Text();
     group.ControlIndex = reader.Number();
+    group.PictureNames = reader.LongNumber();
     const QString path = categoryPath + u'\\' + group.FolderName;
     QString text;
     reader.List(group.Buttons, [&] { return ReadButton(reader, path, group.Buttons, text); });
@@ -164,11 +183,13 @@ CategoryEntry ReadCategory(Reader& reader, const QString& appPath) {
 
 QByteArray EncodeCache(const CacheRecord& record) {
     Writer contents;
+    contents.Text(record.Pictures.Skin);
+    contents.LongNumber(record.Pictures.Stamp);
     ForEachSize(record, [&contents](const TwipsSize& size) {
         contents.Number(size.Width);
         contents.Number(size.Height);
     });
-    contents.Number(record.HasDriveButtons ? 1 : 0);
+    ForEachFlag(record, [&contents](bool flag) { contents.Number(flag ? 1 : 0); });
     contents.Number(qint32(record.Catalogue.size()));
     for (const CategoryEntry& category : record.Catalogue)
         WriteCategory(contents, category);
@@ -191,11 +212,13 @@ std::optional<CacheRecord> DecodeCache(const QByteArray& bytes, const QString& p
     if (!reader.Ok() || record.ProductVersion != productVersion ||
         qFromLittleEndian<quint64>(checksum.data()) != Fnv1a64OfWords(reader.Rest()))
         return std::nullopt;
+    record.Pictures.Skin = reader.Text();
+    record.Pictures.Stamp = reader.LongNumber();
     ForEachSize(record, [&reader](TwipsSize& size) {
         size.Width = reader.Number();
         size.Height = reader.Number();
     });
-    record.HasDriveButtons = reader.Number() != 0;
+    ForEachFlag(record, [&reader](bool& flag) { flag = reader.Number() != 0; });
     reader.List(record.Catalogue, [&] { return ReadCategory(reader, appPath); });
     if (!reader.Ok() || !reader.Rest().isEmpty())
         return std::nullopt;

@@ -4,6 +4,7 @@
 #include "core/store/entries.h"
 #include "core/store/names.h"
 #include "core/store/store_layout.h"
+#include "core/text/checksum.h"
 
 #include <algorithm>
 
@@ -19,15 +20,18 @@ struct ControlCounts {
     int Buttons = 0;
 };
 
-std::vector<ButtonEntry> LoadButtons(const QString& hostFolder, const QString& storedFolder,
-                                     ControlCounts& counts) {
-    std::vector<ButtonEntry> buttons;
+void LoadButtons(GroupEntry& group, const QString& hostFolder, const QString& storedFolder,
+                 ControlCounts& counts) {
+    QByteArray pictures;
     for (const QString& file : ListFiles(hostFolder)) {
         if (IsButtonFile(file))
-            AppendEntry(buttons, FileButton(storedFolder, file, ++counts.Buttons));
+            AppendEntry(group.Buttons, FileButton(storedFolder, file, ++counts.Buttons));
+        else if (IsImageExtension(ExtensionOf(file)))
+            pictures += file.toUtf8() + '\n';
     }
-    SortEntries(buttons, {&ButtonEntry::Name}, SortOrder::Ascending);
-    return buttons;
+    SortEntries(group.Buttons, {&ButtonEntry::Name}, SortOrder::Ascending);
+    if (!pictures.isEmpty())
+        group.PictureNames = Fnv1a64OfWords(pictures);
 }
 
 std::vector<GroupEntry> LoadGroups(const QString& hostFolder, const QString& storedFolder,
@@ -37,8 +41,8 @@ std::vector<GroupEntry> LoadGroups(const QString& hostFolder, const QString& sto
         AppendEntry(groups, {name, {}, ++counts.Groups});
     SortEntries(groups, {&GroupEntry::FolderName}, SortOrder::Ascending);
     for (GroupEntry& group : groups)
-        group.Buttons = LoadButtons(hostFolder + u'/' + group.FolderName,
-                                    storedFolder + u'\\' + group.FolderName, counts);
+        LoadButtons(group, hostFolder + u'/' + group.FolderName, storedFolder + u'\\' + group.FolderName,
+                    counts);
     return groups;
 }
 

@@ -15,6 +15,7 @@
 #include <QTimer>
 #include <QToolTip>
 
+#include <algorithm>
 #include <optional>
 
 namespace paneda {
@@ -24,6 +25,8 @@ namespace {
 // Without blending a pixel is shown or not; half of it decides.
 constexpr int kSolidAlpha = 128;
 constexpr int kFunLook = 1000; // ms between two looks at a fun sound
+// ms of quiet after which drives are asked: a volume that comes makes several changes in a row.
+constexpr int kDrivesSettle = 300;
 
 const QString kFunAlias = QStringLiteral("fun");
 
@@ -65,53 +68,56 @@ frmMain::frmMain(AppState& state, const PanelServices& services)
     setAttribute(Qt::WA_TranslucentBackground);
     timer3_.setInterval(kFunLook);
     connect(&timer3_, &QTimer::timeout, this, &frmMain::Timer3_Timer);
+    connect(&prepare_, &QTimer::timeout, this, &frmMain::PrepareNextPicture);
+    drivesChange_.setInterval(kDrivesSettle);
+    drivesChange_.setSingleShot(true);
+    connect(&drivesChange_, &QTimer::timeout, this, &frmMain::RefreshDrives);
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    services_.Volumes.Watch({});
+}
 
 void frmMain::Form_Load() {
     load_ = LoadPanelState(state_);
     fun_ = LoadFunList(FunFolder(state_.AppFolder), QDateTime::currentDateTime());
-    MakeLook();
-    LayOut();
+    MakeLook(load_.CacheValid ? &load_.Cache : nullptr);
+    LayOut({state_.PanelLeft, state_.PanelTop});
+    state_.PanelLeft = geometry_.PanelLeft;
+    state_.PanelTop = geometry_.PanelTop;
     picCategory_Click(state_.SelectedCategory);
 }
 
-void frmMain::MakeLook() {
+// `cache` is null when the store was scanned: pictures on file then show another one.
+void frmMain::MakeLook(const CacheRecord* cache) {
     SkinChoice choice = ChooseSkin(state_.AppFolder, state_.SkinName);
     skinProblem_ = choice.Problem;
-    // Pictures on file are those of the skin that was asked for.
-    const bool usesCache = load_.CacheValid && skinProblem_.isEmpty();
-    CacheRecord sizes;
-    if (choice.Theme) {
-        auto look = std::make_unique<SkinnedPanelLook>(state_, std::move(*choice.Theme),
-                                                       usesCache ? &load_.Cache : nullptr,
-                                                       services_.FileIcons, services_.DriveSpace);
-        StorePieceSizes(look->Sizes(), sizes);
-        look_ = std::move(look);
-    } else {
-        look_ = std::make_unique<PlainPanelLook>(state_, services_.FileIcons);
-    }
-    if (!usesCache)
-        WriteCache(state_, sizes);
+    skinPath_ = choice.Theme ? choice.Theme->SkinPath : QString();
+    if (choice.Theme)
+        look_ = std::make_unique<SkinnedPanelLook>(state_, std::move(*choice.Theme),
+                                                   cache ? &cache->Pictures : nullptr, services_.FileIcons,
+                                                   services_.DriveSpace);
+    else
+        look_ = std::make_unique<PlainPanelLook>(state_, services_.FileIcons, services_.DriveSpace);
 }
 
-void frmMain::LayOut() {
-    // The screen of the saved place counts, as if it were the only one.
-    const ScreenPlace screen = ScreenAt(services_.WorkAreas, {state_.PanelLeft, state_.PanelTop});
+void frmMain::LayOut(WindowPlace wanted) {
+    // The screen of the wanted place counts, as if it were the only one.
+    const ScreenPlace screen = ScreenAt(services_.WorkAreas, wanted);
     const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), screen.Metrics,
-                            state_.PanelLeft - screen.Origin.Left, state_.PanelTop - screen.Origin.Top};
+                            wanted.Left - screen.Origin.Left, wanted.Top - screen.Origin.Top};
     geometry_ = LayoutPanel(state_.Catalogue, input);
-    geometry_.PanelLeft += screen.Origin.Left;
-    geometry_.PanelTop += screen.Origin.Top;
     look_->SetGeometry(geometry_);
     setFixedSize(TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight));
     const WindowPlace place =
-        BringIntoView({geometry_.PanelLeft, geometry_.PanelTop},
+        BringIntoView({geometry_.PanelLeft + screen.Origin.Left, geometry_.PanelTop + screen.Origin.Top},
                       {geometry_.PanelWidth, geometry_.PanelHeight}, CurrentWorkAreas(services_.WorkAreas));
-    state_.PanelLeft = place.Left;
-    state_.PanelTop = place.Top;
+    geometry_.PanelLeft = place.Left;
+    geometry_.PanelTop = place.Top;
     motion_.MoveTo(place);
+    // The cache tells whose pictures are on file; a skin that only stands in for another is named as itself.
+    if (!load_.CacheValid || look_->Record() != load_.Cache.Pictures)
+        WriteCache(state_, look_->Record());
 }
 
 void frmMain::ShowAtStart() {
@@ -131,7 +137,8 @@ void frmMain::picCategory_Click(int index) {
     opened_ = OpenCategory(geometry_, index);
     if (opened_.Index >= 0)
         state_.SelectedCategory = opened_.Index;
-    hitAreas_ = HitAreasOf(geometry_, opened_);
+    hitAreas_ = HitAreasOf(look_->FrameAreas(), geometry_, opened_);
+    pressed_ = {};
     hitAreas_.push_back({HitArea::Kind::Hide, -1, -1, -1, look_->HideArea()});
     hitAreas_.push_back({HitArea::Kind::Menu, -1, -1, -1, look_->MenuArea()});
     hitAreas_.push_back({HitArea::Kind::Logo, -1, -1, -1, look_->LogoArea()});
@@ -146,33 +153,45 @@ void frmMain::ShowPicture(const QImage& picture) {
 }
 
 void frmMain::AfterFirstPaint() {
-    // Free space has changed since the pictures were made.
-    if (load_.CacheValid && HasDriveButtons(state_.Catalogue))
-        picGroup_Click();
-    PrepareNextPicture();
+    // Free space has changed since the pictures were made, and tool tips tell of drives as well.
+    RefreshDrives();
+    if (HasDriveButtons(state_.Catalogue))
+        services_.Volumes.Watch([this] { drivesChange_.start(); });
+    prepare_.start();
     TellProblems();
 }
 
 void frmMain::PrepareNextPicture() {
     // One picture at a time, so that the panel answers in between.
-    if (look_->PrepareNext())
-        QTimer::singleShot(0, this, &frmMain::PrepareNextPicture);
+    if (!look_->PrepareNext())
+        prepare_.stop();
 }
 
 void frmMain::TellProblems() {
     if (!load_.Failures.empty())
         services_.Prompts.Notice(QStringLiteral("These files could not be written or read:\n\n") +
                                  FailureText(load_.Failures));
+    TellSkinProblem();
+}
+
+void frmMain::TellSkinProblem() {
     if (!skinProblem_.isEmpty())
         services_.Prompts.Notice(skinProblem_);
 }
 
 void frmMain::picGroup_Click() {
     // Any header of the first category brings its drives up to date.
-    if (state_.SelectedCategory != 0)
+    if (state_.SelectedCategory == 0)
+        RefreshDrives();
+}
+
+void frmMain::RefreshDrives() {
+    if (unloaded_ || !HasDriveButtons(state_.Catalogue))
         return;
+    services_.Volumes.Refresh(state_.Drives);
     look_->RefreshDrives();
-    ShowPicture(look_->Picture(opened_.Index));
+    if (opened_.Index == 0)
+        ShowPicture(look_->Picture(0));
 }
 
 void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask) {
@@ -300,6 +319,7 @@ void frmMain::Form_Unload() {
     hide();
     const FileResult saved = SaveAtExit(state_);
     calls_.Stop();
+    services_.Volumes.Watch({});
     services_.SoundPlayer.CloseAll();
     if (!saved)
         services_.Prompts.Notice(saved.error().Text());
@@ -381,9 +401,10 @@ void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) const {
         return;
     }
     const ButtonEntry& button = ButtonAt(area);
-    const QString tip =
-        ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
-                      look_->CutsLabel(button, area.Rect.size()));
+    QString tip = look_->DriveTip(button.ControlIndex);
+    if (tip.isEmpty())
+        tip = ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
+                            look_->CutsLabel(button, area.Rect.size()));
     // As text, whatever marks a description holds.
     QToolTip::showText(global, tip.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")),
                        const_cast<frmMain*>(this), area.Rect);

@@ -102,8 +102,8 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void MakeLook();
-    void LayOut();
+    void MakeLook(const CacheRecord* cache);
+    void LayOut(WindowPlace wanted);
     void BringToFront();
     void HidePanelAlone();
     void HideAnew();
@@ -113,19 +113,24 @@ private:
     void Timer3_Timer();
     void AfterFirstPaint();
     void PrepareNextPicture();
+    void RefreshDrives();
     void TellProblems();
+    void TellSkinProblem();
     void ShowToolTip(const QPoint& local, const QPoint& global) const;
     const ButtonEntry& ButtonAt(const HitArea& area) const;
 
     AppState& state_;
     PanelServices services_;
     PanelLoad load_;
+    QString skinPath_; // of the skin that is shown; empty for the built-in look
     QString skinProblem_;
     std::unique_ptr<PanelLook> look_;
     PanelMotion motion_;
     PanelCalls calls_;
     FunList fun_;
-    QTimer timer3_; // runs while a fun sound plays
+    QTimer timer3_;       // runs while a fun sound plays
+    QTimer prepare_;      // ticks while pictures are left to prepare
+    QTimer drivesChange_; // runs while mounts follow one another
     PanelGeometry geometry_;
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;

@@ -4,23 +4,11 @@
 
 namespace paneda {
 
-namespace {
-
-void AddFrame(const PanelGeometry& geometry, std::vector<HitArea>& areas) {
-    const FrameMargins& margins = geometry.Metrics.Margins;
-    const int width = geometry.PanelWidth;
-    const int height = geometry.PanelHeight;
-    for (const TwipsRect& side :
-         {TwipsRect{0, 0, width, margins.Top}, TwipsRect{0, height - margins.Bottom, width, margins.Bottom},
-          TwipsRect{0, 0, margins.Left, height}, TwipsRect{width - margins.Right, 0, margins.Right, height}})
-        areas.push_back({HitArea::Kind::Frame, -1, -1, -1, ToPixels(side)});
-}
-
-} // namespace
-
-std::vector<HitArea> HitAreasOf(const PanelGeometry& geometry, const OpenedCategory& opened) {
+std::vector<HitArea> HitAreasOf(const std::vector<QRect>& frame, const PanelGeometry& geometry,
+                                const OpenedCategory& opened) {
     std::vector<HitArea> areas;
-    AddFrame(geometry, areas);
+    for (const QRect& piece : frame)
+        areas.push_back({HitArea::Kind::Frame, -1, -1, -1, piece});
     for (std::size_t i = 0; i < geometry.Categories.size(); ++i)
         areas.push_back({HitArea::Kind::Bar, int(i), -1, -1, ToPixels(geometry.Categories[i].Bar)});
     if (opened.Index < 0)

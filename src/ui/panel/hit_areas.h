@@ -22,8 +22,10 @@ struct HitArea {
     friend bool operator==(const HitArea&, const HitArea&) = default;
 };
 
-// The frame's four sides, every bar, and the headers and buttons that the opened category shows.
-std::vector<HitArea> HitAreasOf(const PanelGeometry& geometry, const OpenedCategory& opened);
+// The pieces of the frame (pixels) and above them every bar and the headers and buttons that the opened
+// category shows: a piece that reaches into the panel leaves those to be pressed.
+std::vector<HitArea> HitAreasOf(const std::vector<QRect>& frame, const PanelGeometry& geometry,
+                                const OpenedCategory& opened);
 
 // The area at a point; one of kind None where there is none. A later area lies above an earlier one.
 HitArea HitTest(const std::vector<HitArea>& areas, const QPoint& point);

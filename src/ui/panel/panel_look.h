@@ -1,16 +1,19 @@
 #pragma once
 
 #include "core/panel/panel_geometry.h"
-#include "core/store/catalogue.h"
+#include "core/store/catalogue_cache.h"
 
 #include <QImage>
 #include <QRect>
 #include <QSize>
 #include <QString>
 
+#include <vector>
+
 namespace paneda {
 
-// How the panel looks: what it gives to the layout, and a picture of the window for each category.
+// How the panel looks: what it gives to the layout, a picture of the window for each category, and the areas
+// of its frame that answer to the mouse.
 class PanelLook {
 public:
     virtual ~PanelLook() = default;
@@ -18,23 +21,29 @@ public:
     // Margins and heights that the panel is laid out by.
     virtual PanelMetrics Metrics() const = 0;
 
-    // The panel has been laid out; pictures are asked for from now on. The geometry outlives the look.
+    // The panel has been laid out; all that follows is asked for from now on. The geometry outlives the look.
     virtual void SetGeometry(const PanelGeometry& geometry) = 0;
+
+    // What the pictures on file show, for the cache.
+    virtual PictureRecord Record() const = 0;
 
     // The panel with this category opened, of the window's pixel size; with no category for -1.
     virtual QImage Picture(int category) = 0;
 
-    // Areas that hide the panel and open its menu, in pixels of the window.
+    // The pieces of the frame, by which the panel is dragged. All areas are in pixels of the window.
+    virtual std::vector<QRect> FrameAreas() const = 0;
+
+    // Areas that hide the panel and open its menu.
     virtual QRect HideArea() const = 0;
     virtual QRect MenuArea() const = 0;
 
     // Area of the logo; empty without one.
     virtual QRect LogoArea() const = 0;
 
-    // Reads the drives anew. The picture of the first category has changed then.
+    // Asks the drives again. The picture of the first category is another one afterwards.
     virtual void RefreshDrives() = 0;
 
-    // What is told of a drive button besides its letter; empty if nothing is known.
+    // Tool tip of a drive button; empty if nothing is known of its drive.
     virtual QString DriveTip(int controlIndex) const = 0;
 
     // Whether a button of this size, in pixels, has no room for all of its label.

@@ -2,23 +2,26 @@
 
 #include "core/settings/app_state.h"
 #include "platform/file_icons.h"
+#include "ui/panel/drive_figures.h"
 #include "ui/panel/panel_look.h"
 
 namespace paneda {
 
-// The built-in look, for a program whose skins are all broken. Nothing is kept on disk.
+// The built-in look, for a program whose skins are all unusable. No picture is kept on disk.
 class PlainPanelLook : public PanelLook {
 public:
-    PlainPanelLook(const AppState& state, FileIcons& icons);
+    PlainPanelLook(const AppState& state, FileIcons& icons, DriveSpace& space);
 
     PanelMetrics Metrics() const override;
     void SetGeometry(const PanelGeometry& geometry) override;
+    PictureRecord Record() const override { return {}; }
     QImage Picture(int category) override;
+    std::vector<QRect> FrameAreas() const override;
     QRect HideArea() const override;
     QRect MenuArea() const override;
     QRect LogoArea() const override { return {}; }
-    void RefreshDrives() override {}
-    QString DriveTip(int) const override { return {}; }
+    void RefreshDrives() override { drives_.Read(*geometry_); }
+    QString DriveTip(int controlIndex) const override { return drives_.TipOf(controlIndex); }
     // Texts without room are cut everywhere in this look; a caption too many does no harm in a tip.
     bool CutsLabel(const ButtonEntry&, const QSize&) override { return true; }
     bool PrepareNext() override { return false; }
@@ -26,6 +29,7 @@ public:
 private:
     const AppState& state_;
     FileIcons& icons_;
+    DriveFigures drives_;
     const PanelGeometry* geometry_ = nullptr;
 };
 

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "core/files/file_io.h"
+#include "skin/drive_painter.h"
+#include "skin/font_choice.h"
+#include "skin/panel_painter.h"
+#include "skin/theme_state.h"
+
+#include <QImage>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace paneda {
+
+// What the pictures of the categories are composed from. All that is referred to outlives the pictures.
+struct PictureSources {
+    const ThemeState& Theme;
+    FontChoice& Fonts;
+    const CatalogueList& Catalogue;
+    const PanelGeometry& Geometry; // of that catalogue
+    const PieceSizes& Sizes;       // that it was laid out by
+    IconSource& Icons;
+    const DriveMap& Drives;
+    QString AppPath; // stored form
+    QString Logo;    // path of the picture; empty for none
+    // Asks the drives of the first category for their figures.
+    std::function<std::vector<DriveState>()> ReadDrives;
+};
+
+// The pictures of the window, one for each category, as it looks with that category opened. They lie as PNG
+// files of the window's size in the cache folder: category002.png shows the second category, category002a.png
+// is the same without the titles on its bars. The first category has two pairs: number 0 as it was composed,
+// number 1 with the figures of its drives, which is the one that is shown.
+//
+// A picture that is missing, damaged or of another size is composed when it is asked for. In a folder that
+// cannot be written every picture is composed each time; that is no error.
+class CategoryPictures {
+public:
+    // Whether the files in the folder show what the sources say, or something else and have to be removed.
+    enum class Files { Keep, Drop };
+
+    // `folder` is the host path of the cache folder.
+    CategoryPictures(const QString& folder, PictureSources sources, Files files);
+    ~CategoryPictures();
+
+    // The picture with this category opened, of the window's size; for -1 the frame alone.
+    QImage Picture(int category);
+
+    // Composes one picture more that is not on file yet. False when nothing is left to compose.
+    bool PrepareNext();
+
+    // Asks the drives again and draws their figures on the shown pictures of the first category.
+    void RefleshPanel();
+
+    // Writes the titles of the bars again on the pictures of all categories. Pictures that are not on file
+    // are left out. Returns those that could not be written.
+    std::vector<FileError> RedrawBarTitles();
+
+private:
+    class Composition;
+    enum class Kind { Finished, Base };
+
+    QString PathOf(int number, Kind kind) const;
+    QImage Load(int number, Kind kind) const;
+    FileResult Save(int number, Kind kind, const QImage& picture) const;
+    QImage Compose(int category);
+    // Draws the drives' figures on the first category's two pictures. Returns the finished one.
+    QImage KeepWithDrives(const QImage& base, const QImage& finished);
+    void DropFiles() const;
+    PanelPainter& Painter();
+
+    QString folder_;
+    PictureSources sources_;
+    QSize window_; // pixels
+    // By category: the file of its shown picture is one of this panel. One that could not be removed is not.
+    std::vector<bool> onFile_;
+    bool canSave_ = true; // what cannot be kept is composed again, and never in advance
+    int next_ = 0;        // the next category to look at in PrepareNext
+    // Kept while pictures are composed one after another: it has read the skin's pictures.
+    std::unique_ptr<Composition> composition_;
+};
+
+} // namespace paneda
