@@ -100,6 +100,7 @@ private Q_SLOTS:
     void windowShape();
     void cacheKnowsItsSkin_data();
     void cacheKnowsItsSkin();
+    void changesByHandAreSeen();
     void drives();
     void frame();
 };
@@ -205,6 +206,40 @@ void tst_panel_look::cacheKnowsItsSkin() {
     }
     QTest::qWait(50);
     QCOMPARE(bench.Prompts.Shown.size(), 2);
+}
+
+void tst_panel_look::changesByHandAreSeen() {
+    LookBench bench;
+    bench.Start().picCategory_Click(1);
+    QTest::qWait(50);
+    // An unchanged store and skin: nothing is composed.
+    bench.FileIcons.Targets.clear();
+    frmMain& same = bench.Start();
+    QTest::qWait(100);
+    QVERIFY(bench.FileIcons.Targets.isEmpty());
+    QCOMPARE(same.Opened().Index, 1);
+
+    // The cached start shows what was; the opened category stays open while the others move.
+    bench.AddButton(QStringLiteral("[000] Zero/[001] G/[001] c.txt"));
+    frmMain& grown = bench.Start();
+    QCOMPARE(bench.State.Catalogue.size(), 2U);
+    QTRY_COMPARE(bench.State.Catalogue.size(), 3U);
+    QCOMPARE(grown.Opened().Index, 2);
+    QCOMPARE(grown.Geometry().Categories.size(), 3U);
+
+    WriteBytes(bench.Skin.AppFolder() +
+                   QStringLiteral("/Setting/[002] Two/[001] H/[001] b [11113001100].png"),
+               "a picture of the button's own");
+    bench.Start();
+    bench.FileIcons.Targets.clear();
+    QTRY_VERIFY(!bench.FileIcons.Targets.isEmpty());
+
+    bench.Skin.AddPiece("topa", 6, 9, kBack);
+    frmMain& skinned = bench.Start();
+    QCOMPARE(PixelOf(skinned, {20, 2}), kFrame);
+    QTRY_COMPARE(PixelOf(skinned, {20, 2}), kBack);
+    QCOMPARE(skinned.Geometry().Metrics.Margins.Top, 9 * 15);
+    QVERIFY(bench.Prompts.Shown.isEmpty());
 }
 
 void tst_panel_look::drives() {

@@ -153,12 +153,39 @@ void frmMain::ShowPicture(const QImage& picture) {
 }
 
 void frmMain::AfterFirstPaint() {
+    if (load_.CacheValid)
+        CheckStore();
     // Free space has changed since the pictures were made, and tool tips tell of drives as well.
     RefreshDrives();
     if (HasDriveButtons(state_.Catalogue))
         services_.Volumes.Watch([this] { drivesChange_.start(); });
     prepare_.start();
     TellProblems();
+}
+
+void frmMain::CheckStore() {
+    check_.Start({ScanOptionsOf(state_), state_.Catalogue, skinPath_, look_->Record().Stamp},
+                 [this](CatalogueList found) { FollowStore(std::move(found)); });
+}
+
+// The store or the skin was changed by hand. The window stays: hidden, shown or with its menu open.
+void frmMain::FollowStore(CatalogueList catalogue) {
+    if (unloaded_)
+        return;
+    const QString opened =
+        opened_.Index < 0 ? QString() : state_.Catalogue[std::size_t(opened_.Index)].FolderName;
+    state_.Catalogue = std::move(catalogue);
+    const auto same =
+        std::find_if(state_.Catalogue.begin(), state_.Catalogue.end(),
+                     [&opened](const CategoryEntry& entry) { return entry.FolderName == opened; });
+    const int index = same == state_.Catalogue.end() ? opened_.Index : int(same - state_.Catalogue.begin());
+    load_.CacheValid = false;
+    MakeLook(nullptr);
+    const TwipsRect now = motion_.Rect();
+    LayOut({now.Left, now.Top});
+    picCategory_Click(index);
+    prepare_.start();
+    TellSkinProblem();
 }
 
 void frmMain::PrepareNextPicture() {

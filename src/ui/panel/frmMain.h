@@ -23,6 +23,7 @@
 #include "ui/panel/panel_look.h"
 #include "ui/panel/panel_motion.h"
 #include "ui/panel/satellites.h"
+#include "ui/panel/store_check.h"
 
 #include <QImage>
 #include <QTimer>
@@ -112,6 +113,8 @@ private:
     void PlayFun();
     void Timer3_Timer();
     void AfterFirstPaint();
+    void CheckStore();
+    void FollowStore(CatalogueList catalogue);
     void PrepareNextPicture();
     void RefreshDrives();
     void TellProblems();
@@ -131,6 +134,7 @@ private:
     QTimer timer3_;       // runs while a fun sound plays
     QTimer prepare_;      // ticks while pictures are left to prepare
     QTimer drivesChange_; // runs while mounts follow one another
+    StoreCheck check_;
     PanelGeometry geometry_;
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;

@@ -1,0 +1,43 @@
+#include "ui/panel/store_check.h"
+
+#include "skin/skin_folder.h"
+
+#include <memory>
+#include <utility>
+
+namespace paneda {
+
+namespace {
+
+constexpr unsigned long kWaitAtEnd = 2'000; // ms
+
+} // namespace
+
+StoreFindings LookAtDisk(const CachedStart& cached) {
+    StoreFindings found{false, LoadCatalogue(cached.Store)};
+    found.Differs = found.Catalogue != cached.Catalogue ||
+                    (!cached.SkinPath.isEmpty() && SkinStamp(cached.SkinPath) != cached.SkinStamp);
+    return found;
+}
+
+StoreCheck::~StoreCheck() {
+    // A thread that hangs is left to the end of the process; to destroy it would end that at once.
+    if (worker_ && worker_->wait(kWaitAtEnd))
+        delete worker_;
+}
+
+void StoreCheck::Start(CachedStart cached, std::function<void(CatalogueList)> changed) {
+    if (worker_)
+        return;
+    auto found = std::make_shared<StoreFindings>();
+    worker_ = QThread::create([found, cached = std::move(cached)] { *found = LookAtDisk(cached); });
+    connect(worker_, &QThread::finished, this, [this, found, changed = std::move(changed)] {
+        worker_->deleteLater();
+        worker_ = nullptr;
+        if (found->Differs)
+            changed(std::move(found->Catalogue));
+    });
+    worker_->start(QThread::LowPriority);
+}
+
+} // namespace paneda
