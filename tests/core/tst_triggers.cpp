@@ -131,6 +131,8 @@ void tst_triggers::farEdges_data() {
 void tst_triggers::farEdges() {
     QFETCH(WindowPlace, saved);
     QTEST(HeldToFarEdges(saved, {3000, 6000}, kArea), "expected");
+    // The top of a panel that is higher than the area stays to be reached.
+    QCOMPARE(HeldToFarEdges({1000, 500}, {3000, 20000}, kArea), (WindowPlace{1000, 0}));
 }
 
 void tst_triggers::snapping_data() {
@@ -215,6 +217,8 @@ void tst_triggers::intoView_data() {
     QTest::newRow("across both") << WindowPlace{14000, 500} << WindowPlace{14000, 500};
     QTest::newRow("an edge to grab") << WindowPlace{-1950, 10200} << WindowPlace{-1950, 10200};
     QTest::newRow("a corner too small") << WindowPlace{-1965, 10200} << WindowPlace{750, 4500};
+    QTest::newRow("its top above the area") << WindowPlace{1000, -420} << WindowPlace{1000, 0};
+    QTest::newRow("its top on the second") << WindowPlace{14700, -420} << WindowPlace{14700, -420};
     QTest::newRow("lost at the left") << WindowPlace{-20000, 500} << WindowPlace{750, 500};
     QTest::newRow("lost below the second") << WindowPlace{27000, 12000} << WindowPlace{27000, 3000};
     QTest::newRow("lost far away") << WindowPlace{99000, -99000} << WindowPlace{27000, -3000};

@@ -44,6 +44,11 @@ int HeightOf(const CategoryEntry& category, double buttonsPerRow, const PanelMet
     return height;
 }
 
+// A panel higher than the work area would hide its bars behind a dock, or its top beyond the screen.
+int HighestPanel(const ScreenMetrics& screen) {
+    return std::min(screen.Height - kScreenReserve, screen.WorkAreaBottom - screen.WorkAreaTop);
+}
+
 int PanelHeightOf(const CatalogueList& catalogue, const LayoutInput& input, double buttonsPerRow) {
     int height = input.Metrics.Margins.Top + input.Metrics.Margins.Bottom;
     bool hasTree = false;
@@ -54,7 +59,7 @@ int PanelHeightOf(const CatalogueList& catalogue, const LayoutInput& input, doub
     if (hasTree)
         height = std::max(height, kMinHeightWithTree);
     height += input.Metrics.CategoryBarHeight * int(catalogue.size());
-    return std::min(height, input.Screen.Height - kScreenReserve);
+    return std::min(height, HighestPanel(input.Screen));
 }
 
 // One pixel to the left for a width with a half that starts on a whole unit, one to the right for a start on

@@ -22,11 +22,12 @@ struct PanelMetrics {
     int CategoryBarHeight = 0;
 };
 
-// The screen that the panel is laid out for, in twips.
+// The screen that the panel is laid out for, in twips from its top left corner.
 struct ScreenMetrics {
     int Width = 0;
     int Height = 0;
     int WorkAreaBottom = 0;
+    int WorkAreaTop = 0;
 };
 
 // What the layout is made from besides the catalogue.

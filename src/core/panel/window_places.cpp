@@ -53,8 +53,8 @@ qint64 DistanceTo(const WorkArea& area, WindowPlace point) {
 
 bool CanBeGrabbed(WindowPlace place, TwipsSize panel, const WorkArea& area) {
     const int width = std::min(place.Left + panel.Width, area.Right) - std::max(place.Left, area.Left);
-    const int height = std::min(place.Top + panel.Height, area.Bottom) - std::max(place.Top, area.Top);
-    return width >= std::min(kEnoughToGrab, panel.Width) && height >= std::min(kEnoughToGrab, panel.Height);
+    return width >= std::min(kEnoughToGrab, panel.Width) && place.Top >= area.Top &&
+           place.Top + std::min(kEnoughToGrab, panel.Height) <= area.Bottom;
 }
 
 } // namespace
@@ -65,7 +65,8 @@ int HeldBetween(int begin, int length, int low, int high) {
 }
 
 WindowPlace HeldToFarEdges(WindowPlace saved, TwipsSize panel, const WorkArea& area) {
-    return {std::min(saved.Left, area.Right - panel.Width), std::min(saved.Top, area.Bottom - panel.Height)};
+    return {std::min(saved.Left, std::max(area.Right - panel.Width, area.Left)),
+            std::min(saved.Top, std::max(area.Bottom - panel.Height, area.Top))};
 }
 
 WindowPlace SnapToEdges(const TwipsRect& panel, const WorkArea& area) {

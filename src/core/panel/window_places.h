@@ -32,7 +32,8 @@ struct WindowPlace {
 // longer than that the end is kept inside.
 int HeldBetween(int begin, int length, int low, int high);
 
-// The saved place, moved so that the panel does not reach beyond the right and the bottom edge.
+// The saved place, moved so that the panel does not reach beyond the right and the bottom edge. A panel that
+// is larger than the area does, and begins at the area's left or top edge.
 WindowPlace HeldToFarEdges(WindowPlace saved, TwipsSize panel, const WorkArea& area);
 
 // The place of a panel that has been dragged: an edge within 300 twips inside the same edge of the work area
@@ -65,8 +66,8 @@ PlacedWindow PlaceWindow(const TwipsRect& window, int mode, int extra, const Pla
 // The area that holds the point, else the one nearest to it. An empty area when there are none.
 WorkArea NearestArea(const std::vector<WorkArea>& areas, WindowPlace point);
 
-// For a saved place on a screen that is gone: if no area shows enough of the panel to drag it, the panel is
-// moved into the nearest area. Without areas the place stays as it is.
+// For a saved place on a screen that is gone: if no area shows enough of the panel's top edge to drag it
+// there, the panel is moved into the nearest area. Without areas the place stays as it is.
 WindowPlace BringIntoView(WindowPlace saved, TwipsSize panel, const std::vector<WorkArea>& areas);
 
 } // namespace paneda

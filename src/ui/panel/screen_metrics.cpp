@@ -16,7 +16,7 @@ WorkArea AreaOf(const QRect& rect) {
 
 ScreenMetrics MetricsOf(const QRect& all, const QRect& work) {
     return {PixelsToTwips(all.width()), PixelsToTwips(all.height()),
-            PixelsToTwips(work.y() + work.height() - all.y())};
+            PixelsToTwips(work.y() + work.height() - all.y()), PixelsToTwips(work.y() - all.y())};
 }
 
 const QScreen* NearestScreen(WindowPlace point) {
