@@ -113,8 +113,9 @@ private:
                     states.push_back({button, {{}, 4 * kGigabyte, Free}});
                 return states;
             };
-            return {
-                folder, {Theme, Fonts, Catalogue, Geometry, Sizes, Icons, Drives, Sources.AppPath, {}, read}, files};
+            return {folder,
+                    {Theme, Fonts, Catalogue, Geometry, Sizes, Icons, Drives, Sources.AppPath, {}, read},
+                    files};
         }
 
         quint64 Free = kGigabyte; // on every drive
