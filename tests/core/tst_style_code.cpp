@@ -13,7 +13,6 @@ class tst_style_code : public QObject {
 private Q_SLOTS:
     void decode_data();
     void decode();
-    void widths_data();
     void widths();
 };
 
@@ -45,34 +44,23 @@ void tst_style_code::decode() {
     QTEST(decoded, "expected");
 }
 
-void tst_style_code::widths_data() {
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<double>("cap");
-    QTest::addColumn<double>("units");
-    QTest::addColumn<int>("twips");
-    QTest::addColumn<int>("height");
-    const auto add = [](const char* code, double cap, double units, int twips, int height) {
-        QTest::addRow("<%s> in %g", code, cap)
-            << QString::fromLatin1(code) << cap << units << twips << height;
-    };
-    add("", 20, 1, 480, 480);
-    add("00", 20, 0.5, 240, 240);
-    add("20", 20, 2, 1020, 240);
-    add("A1", 20, 10, 5340, 480);
-    add("B1", 20, 1.5, 750, 480);
-    add("J", 20, 9.5, 5070, 480);
-    add("A", 5, 5, 2640, 480);
-    add("A", 2.5, 2.5, 1290, 480);
-    add("5", 0, 0.5, 240, 480);
-    add("5", std::numeric_limits<double>::quiet_NaN(), 5, 2640, 480);
-}
-
 void tst_style_code::widths() {
-    QFETCH(QString, code);
-    QFETCH(double, cap);
-    QTEST(ButtonWidthUnits(code, cap), "units");
-    QTEST(ButtonWidthTwips(code, cap), "twips");
-    QTEST(ButtonHeight(code), "height");
+    struct Row {
+        const char* Code;
+        double Cap, Units;
+        int Twips, Height;
+    };
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    for (const auto& [code, cap, units, twips, height] :
+         {Row{"", 20, 1, 480, 480}, Row{"00", 20, 0.5, 240, 240}, Row{"20", 20, 2, 1020, 240},
+          Row{"A1", 20, 10, 5340, 480}, Row{"B1", 20, 1.5, 750, 480}, Row{"J", 20, 9.5, 5070, 480},
+          Row{"A", 5, 5, 2640, 480}, Row{"A", 2.5, 2.5, 1290, 480}, Row{"5", 0, 0.5, 240, 480},
+          Row{"5", none, 5, 2640, 480}}) {
+        const QString text = QString::fromLatin1(code);
+        QCOMPARE(ButtonWidthUnits(text, cap), units);
+        QCOMPARE(ButtonWidthTwips(text, cap), twips);
+        QCOMPARE(ButtonHeight(text), height);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_style_code)

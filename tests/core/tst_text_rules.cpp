@@ -17,7 +17,6 @@ private Q_SLOTS:
     void leadingNumber_data();
     void leadingNumber();
     void rounding();
-    void occurrences_data();
     void occurrences();
     void textOrderIsThatOfUtf8();
     void sortEntries();
@@ -51,24 +50,17 @@ void tst_text_rules::rounding() {
     QCOMPARE(TrimBlanks(u"  \ta b\u00A0 "), u"\ta b\u00A0"_s);
 }
 
-void tst_text_rules::occurrences_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QList<int>>("fromEnd"); // for n = 0, 1, 2, ...
-    QTest::newRow("backslashes") << u"E:\\a\\b"_s << u"\\"_s << 2 << QList<int>{0, 5, 3, 0};
-    QTest::newRow("no overlap") << u"aaaa"_s << u"aa"_s << 2 << QList<int>{0, 3, 1, 0};
-    QTest::newRow("none") << u"abc"_s << u"x"_s << 0 << QList<int>{0, 0};
-    QTest::newRow("nothing sought") << u"abc"_s << u""_s << 0 << QList<int>{0, 0};
-}
-
 void tst_text_rules::occurrences() {
-    QFETCH(QString, text);
-    QFETCH(QString, what);
-    QFETCH(QList<int>, fromEnd);
-    QTEST(CountOccurrences(text, what), "count");
-    for (int n = 0; n < fromEnd.size(); ++n)
-        QCOMPARE(FindFromEnd(text, what, n), fromEnd[n]);
+    const QString path = u"E:\\a\\b"_s;
+    QCOMPARE(CountOccurrences(path, u"\\"), 2);
+    QCOMPARE(FindFromEnd(path, u"\\", 1), 5);
+    QCOMPARE(FindFromEnd(path, u"\\", 2), 3);
+    QCOMPARE(FindFromEnd(path, u"\\", 3), 0);
+    QCOMPARE(FindFromEnd(path, u"\\", 0), 0);
+    // Without overlap, also from the end.
+    QCOMPARE(CountOccurrences(u"aaaa", u"aa"), 2);
+    QCOMPARE(FindFromEnd(u"aaaa", u"aa", 2), 1);
+    QCOMPARE(CountOccurrences(u"abc", u""), 0);
 }
 
 void tst_text_rules::textOrderIsThatOfUtf8() {

@@ -18,7 +18,6 @@ private Q_SLOTS:
     void initTestCase();
     void targets_data();
     void targets();
-    void otherActions_data();
     void otherActions();
     void openers();
 
@@ -152,33 +151,20 @@ void tst_start_plan::targets() {
     QCOMPARE(Describe(request), plan);
 }
 
-void tst_start_plan::otherActions_data() {
-    QTest::addColumn<int>("action");
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("parameter");
-    QTest::addColumn<QString>("plan");
-
-    using Action = LaunchRequest::Action;
-    const auto row = [](const char* name, Action action, const char* target, const char* parameter,
-                        const char* plan) {
-        QTest::newRow(name) << int(action) << QString::fromUtf8(target) << QString::fromUtf8(parameter)
-                            << QString::fromUtf8(plan);
-    };
-    row("drive", Action::OpenDrive, "c", "", "@/bin/xdg-open(/) in /");
-    row("drive without volume", Action::OpenDrive, "Q", "",
-        "There is no drive Q: here. Connect it and try again.");
-    row("browser by path", Action::OpenBrowser, "@/app/Inner/script", "https://a b",
-        "@/app/Inner/Script(https://a b) own");
-    row("browser by name", Action::OpenBrowser, "firefox.exe", "https://a", "@/bin/firefox(https://a) own");
-    row("browser not here", Action::OpenBrowser, "iexplore.exe", "https://a", "@/bin/xdg-open(https://a)");
-}
-
 void tst_start_plan::otherActions() {
-    QFETCH(int, action);
-    QFETCH(QString, target);
-    QFETCH(QString, parameter);
-    QTEST(Describe({LaunchRequest::Action(action), Stored(target), parameter, {}, ShowCommand::Normal}),
-          "plan");
+    using Action = LaunchRequest::Action;
+    const auto plan = [this](Action action, const QString& target, const QString& parameter = {}) {
+        return Describe({action, Stored(target), parameter, {}, ShowCommand::Normal});
+    };
+    const auto browser = [&plan](const QString& target) {
+        return plan(Action::OpenBrowser, target, u"https://a b"_s);
+    };
+    QCOMPARE(plan(Action::OpenDrive, u"c"_s), u"@/bin/xdg-open(/) in /"_s);
+    QCOMPARE(plan(Action::OpenDrive, u"Q"_s), u"There is no drive Q: here. Connect it and try again."_s);
+    QCOMPARE(browser(u"@/app/Inner/script"_s), u"@/app/Inner/Script(https://a b) own"_s);
+    QCOMPARE(browser(u"firefox.exe"_s), u"@/bin/firefox(https://a b) own"_s);
+    QCOMPARE(browser(u"iexplore.exe"_s), u"@/bin/xdg-open(https://a b)"_s);
+    QCOMPARE(plan(Action::Nothing, u"c"_s), u""_s);
 }
 
 void tst_start_plan::openers() {
