@@ -45,9 +45,7 @@ private Q_SLOTS:
     void packing();
     void layout();
     void wrapMovesDown();
-    void height_data();
     void height();
-    void buttonsPerRow_data();
     void buttonsPerRow();
     void windowPlace();
     void openCategory();
@@ -129,50 +127,44 @@ void tst_panel_geometry::wrapMovesDown() {
     QCOMPARE(panel.PanelHeight, 240 + 3 * 300 + (3 + 1 + 1) * 540 + 300);
 }
 
-void tst_panel_geometry::height_data() {
-    QTest::addColumn<QStringList>("groups"); // of the only category of buttons
-    QTest::addColumn<bool>("tree");
-    QTest::addColumn<int>("screenHeight");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("no groups") << QStringList{} << false << 12000 << 240 + 300;
-    QTest::newRow("no groups, tree") << QStringList{} << true << 12000 << 1800 + 600;
-    QTest::newRow("lower than a tree asks for") << QStringList{u"11"_s} << true << 12000 << 1800 + 600;
-    QTest::newRow("just below the screen") << QStringList{u"11"_s} << false << 1680 << 1380;
-    QTest::newRow("cut by the screen") << QStringList{u"11"_s} << false << 1679 << 1379;
-}
-
 void tst_panel_geometry::height() {
-    QFETCH(QStringList, groups);
-    QFETCH(bool, tree);
-    CatalogueList catalogue{Category(groups)};
-    if (tree)
-        catalogue.push_back(Category({}, u"T"_s));
-    LayoutInput input = Input();
-    input.Screen.Height = *static_cast<int*>(QTest::qData("screenHeight", QMetaType::Int));
-    const PanelGeometry panel = LayoutPanel(catalogue, input);
-    QTEST(panel.PanelHeight, "expected");
-    QCOMPARE(panel.Categories.back().Bar.Bottom(), panel.PanelHeight - 90);
-    QVERIFY(LayoutPanel({}, input).Categories.empty());
-}
-
-void tst_panel_geometry::buttonsPerRow_data() {
-    QTest::addColumn<double>("asked");
-    QTest::addColumn<double>("held");
-    QTest::addColumn<int>("width"); // without the margins
-    QTest::newRow("2.5") << 2.5 << 2.5 << 1410;
-    QTest::newRow("negative") << -7.0 << 0.5 << 330;
-    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 0.5 << 330;
-    QTest::newRow("999") << 999.0 << 27.0 << 27 * 540 + 60; // 14760 twips of screen between the margins
+    const auto height = [](const QStringList& groups, bool tree, int screenHeight = 12000) {
+        CatalogueList catalogue{Category(groups)};
+        if (tree)
+            catalogue.push_back(Category({}, u"T"_s));
+        LayoutInput input = Input();
+        input.Screen.Height = screenHeight;
+        const PanelGeometry panel = LayoutPanel(catalogue, input);
+        return panel.Categories.back().Bar.Bottom() == panel.PanelHeight - 90 ? panel.PanelHeight : 0;
+    };
+    const QString row = u"11"_s;
+    QCOMPARE(height({}, false), 240 + 300);
+    // A tree asks for 1800.
+    QCOMPARE(height({row}, true), 1800 + 600);
+    QCOMPARE(height({row, row}, true), 1920 + 600);
+    // What the screen can show, 300 less than its height.
+    QCOMPARE(height({row}, false, 1680), 1380);
+    QCOMPARE(height({row}, false, 1679), 1379);
+    QVERIFY(LayoutPanel({}, Input()).Categories.empty());
 }
 
 void tst_panel_geometry::buttonsPerRow() {
-    LayoutInput input = Input();
-    input.ButtonsPerRow = *static_cast<double*>(QTest::qData("asked", QMetaType::Double));
-    const PanelGeometry panel = LayoutPanel({Category({u"11 00 A1"_s})}, input);
-    QTEST(panel.ButtonsPerRow, "held");
-    QTEST(panel.PanelWidth - 180, "width");
-    for (const ButtonGeometry& button : panel.Categories[0].Groups[0].Buttons)
-        QVERIFY(button.Rect.Width > 0 && button.Rect.Right() <= panel.PanelWidth);
+    struct Row {
+        double Asked, Held;
+        int Width; // without the margins
+    };
+    // 14760 twips of screen between the margins have room for 27 units.
+    for (const auto& [asked, held, width] :
+         {Row{2.5, 2.5, 1410}, Row{-7, 0.5, 330}, Row{std::numeric_limits<double>::quiet_NaN(), 0.5, 330},
+          Row{999, 27, 27 * 540 + 60}}) {
+        LayoutInput input = Input();
+        input.ButtonsPerRow = asked;
+        const PanelGeometry panel = LayoutPanel({Category({u"11 00 A1"_s})}, input);
+        QCOMPARE(panel.ButtonsPerRow, held);
+        QCOMPARE(panel.PanelWidth - 180, width);
+        for (const ButtonGeometry& button : panel.Categories[0].Groups[0].Buttons)
+            QVERIFY(button.Rect.Width > 0 && button.Rect.Right() <= panel.PanelWidth);
+    }
 }
 
 // The panel is 2940 wide and 1680 high: the last places are 15000 - 2940 and 11500 - 1680.
