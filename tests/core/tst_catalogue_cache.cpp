@@ -43,8 +43,7 @@ class tst_catalogue_cache : public QObject {
 private Q_SLOTS:
     void roundTrip();
     void movedStore();
-    void everyDamagedByte();
-    void everyLength();
+    void damage();
     void files();
 };
 
@@ -66,23 +65,17 @@ void tst_catalogue_cache::movedStore() {
     QCOMPARE(groups[1].Buttons[0].Path, u"Drive C"_s);
 }
 
-void tst_catalogue_cache::everyDamagedByte() {
+// At every byte: another bit, and an end. More of it comes from the fuzz target.
+void tst_catalogue_cache::damage() {
     const CacheRecord record = Sample();
     const QByteArray bytes = EncodeCache(record);
     for (qsizetype i = 0; i < bytes.size(); ++i) {
-        for (const int change : {1, 2, 4, 8, 16, 32, 64, 128, 255, int(quint8(bytes[i]))}) {
-            QByteArray damaged = bytes;
-            damaged[i] = char(damaged[i] ^ change);
-            const auto decoded = DecodeCache(damaged, kVersion, test::kAppPath);
-            QVERIFY2(!decoded || *decoded == record, QByteArray::number(i).constData());
-        }
+        QByteArray damaged = bytes;
+        damaged[i] = char(damaged[i] ^ (1 << (i % 8)));
+        const auto decoded = DecodeCache(damaged, kVersion, test::kAppPath);
+        QVERIFY2(!decoded || *decoded == record, QByteArray::number(i).constData());
+        QVERIFY(!DecodeCache(bytes.first(i), kVersion, test::kAppPath));
     }
-}
-
-void tst_catalogue_cache::everyLength() {
-    const QByteArray bytes = EncodeCache(Sample());
-    for (qsizetype size = 0; size < bytes.size(); ++size)
-        QVERIFY(!DecodeCache(bytes.first(size), kVersion, test::kAppPath));
     QVERIFY(!DecodeCache(bytes + '\0', kVersion, test::kAppPath));
 }
 
