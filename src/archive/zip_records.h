@@ -77,7 +77,7 @@ std::optional<ZipCentralHeader> DecodeZipCentral(QByteArrayView bytes);
 std::optional<ZipEndRecord> DecodeZipEnd(QByteArrayView bytes);
 
 // A time as the headers hold it: steps of two seconds, odd seconds cut, in local time of the given value.
-// What lies before 1980 or behind 2107 becomes the first or the last time that can be told; an invalid time
+// What lies before 1980 or behind 2107 becomes the first or the last time that an archive can hold; an invalid time
 // becomes the first.
 struct ZipDosTime {
     quint16 Time = 0;

@@ -32,7 +32,7 @@ QString WithoutLnk(const QString& name);
 // brackets stay. Empty only for an empty text.
 QString SafeFileName(const QString& text);
 
-// The title of a category or group on the panel: what stands behind the first "]", trimmed.
+// The title of a category or group on the panel: what follows the first "]", trimmed.
 QString TitleBehindPrefix(const QString& folderName);
 
 // The caption of a button: its file name without prefix, style tag and extension.
