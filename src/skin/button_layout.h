@@ -7,11 +7,11 @@ namespace paneda {
 
 // Where the parts of a button lie, from its top left corner.
 struct ButtonLayout {
-    int IconPixels = 0; // width and height that the layout reckons with
+    int IconPixels = 0; // width and height that the layout assumes
     // Of the icon, in pixels; halves are possible.
     double IconLeft = 0;
     double IconTop = 0;
-    // Horizontal room of a smooth label, in twips. Both are 0 when the style tells no place for the label.
+    // Horizontal room of a smooth label, in twips. Both are 0 when the style names no place for the label.
     int LabelLeft = 0;
     int LabelWidth = 0;
     // What a sharp label leaves free beside it for the icon, in twips.

@@ -1,13 +1,8 @@
 #include "skin/button_painter.h"
 
-#include "core/files/ini_file.h"
-#include "core/files/path_conversion.h"
-#include "core/store/names.h"
 #include "core/store/style_code.h"
-#include "core/text/text_rules.h"
 #include "skin/button_label.h"
 #include "skin/button_layout.h"
-#include "skin/picture_loader.h"
 
 namespace paneda {
 
@@ -34,8 +29,6 @@ public:
     void PaintLabel();
 
 private:
-    QString IconPath() const;
-
     DrawingSurface& surface_;
     const ButtonSpec& button_;
     PaintTools& tools_;
@@ -63,34 +56,17 @@ void Painting::PaintPiece() {
                          {.Mode = tools_.Theme.ButtonDrawMode});
 }
 
-// What the icon is asked of: the target of a record, else the file itself.
-QString Painting::IconPath() const {
-    if (!SameName(ExtensionOf(button_.Target), u"PND"))
-        return button_.Target;
-    const QString record = sources_.Drives.ToHost(button_.Target, sources_.AppPath);
-    const QString target = ReadIni(QStringLiteral("Properties"), QStringLiteral("Target"), record);
-    if (target.startsWith(u'\\') && target.mid(1, 1) != u"\\")
-        return sources_.AppPath.left(2) + target;
-    return ResolveRelativePath(target, sources_.AppPath);
-}
-
 void Painting::PaintIcon() {
-    if (!style_.DrawIcon || button_.Target.isEmpty())
+    if (!style_.DrawIcon)
         return;
     const int side = PixelsToTwips(layout_.IconPixels);
     const TwipsRect place{box_.Left + int(kTwipsPerPixel * layout_.IconLeft),
                           box_.Top + int(kTwipsPerPixel * layout_.IconTop), side, side};
-    const QString file = sources_.Drives.ToHost(button_.Target, sources_.AppPath);
-    const QString picture = sources_.Finder.Find(PictureStem(file));
-    if (!picture.isEmpty()) {
-        surface_.DrawPicture(LoadPicture(picture, layout_.IconPixels), place,
-                             {.Mode = DrawMode::Over, .Fit = true});
-        return;
-    }
-    const QString path = IconPath();
-    if (!path.isEmpty())
-        surface_.DrawIcon(sources_.Icons.Icon(path, layout_.IconPixels),
-                          {place.Left, place.Top, size_.Width, size_.Height});
+    const ButtonPicture picture = sources_.PictureOf(button_.Target, layout_.IconPixels);
+    if (picture.IsOwnFile)
+        surface_.DrawPicture(picture.Image, place, {.Mode = DrawMode::Over, .Fit = true});
+    else
+        surface_.DrawIcon(picture.Image, {place.Left, place.Top, size_.Width, size_.Height});
 }
 
 void Painting::PaintLabel() {

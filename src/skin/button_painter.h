@@ -1,11 +1,9 @@
 #pragma once
 
-#include "core/files/drive_map.h"
+#include "skin/button_sources.h"
 #include "skin/decoded_pictures.h"
 #include "skin/drawing_surface.h"
 #include "skin/font_choice.h"
-#include "skin/icon_source.h"
-#include "skin/picture_files.h"
 #include "skin/theme_state.h"
 
 #include <QString>
@@ -14,8 +12,8 @@
 
 namespace paneda {
 
-// What every painter of one composition draws with. The pictures and names that it reads are read once, so it
-// is made anew for each composition.
+// What every painter of one composition draws with. It reads each picture of the skin once, so each
+// composition needs a new one.
 struct PaintTools {
     PaintTools(const ThemeState& theme, FontChoice& fonts) : Theme(theme), Fonts(fonts) {}
 
@@ -25,15 +23,6 @@ struct PaintTools {
     const ThemeState& Theme;
     FontChoice& Fonts;
     DecodedPictures Pictures;
-};
-
-// Where buttons get their icons from, and the limit of their width.
-struct ButtonSources {
-    IconSource& Icons;
-    const DriveMap& Drives;
-    QString AppPath; // stored form
-    double ButtonsPerRow = 5;
-    PictureFinder Finder = {};
 };
 
 struct ButtonSpec {
@@ -50,7 +39,7 @@ struct ButtonSpec {
 // Size of a button in twips.
 TwipsSize ButtonSize(const ButtonSpec& button, const ButtonSources& sources);
 
-// Paints a button: background, icon or the picture beside its file, label.
+// Paints a button: background, picture, label.
 void PaintButton(DrawingSurface& surface, const ButtonSpec& button, PaintTools& tools,
                  ButtonSources& sources);
 

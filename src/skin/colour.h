@@ -20,7 +20,7 @@ ColorRef HexToColor(QStringView text);
 // Six capital hexadecimal digits RRGGBB.
 QString ColorToHex(ColorRef color);
 
-// Each part is held to 0 to 255.
+// Each part is limited to 0 to 255.
 Argb MakeArgb(int alpha, int red, int green, int blue);
 
 Argb ColorToArgb(ColorRef color, int alpha);

@@ -6,8 +6,8 @@
 
 namespace paneda {
 
-// The skin's pictures of one composition, each decoded once. Made for it and dropped after it, so a picture
-// that changes on disk is read anew by the next one.
+// The skin's pictures of one composition, each decoded once. Made for it and dropped after it, so that the
+// next one reads a picture that has changed on disk.
 class DecodedPictures {
 public:
     // As LoadPicture; null for an empty path.

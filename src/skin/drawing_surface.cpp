@@ -24,7 +24,7 @@ QPainter::CompositionMode CompositionOf(DrawMode mode) {
     return mode == DrawMode::Clear ? QPainter::CompositionMode_Source : QPainter::CompositionMode_SourceOver;
 }
 
-// A painter that cannot begin tells so on the error stream at every call.
+// A painter that cannot begin prints a warning at every call.
 bool Begin(QPainter& painter, QImage& image, DrawMode mode) {
     if (image.isNull() || !painter.begin(&image))
         return false;

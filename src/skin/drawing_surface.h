@@ -2,8 +2,8 @@
 
 #include "core/text/twips.h"
 #include "skin/colour.h"
-#include "skin/smooth_label.h"
 #include "skin/picture_placing.h"
+#include "skin/smooth_label.h"
 
 #include <QImage>
 #include <QSize>
@@ -43,13 +43,13 @@ public:
     void PrintLine(const QString& text, int left, int top, const TwipsRect& clip, const TextFont& font,
                    Argb color, std::optional<Argb> outline = {});
 
-    // Blended in, but replaces what is there when the last operation did so.
+    // Blended over what is there; replaces it if the last drawing or clearing replaced what was there.
     void FillRect(Argb color, const TwipsRect& rect);
 
     // Makes a rectangle fully transparent.
     void ClearRect(const TwipsRect& rect);
 
-    // Squares in two greys, so that what is transparent above them can be seen.
+    // Squares in two greys, so that a transparent part above them is seen as such.
     void DrawCheckerBackdrop(const TwipsRect& rect, int cell);
 
 private:

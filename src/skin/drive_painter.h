@@ -10,7 +10,7 @@
 
 namespace paneda {
 
-// What a drive tells about itself. No total: there is no medium.
+// The figures of a drive. A total of 0 means that there is no medium in it.
 struct DriveInfo {
     QString Label; // of the volume; empty for none
     quint64 TotalBytes = 0;
@@ -35,10 +35,10 @@ QString DriveToolTip(const QString& drive, const DriveInfo& info);
 // A size in units of 1024^3 bytes with as many decimals as make three digits or more: 0.512, 12.50, 931.5.
 QString GigabytesText(quint64 bytes);
 
-// Adds a drive's free space, capacity, bar and letter to its button.
+// Draws a drive's free space, capacity, bar and letter on its button.
 void DrawDrive(DrawingSurface& surface, const PlacedDrive& button, const DriveInfo& info, PaintTools& tools);
 
-// A drive button with what its drive tells at present.
+// A drive button with the present figures of its drive.
 struct DriveState {
     PlacedDrive Button;
     DriveInfo Info;

@@ -6,8 +6,8 @@
 
 namespace paneda {
 
-// The file names of one folder, listed once: for those who look for many names in it. Finds as FindEntry
-// does.
+// The file names of one folder, listed once: for looking up many names in it. A name is found in any case of
+// letters, as by FindEntry.
 class FolderNames {
 public:
     FolderNames() = default;

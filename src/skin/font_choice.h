@@ -7,7 +7,7 @@
 namespace paneda {
 
 // Turns the font names of skins and styles into families that are installed. Asks the system for its families
-// at the first question and not before, since that takes longer than showing a cached panel.
+// when the first one is looked up: that takes longer than to show a cached panel.
 class FontChoice {
 public:
     FontChoice() = default;
@@ -15,8 +15,8 @@ public:
     // For tests: these families are installed.
     explicit FontChoice(QStringList installed);
 
-    // The family itself if it is installed, in any case of letters; else what stands for it; else what stands
-    // for Tahoma. Never empty where any font is installed.
+    // The family itself if it is installed, in any case of letters; else its substitute; else the substitute
+    // for Tahoma. Never empty if any font is installed.
     QString Family(const QString& wanted);
 
 private:

@@ -16,8 +16,8 @@ inline constexpr qint64 kMaxPictureFile = 64 * 1024 * 1024;
 // or of another format.
 QImage LoadPicture(const QString& path, int wanted = 0);
 
-// The size of the picture that LoadPicture would give, in pixels, read from the file's header alone. Empty
-// where that tells none.
+// The size of the picture that LoadPicture would give, in pixels, read from the file's header alone. Empty if
+// the header has none.
 QSize ReadPictureSize(const QString& path);
 
 } // namespace paneda

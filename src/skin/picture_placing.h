@@ -6,7 +6,7 @@
 
 namespace paneda {
 
-// How a picture lands on what is under it: Clear replaces it with its alpha, Over blends.
+// How a picture is drawn on what is under it: Clear replaces it with its alpha, Over blends.
 enum class DrawMode { Clear, Over };
 
 // How DrawPicture fits a picture into its box.
@@ -18,7 +18,7 @@ struct PictureDrawing {
     bool Fit = false;
 };
 
-// What part of a picture goes where, in pixels. The source rectangle is scaled to the target one.
+// Which part of a picture is drawn where, in pixels. The source rectangle is scaled to the target one.
 struct PicturePlace {
     QRect Source;
     QRect Target;

@@ -141,7 +141,7 @@ struct PlaceKey {
     int* Field;
 };
 
-// The first key without a value; empty if all are told.
+// The first key without a value; empty if all have one.
 QString ReadPlaces(const IniText& ini, ThemeState& theme) {
     const std::array<PlaceKey, 10> keys{{{u"hide button top", &theme.HideRect.Top},
                                          {u"hide button left", &theme.HideRect.Left},

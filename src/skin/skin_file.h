@@ -11,10 +11,10 @@
 namespace paneda {
 
 // Reads skin.ini and the names of the pieces, but no picture. Fails when the folder or the file is missing
-// and when one of the places on the bottom picture is not told.
+// and when a place on the bottom picture has no value.
 tl::expected<ThemeState, SkinError> ReadSkin(const QString& appFolder, const QString& skinName);
 
-// What skin.ini tells, without SkinPath and Pieces. `skinName` and `file` are for the error.
+// The theme that skin.ini describes, without SkinPath and Pieces. `skinName` and `file` are for the error.
 tl::expected<ThemeState, SkinError> ReadTheme(const IniText& ini, const QString& skinName,
                                               const QString& file);
 

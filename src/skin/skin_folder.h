@@ -21,8 +21,9 @@ struct SkinError {
 // both found in any case of letters. Fails when there is none, or when the name is no plain folder name.
 tl::expected<QString, SkinError> FindSkinFolder(const QString& appFolder, const QString& skinName);
 
-// Tells whether skin.ini or a picture of the skin was changed: a checksum of their names, sizes and times.
-// `skinPath` is the host folder. Files in folders below it do not count. 0 for a folder without such files.
+// A checksum of names, sizes and times of skin.ini and the skin's pictures, which changes when one of them
+// does. `skinPath` is the host folder. Files in folders below it do not count. 0 for a folder without such
+// files.
 quint64 SkinStamp(const QString& skinPath);
 
 // An error of a file or folder of the skin.

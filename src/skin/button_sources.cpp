@@ -1,0 +1,36 @@
+#include "skin/button_sources.h"
+
+#include "core/files/ini_file.h"
+#include "core/files/path_conversion.h"
+#include "core/store/names.h"
+#include "core/text/text_rules.h"
+#include "skin/picture_loader.h"
+
+namespace paneda {
+
+namespace {
+
+// What the icon is asked of: the target of a record, else the file itself.
+QString IconPath(const QString& target, const ButtonSources& sources) {
+    if (!SameName(ExtensionOf(target), u"PND"))
+        return target;
+    const QString wanted = ReadIni(QStringLiteral("Properties"), QStringLiteral("Target"),
+                                   sources.Drives.ToHost(target, sources.AppPath));
+    if (wanted.startsWith(u'\\') && wanted.mid(1, 1) != u"\\")
+        return sources.AppPath.left(2) + wanted;
+    return ResolveRelativePath(wanted, sources.AppPath);
+}
+
+} // namespace
+
+ButtonPicture ButtonSources::PictureOf(const QString& target, int pixels) {
+    if (target.isEmpty())
+        return {};
+    const QString picture = Finder.Find(PictureStem(Drives.ToHost(target, AppPath)));
+    if (!picture.isEmpty())
+        return {LoadPicture(picture, pixels), true};
+    const QString path = IconPath(target, *this);
+    return {path.isEmpty() ? QImage() : Icons.Icon(path, pixels), false};
+}
+
+} // namespace paneda

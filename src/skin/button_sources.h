@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/files/drive_map.h"
+#include "skin/icon_source.h"
+#include "skin/picture_files.h"
+
+#include <QImage>
+#include <QString>
+
+namespace paneda {
+
+// What the picture on a button is, and from where.
+struct ButtonPicture {
+    QImage Image;           // null if there is none
+    bool IsOwnFile = false; // a picture file beside the button's file, of any size; else an icon
+};
+
+// Where buttons get their pictures from, and the limit of their width.
+struct ButtonSources {
+    IconSource& Icons;
+    const DriveMap& Drives;
+    QString AppPath; // stored form
+    double ButtonsPerRow = 5;
+    PictureFinder Finder = {};
+
+    // The picture beside a button's file, else the icon of a record's target or of the file itself. `target`
+    // is the path of the button's file in the stored form; the icon is `pixels` wide and high.
+    ButtonPicture PictureOf(const QString& target, int pixels);
+};
+
+} // namespace paneda
