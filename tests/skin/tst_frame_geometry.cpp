@@ -62,11 +62,6 @@ void TestFrameGeometry::PlacesPlainFrame() {
     for (const TwipsRect& none : {frame.TopB, frame.BottomB, frame.LeftB, frame.RightB})
         QCOMPARE(none, TwipsRect());
     QCOMPARE(frame.Inner, Rect(6, 12, 187, 258));
-    const FrameMargins margins = GetBorderMargin(PlainSizes());
-    QCOMPARE(margins.Top, 12 * 15);
-    QCOMPARE(margins.Left, 6 * 15);
-    QCOMPARE(margins.Bottom, 30 * 15);
-    QCOMPARE(margins.Right, 7 * 15);
 }
 
 void TestFrameGeometry::PlacesCentresAndSecondFillers() {

@@ -2,8 +2,8 @@
 
 #include "skin/category_pictures.h"
 #include "skin/piece_sizes.h"
+#include "skin/quick_png.h"
 
-#include <QBuffer>
 #include <QTest>
 
 using namespace paneda;
@@ -73,16 +73,13 @@ class TestPanelPainter : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void EachPieceInItsPlace();
-    void OptionalPiecesLieOverFillers();
     void WideBottomStaysBetweenMargins();
     void BarsShowWhichIsOpen();
     void TreeCategoryIsTransparentInside();
-    void WhatHasNoRoomIsLeftOut();
     void DriveTexts();
     void DriveDataIsAdded();
     void SkinWithoutPicturesIsPainted();
     void FilesBelongToTheirPanel();
-    void UnusableFileIsComposedAgain_data();
     void UnusableFileIsComposedAgain();
     void DrivesAndTitlesAreRedrawn();
     void FolderThatCannotBeWritten();
@@ -163,39 +160,25 @@ void TestPanelPainter::initTestCase() {
 }
 
 void TestPanelPainter::EachPieceInItsPlace() {
+    maker_.AddPiece("topb", 3, 6, 0xFF222222);
     Panel panel(maker_, TwoAndTree());
     const QImage image = panel.Painter->PaintFrame();
+    QVERIFY(QFile::remove(maker_.PathOf(QStringLiteral("topb.png"))));
     const int width = panel.Geometry.PanelWidth / 15;
     const int height = panel.Geometry.PanelHeight / 15;
     QCOMPARE(image.size(), QSize(width, height));
-    for (const QPoint corner : {QPoint(0, 0), QPoint(width - 1, 0), QPoint(0, height - 1),
-                                QPoint(width - 1, height - 1), QPoint(3, 11), QPoint(width - 12, height - 3)})
+    for (const QPoint corner :
+         {QPoint(3, 11), QPoint(width - 12, 0), QPoint(0, height - 1), QPoint(width - 12, height - 3)})
         QCOMPARE(image.pixel(corner), kCorner);
     QCOMPARE(image.pixel(12, 0), kTop);
-    QCOMPARE(image.pixel(width - 13, 9), kTop);
-    QCOMPARE(image.pixel(0, 12), kLeft);
+    QCOMPARE(BoxOf(image, 0xFF222222).right(), width - 13); // over the right half of the edge
     QCOMPARE(image.pixel(7, height - 25), kLeft);
     QCOMPARE(image.pixel(width - 9, 12), kRight);
-    QCOMPARE(BoxOf(image, kBack).left(), 8);
+    QCOMPARE(BoxOf(image, kBack).topLeft(), QPoint(8, 10));
     QCOMPARE(BoxOf(image, kBack).bottom(), height - 21);
     QCOMPARE(image.pixel(13, height - 20), kBottomA);
     QCOMPARE(BoxOf(image, kBottom), QRect((width - 50) / 2, height - 20, 50, 20));
     QCOMPARE(BoxOf(image, kLogo), QRect((width - 50) / 2 + 14, height - 20 + 4, 6, 5));
-}
-
-void TestPanelPainter::OptionalPiecesLieOverFillers() {
-    maker_.AddPiece("top", 21, 6, 0xFF111111);
-    maker_.AddPiece("topb", 3, 6, 0xFF222222);
-    maker_.AddPiece("rightb", 9, 3, 0xFF333333);
-    Panel panel(maker_, TwoAndTree());
-    const QImage image = panel.Painter->PaintFrame();
-    const int left = (image.width() - 21) / 2;
-    QCOMPARE(BoxOf(image, 0xFF111111), QRect(left, 0, 21, 6));
-    QCOMPARE(BoxOf(image, 0xFF222222), QRect(left + 21, 0, image.width() - 12 - left - 21, 6));
-    QCOMPARE(image.pixel(left + 25, 7), kTop);
-    QCOMPARE(BoxOf(image, 0xFF333333).bottom(), image.height() - 13);
-    for (const char* name : {"top.png", "topb.png", "rightb.png"})
-        QVERIFY(QFile::remove(maker_.PathOf(QString::fromLatin1(name))));
 }
 
 void TestPanelPainter::WideBottomStaysBetweenMargins() {
@@ -210,20 +193,12 @@ void TestPanelPainter::WideBottomStaysBetweenMargins() {
 void TestPanelPainter::BarsShowWhichIsOpen() {
     Panel panel(maker_, TwoAndTree());
     for (int open = 0; open < 2; ++open) {
-        const QImage base = panel.Painter->PaintBase(open);
-        for (int i = 0; i < 3; ++i) {
-            const TwipsRect& bar = panel.Geometry.Categories[std::size_t(i)].Bar;
-            QCOMPARE(base.pixel(panel.Pixel(bar.Left, bar.Top)), i == open ? kActiveBar : kBar);
-            QCOMPARE(base.pixel(panel.Pixel(bar.Right() - 15, bar.Bottom() - 15)),
-                     i == open ? kActiveBar : kBar);
-        }
-        QCOMPARE(BoxOf(base, kActiveBar).size(), QSize(panel.Geometry.InnerWidth() / 15, 20));
+        const QRect bar = ToPixels(panel.Geometry.Categories[std::size_t(open)].Bar);
+        QCOMPARE(BoxOf(panel.Painter->PaintBase(open), kActiveBar), bar);
     }
     const QImage base = panel.Painter->PaintBase(0);
-    const TwipsRect header = panel.Geometry.Categories[0].Groups[0].Header;
     const QRect title = BoxOf(base, kTitle);
-    QVERIFY(ToPixels(header).intersects(title));
-    QVERIFY(title.left() >= header.Left / 15 + 4);
+    QVERIFY(ToPixels(panel.Geometry.Categories[0].Groups[0].Header).adjusted(4, 0, 0, 0).intersects(title));
     const TwipsRect button = panel.Geometry.Categories[0].Groups[0].Buttons[2].Rect;
     QCOMPARE(base.pixel(panel.Pixel(button.Left, button.Top)), kGround);
 }
@@ -240,27 +215,14 @@ void TestPanelPainter::TreeCategoryIsTransparentInside() {
     QVERIFY(!BoxOf(panel.Painter->PaintBase(1), kBack).isNull());
 }
 
-void TestPanelPainter::WhatHasNoRoomIsLeftOut() {
-    const CatalogueList list{
-        MakeCategory("[001] Long", "S", {MakeGroup("[001] A", 5), MakeGroup("[002] B", 100)})};
-    Panel panel(maker_, list, 4000);
-    QCOMPARE(panel.Geometry.PanelHeight, 3700);
-    const QImage base = panel.Painter->PaintBase(0);
-    QVERIFY(BoxOf(base, kGround).bottom() < panel.Geometry.BarsTop / 15);
-    QCOMPARE(BoxOf(base, kActiveBar).height(), 20);
-}
-
 void TestPanelPainter::DriveTexts() {
     QCOMPARE(GigabytesText(0), QStringLiteral("0.000"));
-    QCOMPARE(GigabytesText(kGigabyte / 2), QStringLiteral("0.500"));
     QCOMPARE(GigabytesText(10 * kGigabyte), QStringLiteral("10.00"));
     QCOMPARE(GigabytesText(100 * kGigabyte), QStringLiteral("100.0"));
-    QCOMPARE(GigabytesText(1863 * kGigabyte), QStringLiteral("1863.0"));
     const QString drive = QStringLiteral("C:");
     QCOMPARE(DriveToolTip(drive, {QStringLiteral("System"), 1000, 425}),
              QStringLiteral("C:(System) Free 42%"));
     QCOMPARE(DriveToolTip(drive, {{}, 0, 0}), QStringLiteral("C: Free -"));
-    QCOMPARE(DriveToolTip(drive, {{}, 10, 0}), QStringLiteral("C: Free 0%"));
 }
 
 void TestPanelPainter::DriveDataIsAdded() {
@@ -269,7 +231,6 @@ void TestPanelPainter::DriveDataIsAdded() {
     QCOMPARE(drives.size(), 3u);
     QCOMPARE(drives[0].Drive, QStringLiteral("C:"));
     QCOMPARE(drives[2].Drive, QStringLiteral("E:"));
-    QCOMPARE(drives[2].ControlIndex, 3);
     const auto drawn = [&panel](const DriveInfo& info) {
         DrawingSurface surface(QSize(40, 40));
         DrawDrive(surface, {1, QStringLiteral("C:"), {30, 45, 480, 480}}, info, panel.Tools);
@@ -287,7 +248,6 @@ void TestPanelPainter::DriveDataIsAdded() {
     const QImage none = drawn({{}, 0, 0});
     QVERIFY(BoxOf(none, kTitle).isNull());
     QVERIFY(!BoxOf(none, 0xFFFF0000).isNull());
-    QCOMPARE(BoxOf(none, 0xFF0000FF), QRect(12, 28, 21, 6));
     // A drive that tells more free than it has stays inside its bar.
     QVERIFY(BoxOf(drawn({{}, 10, 1000}), 0xFFFF00FF).right() < 32);
 }
@@ -330,28 +290,21 @@ void TestPanelPainter::FilesBelongToTheirPanel() {
     QCOMPARE(other.Picture(1).pixel(0, 0), kCorner);
 }
 
-void TestPanelPainter::UnusableFileIsComposedAgain_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QByteArray small;
-    QBuffer buffer(&small);
-    buffer.open(QIODevice::WriteOnly);
-    PlainPicture(20, 20, kBack).save(&buffer, "png");
-    QTest::newRow("missing") << QByteArray();
-    QTest::newRow("damaged") << QByteArray("\x89PNG\r\n\x1a\n....");
-    QTest::newRow("of another window") << small;
-}
-
 void TestPanelPainter::UnusableFileIsComposedAgain() {
-    QFETCH(const QByteArray, bytes);
     const QTemporaryDir folder;
     Panel panel(maker_, TwoAndTree());
     const QImage composed = panel.Pictures(folder.path(), CategoryPictures::Files::Drop).Picture(1);
     const QString file = folder.filePath(QStringLiteral("category002.png"));
-    QFile::remove(file);
-    if (!bytes.isNull())
-        WriteBytes(file, bytes);
-    QCOMPARE(panel.Pictures(folder.path(), CategoryPictures::Files::Keep).Picture(1), composed);
-    QCOMPARE(QImage(file).size(), composed.size());
+    const QByteArray good = QuickPng(composed, 0);
+    // Missing, damaged, of another window.
+    for (const QByteArray& bytes :
+         {QByteArray(), good.first(good.size() / 2), QuickPng(PlainPicture(9, 9, kBack), 0)}) {
+        QVERIFY(QFile::remove(file));
+        if (!bytes.isEmpty())
+            WriteBytes(file, bytes);
+        QCOMPARE(panel.Pictures(folder.path(), CategoryPictures::Files::Keep).Picture(1), composed);
+        QCOMPARE(QImage(file).size(), composed.size());
+    }
 }
 
 void TestPanelPainter::DrivesAndTitlesAreRedrawn() {

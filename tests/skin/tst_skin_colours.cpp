@@ -14,7 +14,6 @@ class TestSkinColours : public QObject {
 private Q_SLOTS:
     void ReadsColourTexts_data();
     void ReadsColourTexts();
-    void ConvertsColours();
     void KeyAvoidsTakenColours();
     void CutsOutKey();
     void ReadsAlignmentCodes();
@@ -40,15 +39,6 @@ void TestSkinColours::ReadsColourTexts() {
     QFETCH(QString, text);
     QFETCH(ColorRef, color);
     QCOMPARE(HexToColor(text), color);
-}
-
-void TestSkinColours::ConvertsColours() {
-    QCOMPARE(ColorToHex(0xEFAB12), QStringLiteral("12ABEF"));
-    QCOMPARE(ColorToHex(0x000001), QStringLiteral("010000"));
-    QCOMPARE(ColorToArgb(0xEFAB12, 7), 0x0712ABEFu);
-    QCOMPARE(MakeArgb(300, -1, 16, 255), 0xFF0010FFu);
-    QCOMPARE(SplitArgb(0x0712ABEF), (std::array<int, 3>{0x12, 0xAB, 0xEF}));
-    QCOMPARE(HexToArgb(u""), 0xFF000000u);
 }
 
 void TestSkinColours::KeyAvoidsTakenColours() {

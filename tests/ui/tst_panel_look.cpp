@@ -94,9 +94,7 @@ class tst_panel_look : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void skinChoice_data();
-    void skinChoice();
-    void windowShape_data();
+    void brokenSkin();
     void windowShape();
     void cacheKnowsItsSkin_data();
     void cacheKnowsItsSkin();
@@ -105,61 +103,17 @@ private Q_SLOTS:
     void frame();
 };
 
-void tst_panel_look::skinChoice_data() {
-    QTest::addColumn<QString>("wanted");
-    QTest::addColumn<bool>("hasDefault");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QStringList>("told");
-
-    QTest::newRow("as asked") << "Plain" << true << "Plain" << QStringList();
-    QTest::newRow("missing") << "Gone" << true << "Paneda Black Glass"
-                             << QStringList{QStringLiteral("Gone"), QStringLiteral("Paneda Black Glass")};
-    QTest::newRow("without a number")
-        << "Broken" << true << "Paneda Black Glass"
-        << QStringList{QStringLiteral("Broken"), QStringLiteral("menu button left"),
-                       QStringLiteral("skin.ini")};
-    QTest::newRow("no default") << "Gone" << false << ""
-                                << QStringList{QStringLiteral("Gone"), QStringLiteral("built-in")};
-}
-
-void tst_panel_look::skinChoice() {
-    QFETCH(const QString, wanted);
-    QFETCH(const bool, hasDefault);
-    QFETCH(const QString, shown);
-    QFETCH(const QStringList, told);
+void tst_panel_look::brokenSkin() {
     SkinMaker skin;
-    skin.AddIni();
-    const QDir skins(skin.AppFolder() + QStringLiteral("/skin"));
-    skins.mkdir(QStringLiteral("Broken"));
-    WriteBytes(skins.filePath(QStringLiteral("Broken/skin.ini")),
+    WriteBytes(skin.PathOf(QStringLiteral("skin.ini")),
                SkinMaker::Places().replace("menu button left=20", "menu button left="));
-    if (hasDefault) {
-        skins.mkdir(QStringLiteral("Paneda Black Glass"));
-        WriteBytes(skins.filePath(QStringLiteral("Paneda Black Glass/skin.ini")), SkinMaker::Places());
-    }
-
-    const SkinChoice choice = ChooseSkin(skin.AppFolder(), wanted);
-
-    QCOMPARE(choice.Theme.has_value(), !shown.isEmpty());
-    if (choice.Theme)
-        QCOMPARE(QFileInfo(choice.Theme->SkinPath), QFileInfo(skins.filePath(shown) + u'/'));
-    QCOMPARE(choice.Problem.isEmpty(), told.isEmpty());
-    for (const QString& word : told)
-        QVERIFY2(choice.Problem.contains(word), qPrintable(choice.Problem));
-}
-
-void tst_panel_look::windowShape_data() {
-    QTest::addColumn<int>("minAlpha");
-    QTest::addColumn<QRegion>("shape");
-
-    const QRegion solid = QRegion(1, 1, 2, 3) + QRegion(5, 2, 1, 1);
-    QTest::newRow("all that shows") << 1 << (solid + QRegion(0, 0, 3, 1));
-    QTest::newRow("solid alone") << 128 << solid;
+    const SkinChoice choice = ChooseSkin(skin.AppFolder(), QStringLiteral("Plain"));
+    QVERIFY(!choice.Theme);
+    for (const char* word : {"Plain", "menu button left", "skin.ini", "built-in"})
+        QVERIFY2(choice.Problem.contains(QString::fromLatin1(word)), qPrintable(choice.Problem));
 }
 
 void tst_panel_look::windowShape() {
-    QFETCH(const int, minAlpha);
-    QFETCH(const QRegion, shape);
     QImage picture(6, 5, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     for (const QPoint& at :
@@ -167,8 +121,9 @@ void tst_panel_look::windowShape() {
         picture.setPixelColor(at, QColor(0, 0, 0, 200));
     for (const int x : {0, 1, 2})
         picture.setPixelColor(x, 0, QColor(0, 0, 0, 40));
-    QCOMPARE(ShapeOf(picture, minAlpha), shape);
-    QVERIFY(ShapeOf(QImage(), minAlpha).isEmpty());
+    const QRegion solid = QRegion(1, 1, 2, 3) + QRegion(5, 2, 1, 1);
+    QCOMPARE(ShapeOf(picture, 128), solid);
+    QCOMPARE(ShapeOf(picture, 1), solid + QRegion(0, 0, 3, 1));
 }
 
 // A skin that stands in for another leaves nothing behind that a later start takes for the other's.
