@@ -79,27 +79,10 @@ stage_format() {
     cpp_files | xargs -0 clang-format --dry-run -Werror
 }
 
-# The files of src/ that are compiled here; those for another system are in no compile command.
-compiled_sources() {
-    local source
-    source=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' build/release/CMakeCache.txt)
-    sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/release/compile_commands.json |
-        awk -v folder="$source/src/" 'index($0, folder) == 1' | sort -u
-}
-
 stage_tidy() {
-    local sources
     # Some checked code includes headers that the build makes.
     build release >/dev/null
-    mapfile -t sources < <(compiled_sources)
-    if [[ ${#sources[@]} -eq 0 ]]; then
-        echo "no source of src/ is in build/release/compile_commands.json"
-        return 1
-    fi
-    echo "clang-tidy: ${#sources[@]} files"
-    # The compiler's own warnings have been looked at by the build.
-    printf '%s\0' "${sources[@]}" |
-        xargs -0 -n 4 -P "$jobs" clang-tidy -p build/release --quiet --extra-arg=-w
+    tools/tidy build/release "$jobs"
 }
 
 # The same tests on the Windows build, under Wine, and the program itself in a virtual desktop.
