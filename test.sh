@@ -41,9 +41,9 @@ fuzz_one() { # PROGRAM
     fi
     scratch=$(mktemp -d)
     cp -r -- "$seeds/." "$scratch"
-    # What a run finds stays in build/fuzz; new inputs go to the scratch folder and not into the checkout.
+    # What a run finds stays in build/asan; new inputs go to the scratch folder and not into the checkout.
     "$1" -max_total_time="$kFuzzSeconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
-        -artifact_prefix="build/fuzz/$name-" "$scratch" >"$logs/$name.log" 2>&1 || status=$?
+        -artifact_prefix="build/asan/$name-" "$scratch" >"$logs/$name.log" 2>&1 || status=$?
     rm -rf -- "$scratch"
     if [[ $status -eq 0 ]]; then
         echo "$name: $(sed -n 's/^stat::number_of_executed_units: *//p' "$logs/$name.log") inputs, nothing found"
@@ -56,8 +56,9 @@ fuzz_one() { # PROGRAM
 
 stage_fuzz() {
     local programs
-    build fuzz tests/fuzz/all
-    mapfile -t programs < <(find build/fuzz/tests/fuzz -maxdepth 1 -type f -executable -name 'fuzz_*' | sort)
+    # The libraries are those of the tests with sanitizers.
+    build asan tests/fuzz/all
+    mapfile -t programs < <(find build/asan/tests/fuzz -maxdepth 1 -type f -executable -name 'fuzz_*' | sort)
     if [[ ${#programs[@]} -eq 0 ]]; then
         echo "no fuzz target was built"
         return 1

@@ -14,7 +14,7 @@ packages_of() {
         run) echo "python3 xdg-utils libqt6svg6 hicolor-icon-theme adwaita-icon-theme fonts-dejavu-core" \
                   "fonts-liberation xvfb openbox picom hsetroot dbus-daemon x11-utils imagemagick" \
                   "libxcb-xinput0 libsdl2-mixer-2.0-0 timgm6mb-soundfont" ;;
-        test) echo "python3 clang libclang-rt-14-dev clang-format clang-tidy xvfb openbox picom hsetroot" \
+        test) echo "python3 clang lld libclang-rt-14-dev clang-format clang-tidy xvfb openbox picom hsetroot" \
                    "dbus-daemon dbus-bin xdotool wmctrl xterm x11-utils x11-xkb-utils x11-xserver-utils trayer imagemagick" \
                    "libsdl2-mixer-2.0-0 timgm6mb-soundfont libglib2.0-bin zip unzip p7zip-full unrtf" \
                    "libreoffice-writer-nogui abiword" ;;
