@@ -86,6 +86,7 @@ function(paneda_test name)
     if(CMAKE_CROSSCOMPILING)
         # Without a console the results would be told to a debugger only.
         list(APPEND environment "QT_FORCE_STDERR_LOGGING=1" "QT_QPA_FONTDIR=${PANEDA_TEST_FONTS}")
+        set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine)
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${environment}")
     if(arg_LABEL)
