@@ -22,7 +22,6 @@ constexpr int kCtrlAlt = kHotkeyCtrl | kHotkeyAlt;
 constexpr quint8 kSpaceCode = 65;
 constexpr quint16 kCtrlAltMask = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
 constexpr quint16 kNumLockMask = XCB_MOD_MASK_2;
-constexpr quint16 kAllModifiers = 0xFF;
 
 // Key codes of a PC keyboard in the order of the key table, without its first row.
 constexpr int kKeycodes[] = {38,  56,  54,  40,  26,  41,  42, 43, 31, 44, 45, 46, 58,  57,  32,  33,  24,
