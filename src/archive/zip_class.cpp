@@ -1,6 +1,5 @@
 #include "archive/zip_class.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <limits>
@@ -11,10 +10,6 @@ namespace {
 
 constexpr qsizetype kMaxCount = std::numeric_limits<quint16>::max();
 constexpr qint64 kMaxOffset = std::numeric_limits<quint32>::max();
-
-tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
-    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
-}
 
 } // namespace
 

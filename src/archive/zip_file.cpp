@@ -12,10 +12,6 @@ bool FitsHeader(const QByteArray& text) {
     return text.size() <= std::numeric_limits<quint16>::max();
 }
 
-tl::unexpected<FileError> Failure(const QString& name, const QString& reason) {
-    return tl::make_unexpected(FileError{name, reason});
-}
-
 } // namespace
 
 tl::expected<ZipFile, FileError> ZipFile::Make(const QString& name, const QByteArray& bytes,

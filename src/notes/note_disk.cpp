@@ -12,14 +12,6 @@
 
 namespace paneda {
 
-namespace {
-
-tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
-    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
-}
-
-} // namespace
-
 FileResult NoteDisk::Replace(const QString& path, const QByteArray& bytes) {
     return ReplaceFile(path, bytes);
 }

@@ -17,10 +17,6 @@ namespace {
 
 constexpr qint64 kBytesPerKilobyte = 1024;
 
-tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
-    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
-}
-
 void Collect(std::vector<FileError>& failures, const FileResult& result) {
     if (!result)
         failures.push_back(result.error());

@@ -4,7 +4,6 @@
 #include "core/text/text_rules.h"
 #include "skin/picture_loader.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -31,10 +30,6 @@ QString FindIn(const FolderNames& names, const QString& stem) {
             return FolderOf(stem) + name;
     }
     return {};
-}
-
-FileResult Failure(const QString& path, const QString& reason) {
-    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
 }
 
 } // namespace

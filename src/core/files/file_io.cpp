@@ -42,11 +42,11 @@ QStringList ListNames(const QString& folder, bool (*isWanted)(const QFileInfo&),
     return names;
 }
 
+} // namespace
+
 tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
     return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
 }
-
-} // namespace
 
 QString FileError::Text() const {
     return Path + QStringLiteral(": ") + Reason;

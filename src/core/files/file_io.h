@@ -21,6 +21,9 @@ struct FileError {
 
 using FileResult = tl::expected<void, FileError>;
 
+// A failed result. The path is shown as the host writes paths.
+tl::unexpected<FileError> Failure(const QString& path, const QString& reason);
+
 // A list of failures as one text, a line each.
 QString FailureText(const std::vector<FileError>& failures);
 

@@ -180,21 +180,20 @@ FileResult CopyWholeFile(const QString& from, const QString& to) {
     QFile source(from);
     QSaveFile target(to);
     if (!QFileInfo(from).isFile() && !QFileInfo(from).isShortcut())
-        return tl::make_unexpected(
-            FileError{QDir::toNativeSeparators(from), QStringLiteral("This is not a file.")});
+        return Failure(from, QStringLiteral("This is not a file."));
     if (!source.open(QIODevice::ReadOnly))
-        return tl::make_unexpected(FileError{QDir::toNativeSeparators(from), source.errorString()});
+        return Failure(from, source.errorString());
     if (!target.open(QIODevice::WriteOnly))
-        return tl::make_unexpected(FileError{QDir::toNativeSeparators(to), target.errorString()});
+        return Failure(to, target.errorString());
     for (QByteArray bytes = source.read(kChunk); !bytes.isEmpty(); bytes = source.read(kChunk)) {
         if (target.write(bytes) != bytes.size())
-            return tl::make_unexpected(FileError{QDir::toNativeSeparators(to), target.errorString()});
+            return Failure(to, target.errorString());
     }
     if (source.error() != QFileDevice::NoError)
-        return tl::make_unexpected(FileError{QDir::toNativeSeparators(from), source.errorString()});
+        return Failure(from, source.errorString());
     // The commit does not notice what its own flush could not write, as on a full disk.
     if (!target.flush() || !target.commit())
-        return tl::make_unexpected(FileError{QDir::toNativeSeparators(to), target.errorString()});
+        return Failure(to, target.errorString());
     return {};
 }
 

@@ -12,10 +12,6 @@ namespace paneda {
 
 namespace {
 
-tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
-    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
-}
-
 QString UnfinishedName() {
     return kUnfinishedPrefix + QString::number(QRandomGenerator::system()->generate64(), 36);
 }

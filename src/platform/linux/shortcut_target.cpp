@@ -48,10 +48,6 @@ QString WhyMissing(const QString& file, const ShellLink& link, const LaunchPaths
            QStringLiteral("\" is not there. Put the file there, or make a button for one that is here.");
 }
 
-tl::unexpected<FileError> Failure(const QString& file, const QString& reason) {
-    return tl::make_unexpected(FileError{file, reason});
-}
-
 // The shortcut's own folder is what a record without a start folder asks for, and means nothing here.
 QString StartFolder(const ShortcutTarget& target, const LaunchRequest& request, const QString& file,
                     const LaunchPaths& paths) {
