@@ -183,12 +183,12 @@ bool ZipExtractionClass::ExtractAll(const ZipEndRecord& end, const Target& targe
 
 void ZipExtractionClass::ExtractNamed(const ZipCentralHeader& header, const QString& name,
                                       const Target& target) {
-    if (!IsSafeName(name)) {
+    const QString last = LastComponent(name);
+    const QString within = target.UseFolders && !sink_ ? name : last;
+    if (!IsSafeName(within)) {
         TellError(ZipError::UnsafeName, QStringLiteral("The name %1 cannot be used").arg(name));
         return;
     }
-    const QString last = LastComponent(name);
-    const QString within = target.UseFolders ? name : last;
     TellStatus(QStringLiteral("Extracting ...\\") + within);
     if (sink_) {
         const QByteArray bytes = ReadEntry(header, name);

@@ -25,7 +25,8 @@ enum class ZipError : int {
     UnsupportedMethod,
     Checksum,
     Damaged,    // the directory, or where it says an entry lies
-    UnsafeName, // empty, or could lead out of the target folder
+    UnsafeName, // empty, or could lead out of the target folder; of a name whose folders are not used,
+                // the last part alone counts
     TooBig,
 };
 
