@@ -22,7 +22,8 @@ FileResult WriteIni(const QString& section, const QString& key, const QString& v
         bytes = std::move(*read);
     }
     IniText text(bytes);
-    text.SetValue(section, key, value);
+    if (const IniResult set = text.SetValue(section, key, value); !set)
+        return Failure(file, set.error());
     return text.Bytes() == bytes ? FileResult() : ReplaceFile(file, text.Bytes());
 }
 

@@ -15,8 +15,8 @@ IniText ReadIniFile(const QString& file);
 QString ReadIni(const QString& section, const QString& key, const QString& file,
                 const QString& fallback = {});
 
-// Writes one value, making the file if it is missing. A file that exists and cannot be read is left alone.
-// The result is for those who have something to tell the user; settings are written without looking at it.
+// Writes one value, making the file if it is missing. Fails for a file that exists and cannot be read, and
+// for a value longer than kMaxIniValue; the file is then as it was.
 FileResult WriteIni(const QString& section, const QString& key, const QString& value, const QString& file);
 
 } // namespace paneda

@@ -50,7 +50,9 @@ std::pair<QByteArrayView, qsizetype> KeyOf(QByteArrayView line) {
     return {key, equals};
 }
 
-QByteArrayView WithoutQuotes(QByteArrayView value) {
+// A value as it is read from what stands behind the "=".
+QByteArrayView ValueIn(QByteArrayView text) {
+    const QByteArrayView value = text.trimmed();
     const bool quoted =
         value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
     return quoted ? value.sliced(1, value.size() - 2) : value;
@@ -119,14 +121,20 @@ QString IniText::Value(QStringView section, QStringView key) const {
             const qsizetype nul = value.indexOf('\0');
             if (nul >= 0)
                 value = value.first(nul);
-            return CutToLimit(Decode(WithoutQuotes(value.trimmed())));
+            return CutToLimit(Decode(ValueIn(value)));
         }
         at = line.Next > line.End ? line.Next : span->End;
     }
     return {};
 }
 
-void IniText::SetValue(QStringView section, QStringView key, QStringView value) {
+IniResult IniText::SetValue(QStringView section, QStringView key, QStringView value) {
+    if (const qsizetype size = QString::fromUtf8(ValueIn(OneLine(value).toUtf8())).size();
+        size > kMaxIniValue)
+        return tl::make_unexpected(QStringLiteral("\"%1\" has %2 characters; at most %3 can be kept.")
+                                       .arg(key)
+                                       .arg(size)
+                                       .arg(kMaxIniValue));
     const QString heading = u'[' + OneLine(section) + u']';
     const QString entry = OneLine(key) + u'=' + OneLine(value);
     if (!utf8_ && !EncodeWindows1252(QString(heading + entry)))
@@ -139,6 +147,7 @@ void IniText::SetValue(QStringView section, QStringView key, QStringView value) 
     if (!utf8_ && QByteArrayView(bytes_).isValidUtf8())
         TurnIntoUtf8();
     IndexSections();
+    return {};
 }
 
 void IniText::SetInSection(const Span& span, QStringView key, const QString& entry) {

@@ -6,10 +6,16 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <tl/expected.hpp>
+
 namespace paneda {
 
-// A value is cut to this many characters when it is read.
+// A value is cut to this many characters (UTF-16 units) when it is read, and a longer one is not written. It
+// is what a buffer of 255 with the NUL at its end takes.
 inline constexpr int kMaxIniValue = 254;
+
+// Of an error: why a value cannot be written, for the user, with the key and the limit.
+using IniResult = tl::expected<void, QString>;
 
 // The text of an INI file with the semantics of Windows profile files.
 //
@@ -30,8 +36,9 @@ public:
 
     // Changes the line of this key, or adds it behind the last line of the section, or adds the section at
     // the end. All other bytes stay. Line breaks in the value become blanks. A value that Windows-1252 cannot
-    // express turns a text of that encoding into UTF-8, since nothing else would keep every character.
-    void SetValue(QStringView section, QStringView key, QStringView value);
+    // express turns a text of that encoding into UTF-8, since nothing else would keep every character. Fails,
+    // and changes nothing, for a value that would be longer than kMaxIniValue when it is read.
+    IniResult SetValue(QStringView section, QStringView key, QStringView value);
 
     const QByteArray& Bytes() const { return bytes_; }
 
