@@ -18,20 +18,21 @@ class ZipClass {
 public:
     int FileCount() const { return int(files_.size()); }
 
-    // Comment of the archive; cut to the 65,535 bytes that its length can tell.
+    // Comment of the archive; cut to 65,535 bytes of UTF-8, the most that its length field can hold.
     void SetComment(const QString& comment);
 
     // Adds a file of the host with its time, compressed at once. An empty `storedName` stands for the last
     // component of the path. Fails for a path that has been added before and for a file that cannot be read.
     FileResult AddFile(const QString& path, const QString& storedName = {}, const QByteArray& extra = {});
 
-    // The same with bytes that lie in no file; `storedName` is what they are known by.
+    // The same with bytes that are not in a file.
     FileResult AddBytes(const QString& storedName, const QByteArray& bytes, const QDateTime& modified);
 
-    // The whole archive. Fails when it has more entries or bytes than its records can tell.
+    // The whole archive. Fails when it has more than 65,535 entries or 4 GiB, the most its records can hold.
     tl::expected<QByteArray, FileError> Bytes();
 
-    // Writes the archive whole. A file that exists stays when `overwrite` is false, and when this fails.
+    // Replaces the file whole. Fails when it exists and `overwrite` is false. On failure an old file stays as
+    // it was.
     FileResult WriteZip(const QString& zipPath, bool overwrite);
 
 private:

@@ -113,7 +113,7 @@ QByteArray ZipExtractionClass::BytesAt(qint64 offset, qint64 size) {
     return bytes.size() == size ? bytes : QByteArray();
 }
 
-// The last place where a whole end record can begin wins, whatever stands in a comment behind it.
+// The last place where a whole end record can begin counts, whatever a comment behind it contains.
 bool ZipExtractionClass::FindEndRecord() {
     for (qint64 end = file_.size() - kZipEndSize + 4; end >= 4;) {
         const qint64 begin = std::max<qint64>(end - kScanStep, 0);
@@ -213,7 +213,7 @@ void ZipExtractionClass::ExtractTo(const ZipCentralHeader& header, const QString
         TellError(ZipError::Exists, QStringLiteral("The file %1 already exists").arg(shown));
         return;
     }
-    // What cannot be inflated leaves the old file; so the old one goes only when its successor is at hand.
+    // The old file is replaced only when the new bytes are there.
     const QByteArray bytes = ReadEntry(header, name);
     if (bytes.isEmpty())
         return;

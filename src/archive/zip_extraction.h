@@ -30,7 +30,7 @@ enum class ZipError : int {
     TooBig,
 };
 
-// What a reader tells while it works. Those that are not set are not told.
+// What a reader calls while it works. Functions that are empty are not called.
 struct ZipEvents {
     // After each entry, in per cent of their number. Setting the flag ends the extraction.
     std::function<void(bool& cancel, int percent)> Progress;
@@ -43,19 +43,19 @@ using ZipSink = std::function<void(const QString& name, const QByteArray& bytes)
 
 // Reads an archive. Failures are events; the return values say only whether the work came to its end.
 //
-// Nothing that the file says is believed: places and sizes have to lie within the file, entries must not
-// overlap, and no memory is taken for more than kMaxZipEntry bytes or for more than the compressed bytes can
-// stand for. An entry that breaks a rule is an error event and gives no output. Stored (not compressed)
-// entries, folders and empty files give no output either, without an event.
+// Nothing in the file is trusted: offsets and sizes have to be within the file, entries must not overlap, and
+// no memory is allocated for more than kMaxZipEntry bytes, or for more than the compressed bytes can hold. An
+// entry that breaks a rule causes an error event and gives no output. Stored (not compressed) entries,
+// folders and empty files give no output either, and cause no event.
 class ZipExtractionClass {
 public:
-    // With a sink its entries go there, and no folder and no file is looked at or made. Without one they
+    // With a sink the entries are handed to it, and no folder or file is read or made. Without one they
     // become files.
     explicit ZipExtractionClass(ZipEvents events = {}, ZipSink sink = {});
     ~ZipExtractionClass();
     Q_DISABLE_COPY_MOVE(ZipExtractionClass)
 
-    // The path is one of the host. False when there is no such file or it holds no end record.
+    // `path` is a host path. False when there is no such file or it has no end record.
     bool OpenZip(const QString& path);
     void CloseZip();
 

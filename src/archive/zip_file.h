@@ -15,15 +15,15 @@ namespace paneda {
 // reader is plain ASCII.
 class ZipFile {
 public:
-    // Compresses the bytes under this name. Fails for an empty name, for texts longer than a header can tell
-    // (65,535 bytes) and for more than kMaxZipEntry bytes.
+    // Compresses the bytes under this name. Fails for an empty name, for texts of more than 65,535 bytes (the
+    // most a header can hold) and for more than kMaxZipEntry bytes.
     static tl::expected<ZipFile, FileError> Make(const QString& name, const QByteArray& bytes,
                                                  const QDateTime& modified, const QByteArray& extra);
 
     // Local header, name, extra text and data of an entry that begins at this byte of the archive.
     QByteArray LocalPart(quint32 offset);
 
-    // Central header, name, extra text and comment; LocalPart has been asked for before.
+    // Central header, name, extra text and comment. To be called after LocalPart.
     QByteArray CentralPart() const;
 
 private:

@@ -77,8 +77,8 @@ std::optional<ZipCentralHeader> DecodeZipCentral(QByteArrayView bytes);
 std::optional<ZipEndRecord> DecodeZipEnd(QByteArrayView bytes);
 
 // A time as the headers hold it: steps of two seconds, odd seconds cut, in local time of the given value.
-// What lies before 1980 or behind 2107 becomes the first or the last time that an archive can hold; an invalid time
-// becomes the first.
+// A time before 1980 or after 2107 becomes the first or the last one that fits; an invalid time becomes the
+// first.
 struct ZipDosTime {
     quint16 Time = 0;
     quint16 Date = 0;

@@ -17,7 +17,7 @@ QString LockNameOf(const QString& file) {
 
 FileGuard::FileGuard(const QString& file) : lock_(LockNameOf(file)) {
     lock_.setStaleLockTime(kGuardStale);
-    // Ignored: without the lock the work is as safe as the order of its steps.
+    // Ignored: see the header.
     (void)lock_.tryLock(kLongestWait);
 }
 

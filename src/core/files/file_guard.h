@@ -5,10 +5,11 @@
 
 namespace paneda {
 
-// Keeps other processes that ask the same out of a file while it is looked at and changed, by a hidden file
-// ".<name>.lock" beside it. Waits for them up to three seconds. Where no such file can be made, or the wait
-// is in vain, the work goes on unguarded: a lock must not stand between a user and a save. What a killed
-// process leaves is taken over at once on its own machine, and after kGuardStale ms on another one.
+// While it exists, other processes that create one for the same file wait. Used while a file is read, changed
+// and written back. Made of a hidden file ".<name>.lock" beside the file. Waits for others up to three
+// seconds. If the lock file cannot be made, or the wait was too short, the guard does nothing: a lock must
+// not keep a user from saving. The lock of a killed process is ignored at once on its own machine, and after
+// kGuardStale ms on any other.
 class FileGuard {
 public:
     explicit FileGuard(const QString& file);

@@ -28,16 +28,16 @@ tl::unexpected<FileError> Failure(const QString& path, const QString& reason);
 QString FailureText(const std::vector<FileError>& failures);
 
 // The path of the entry of `folder` that has this name in any case of letters. An exact match wins, then the
-// first in byte order. Where there is none: the folder and the name as given; so too on a host that takes a
-// name in any case itself.
+// first in byte order. If there is none, and on a host that itself ignores case: the folder and the name as
+// given.
 QString FindEntry(const QString& folder, const QString& name);
 
 // Whole contents of a regular file. Fails when it does not exist, is no regular file (a pipe would block), is
 // larger than `limit` bytes, or cannot be read.
 tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 limit);
 
-// How the name of a file begins that ReplaceFile has not finished. One is left where the program is killed
-// meanwhile; no listing shows it, and it may be deleted at any time.
+// How the names of the temporary files of ReplaceFile begin. One stays behind when the program is killed
+// meanwhile; it is never listed, and may be deleted at any time.
 inline constexpr QStringView kUnfinishedPrefix = u".paneda-";
 
 // Replaces a file whole: a temporary file beside it, flushed to the disk, then renamed over it. On failure

@@ -20,7 +20,7 @@ struct EntryError {
 
 using EntryResult = tl::expected<void, EntryError>;
 
-// Makes one folder that was not there. Of several who try at the same time one succeeds.
+// Makes one folder; fails if it exists. Of several processes that try at the same time one succeeds.
 EntryResult MakeNewFolder(const QString& path);
 
 // Renames a file, a folder or a link, all at once, and never onto an existing entry.
@@ -36,8 +36,8 @@ FileResult CopyWholeFile(const QString& from, const QString& to);
 // is flushed. Stops at the first failure and leaves what has been copied.
 FileResult CopyTree(const QString& from, const QString& to);
 
-// Removes a file, a link, or a folder with all that is in it; what a link leads to stays. What is missing
-// is no failure. Goes on after a failure and returns the first one.
+// Removes a file, a link, or a folder with all that is in it; what a link leads to stays. A missing path is
+// not a failure. Continues after a failure and returns the first one.
 FileResult RemoveTree(const QString& path);
 
 } // namespace paneda

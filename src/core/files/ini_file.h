@@ -5,7 +5,7 @@
 
 namespace paneda {
 
-// A larger INI file reads as empty and is never written: no file of the store comes near.
+// A larger INI file reads as empty and is never written. No file of the store comes near this size.
 inline constexpr qint64 kMaxIniFile = 32 * 1024 * 1024;
 
 // The text of an INI file. A file that is missing or cannot be read has no keys.
