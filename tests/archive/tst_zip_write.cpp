@@ -16,7 +16,6 @@ class tst_zip_write : public QObject {
 private Q_SLOTS:
     void layout();
     void dosTimes();
-    void archives();
     void otherReaders_data();
     void otherReaders();
 };
@@ -61,28 +60,6 @@ void tst_zip_write::dosTimes() {
     QCOMPARE(packed({}), first);
     QCOMPARE(packed({QDate(2107, 12, 31), QTime(23, 59, 59)}), last);
     QCOMPARE(packed({QDate(2108, 1, 1), QTime(0, 0)}), last);
-}
-
-void tst_zip_write::archives() {
-    StoreBuilder store;
-    store.AddFile(u"a.txt"_s, "first");
-    store.AddFile(u"out.zip"_s, "old");
-    const QString a = store.Path(u"a.txt"_s);
-    ZipClass zip;
-    QVERIFY(!zip.AddFile(store.Path(u"missing"_s)));
-    QVERIFY(!zip.AddFile(store.AppFolder()));
-    QVERIFY(zip.AddFile(a, u"other.txt"_s));
-    QVERIFY(!zip.AddFile(a)); // the path is there already, under whatever name
-    QVERIFY(!zip.AddBytes(QString(70000, u'n'), "x", {}));
-    QCOMPARE(zip.FileCount(), 1);
-
-    QVERIFY(!zip.WriteZip(store.Path(u"out.zip"_s), false));
-    QCOMPARE(store.Bytes(u"out.zip"_s), QByteArray("old"));
-    QVERIFY(zip.WriteZip(store.Path(u"out.zip"_s), true));
-    QVERIFY(store.Bytes(u"out.zip"_s).contains("other.txt"));
-    const auto failed = zip.WriteZip(store.Path(u"no/such/out.zip"_s), true);
-    QVERIFY(!failed && failed.error().Path.contains(u"out.zip"_s));
-    QCOMPARE(store.Entries(), QStringList({u"a.txt"_s, u"out.zip"_s}));
 }
 
 void tst_zip_write::otherReaders_data() {

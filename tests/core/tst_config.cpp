@@ -5,7 +5,6 @@
 #include <QtEndian>
 
 #include <functional>
-#include <limits>
 
 using namespace paneda;
 using namespace Qt::StringLiterals;
@@ -30,13 +29,9 @@ class tst_config : public QObject {
 
 private Q_SLOTS:
     void firstRun();
-    void values();
     void damage_data();
     void damage();
-    void oddNumbers();
     void limits();
-    void laterRecordsStay();
-    void folderInItsPlace();
 };
 
 void tst_config::firstRun() {
@@ -71,39 +66,6 @@ void tst_config::firstRun() {
     QCOMPARE(store.Bytes(kFile), file);
 }
 
-void tst_config::values() {
-    const test::StoreBuilder store;
-    ConfigFile file;
-    ConfigArray drives(27, ConfigValue(qint16(0)));
-    drives[1] = drives[26] = qint16(1);
-    drives[5] = qint16(2); // shown for 1 alone
-    drives[6] = true;      // of another type
-    const ConfigArray records[] = {drives, {1500.9, -300.0}, {qint16(1)}, {7.5},  {u"Grün 😀"_s}, {true},
-                                   {true}, {qint16(1)},      {true},      {true}, {true},        {true},
-                                   {true}, {qint16(0x7B)},   {u""_s},     {false}};
-    for (int i = 0; i < int(std::size(records)); ++i)
-        QVERIFY(file.Write(i + 1, records[i]));
-    QVERIFY(file.Save(store.Path(u"CONFIG"_s)));
-
-    AppState state = store.State();
-    QVERIFY(LoadConfig(state).empty());
-    QVERIFY(state.DriveTable[1] && state.DriveTable[26]);
-    QCOMPARE(std::count(state.DriveTable.begin(), state.DriveTable.end(), true), 2);
-    QCOMPARE(state.PanelTop, 1500);
-    QCOMPARE(state.PanelLeft, -300);
-    QVERIFY(state.Autostart && state.HideAfterLaunch && state.MouseTriggerEnabled && state.HotkeyEnabled);
-    QVERIFY(state.HotkeyCtrl && state.HotkeyAlt && state.HotkeyShift && state.HotkeyWin);
-    QCOMPARE(state.ButtonsPerRow, 7.5);
-    QCOMPARE(state.SkinName, u"Grün 😀"_s);
-    QCOMPARE(state.MouseTriggerMode, 1);
-    QCOMPARE(state.HotkeyKey, 0x7B);
-    QCOMPARE(state.UserName, u""_s); // written, and so not missing
-    QCOMPARE(state.FeedHeight, 0);
-    // Found in another case of letters and grown in its place.
-    QCOMPARE(store.Entries(), QStringList{u"CONFIG"_s});
-    QCOMPARE(Payload(store.Bytes(u"CONFIG"_s), 18).last(7), "default");
-}
-
 void tst_config::damage_data() {
     QTest::addColumn<Damage>("damage");
     QTest::addColumn<QList<int>>("lost"); // records that take their default
@@ -120,12 +82,9 @@ void tst_config::damage_data() {
     add("old version", {16, 17, 18}, [](QByteArray& file) { file.truncate(15 * 4000); });
     add("cut in a record", {15, 16, 17, 18}, [](QByteArray& file) { file.truncate(14 * 4000 + 3999); });
     add("never written", {7}, put(7, QByteArray(4000, '\0')));
-    add("payload byte", {5}, set(5, 14, '#'));
     add("checksum", {6}, set(6, 4, '#'));
     add("shorter", {15}, set(15, 0, 5));
-    add("too long", {15}, set(15, 3, 0x7F));
     add("a text for a real", {4}, put(4, *EncodeConfigRecord({u"7.5"_s})));
-    add("a number for a boolean", {6}, put(6, *EncodeConfigRecord({qint16(1)})));
     add("no element", {5}, put(5, *EncodeConfigRecord({})));
 }
 
@@ -158,19 +117,6 @@ void tst_config::damage() {
         QCOMPARE(Payload(repaired, i), Payload(lost.contains(i) ? defaults : changed.Bytes(), i));
 }
 
-void tst_config::oddNumbers() {
-    ConfigFile file;
-    file.Write(kRecordPanelPlace, {-std::numeric_limits<double>::infinity(), 1e300});
-    file.Write(kRecordButtonsPerRow, {std::numeric_limits<double>::quiet_NaN()});
-    file.Write(kRecordFeedHeight, {1e300});
-    AppState state;
-    ReadConfigRecords(file, state);
-    QCOMPARE(state.PanelTop, 0);
-    QCOMPARE(state.PanelLeft, 10'000'000);
-    QCOMPARE(state.ButtonsPerRow, 5.0);
-    QCOMPARE(state.FeedHeight, 150'000);
-}
-
 void tst_config::limits() {
     ConfigFile file;
     // 4000 bytes less the header (8), the count (2), the type (1) and the length (2).
@@ -185,32 +131,6 @@ void tst_config::limits() {
     QCOMPARE(file.Read(2), std::optional(ConfigArray{fits}));
     for (int record : {-1, 0, 1, 3, 1'000'000})
         QVERIFY(!file.Read(record));
-}
-
-void tst_config::laterRecordsStay() {
-    const test::StoreBuilder store;
-    AppState state = store.State();
-    LoadConfig(state);
-    const QByteArray tail = QByteArray(4000, '\x5A') + "part of a record";
-    store.AddFile(kFile, store.Bytes(kFile) + tail);
-    state.PanelTop = 450;
-    state.PanelLeft = 300;
-    QVERIFY(SavePanelPlace(state));
-    QVERIFY(LoadConfig(state).empty());
-    QCOMPARE(state.PanelTop, 450);
-    QCOMPARE(state.PanelLeft, 300);
-    QCOMPARE(store.Bytes(kFile).mid(18 * 4000), tail);
-}
-
-void tst_config::folderInItsPlace() {
-    const test::StoreBuilder store;
-    store.AddFolder(kFile);
-    AppState state = store.State();
-    QCOMPARE(LoadConfig(state).size(), 1U);
-    QCOMPARE(state.ButtonsPerRow, 5.0);
-    QVERIFY(state.DriveTable[3]);
-    QVERIFY(!SavePanelPlace(state));
-    QCOMPARE(store.Entries(), QStringList{u"config/"_s});
 }
 
 QTEST_GUILESS_MAIN(tst_config)

@@ -18,7 +18,6 @@ private Q_SLOTS:
     void renamesOntoNothing_data();
     void renamesOntoNothing();
     void renameNamesTheReason();
-    void makesOneFolderOnce();
     void copiesAndRemovesWithoutFollowingLinks();
     void copyStopsAtWhatItCannotRead();
 };
@@ -29,11 +28,9 @@ void tst_file_tree::renamesOntoNothing_data() {
     QTest::addColumn<bool>("renamed");
 
     QTest::newRow("folder to a free name") << u"folder"_s << u"free"_s << true;
-    QTest::newRow("file to a free name") << u"file"_s << u"free"_s << true;
     QTest::newRow("folder onto an empty folder") << u"folder"_s << u"empty"_s << false;
     QTest::newRow("file onto a file") << u"file"_s << u"other"_s << false;
     QTest::newRow("file onto a link to nowhere") << u"file"_s << u"nowhere"_s << false;
-    QTest::newRow("folder onto a link to nowhere") << u"folder"_s << u"nowhere"_s << false;
     QTest::newRow("link onto a file") << u"link"_s << u"other"_s << false;
 }
 
@@ -71,15 +68,6 @@ void tst_file_tree::renameNamesTheReason() {
     QCOMPARE(below.error().Problem, EntryProblem::Other);
     QVERIFY(below.error().Error.Text().startsWith(QDir::toNativeSeparators(store.Path(u"folder"_s)) + u": "));
     QVERIFY(below.error().Error.Reason.size() > 3);
-}
-
-void tst_file_tree::makesOneFolderOnce() {
-    const StoreBuilder store;
-    store.AddFile(u"file"_s);
-    QVERIFY(MakeNewFolder(store.Path(u"new"_s)));
-    for (const QString& taken : {u"new"_s, u"file"_s})
-        QCOMPARE(MakeNewFolder(store.Path(taken)).error().Problem, EntryProblem::AlreadyThere);
-    QCOMPARE(MakeNewFolder(store.Path(u"none/new"_s)).error().Problem, EntryProblem::Missing);
 }
 
 void tst_file_tree::copiesAndRemovesWithoutFollowingLinks() {

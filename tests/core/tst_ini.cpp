@@ -1,11 +1,8 @@
 #include "core/files/ini_file.h"
-#include "core/text/windows_1252.h"
 #include "support/store_builder.h"
 
 #include <QRandomGenerator>
 #include <QTest>
-
-#include <filesystem>
 
 using namespace paneda;
 using namespace Qt::StringLiterals;
@@ -59,9 +56,7 @@ private Q_SLOTS:
     void writes();
     void refusesLongValues();
     void keepsAllOtherBytes();
-    void windows1252();
     void files();
-    void replacesWhole();
 };
 
 void tst_ini::reads_data() {
@@ -184,18 +179,6 @@ void tst_ini::keepsAllOtherBytes() {
     }
 }
 
-void tst_ini::windows1252() {
-    QByteArray all(256, '\0');
-    for (int i = 0; i < 256; ++i)
-        all[i] = char(i);
-    const QString text = DecodeWindows1252(all);
-    QCOMPARE(EncodeWindows1252(text), std::optional(all));
-    QCOMPARE(text.mid(0x7F, 4), u"\u007F\u20AC\u0081\u201A"_s);
-    QCOMPARE(text.mid(0x9E, 3), u"\u017E\u0178\u00A0"_s);
-    for (const char16_t c : {char16_t(0x80), char16_t(0x9F), char16_t(0x100), char16_t(0xD83D)})
-        QVERIFY(!EncodeWindows1252(QString(QChar(c))));
-}
-
 void tst_ini::files() {
     const test::StoreBuilder store;
     const QString missing = store.Path(u"none/x.ini"_s);
@@ -213,23 +196,6 @@ void tst_ini::files() {
     QCOMPARE(ReadIni(u"S"_s, u"K"_s, store.Path(u"huge.ini"_s)), u""_s);
     QVERIFY(!WriteIni(u"S"_s, u"K"_s, u"w"_s, store.Path(u"huge.ini"_s)));
     QCOMPARE(QFileInfo(store.Path(u"huge.ini"_s)).size(), kMaxIniFile + 1);
-}
-
-// A second name of the file shows whether its bytes were written over or replaced by a rename.
-void tst_ini::replacesWhole() {
-    const test::StoreBuilder store;
-    store.AddFile(u"a.ini"_s, "[S]\nK=old\n");
-    const auto link = [&store](const QString& name) {
-        return std::filesystem::path(store.Path(name).toStdU16String());
-    };
-    std::filesystem::create_hard_link(link(u"a.ini"_s), link(u"second"_s));
-    QVERIFY(WriteIni(u"S"_s, u"K"_s, u"old"_s, store.Path(u"a.ini"_s)));
-    QVERIFY(
-        std::filesystem::equivalent(link(u"a.ini"_s), link(u"second"_s))); // nothing changed, nothing written
-    QVERIFY(WriteIni(u"S"_s, u"K"_s, u"new"_s, store.Path(u"a.ini"_s)));
-    QCOMPARE(store.Bytes(u"second"_s), "[S]\nK=old\n");
-    QCOMPARE(store.Bytes(u"a.ini"_s), "[S]\nK=new\n");
-    QCOMPARE(store.Entries(), (QStringList{u"a.ini"_s, u"second"_s}));
 }
 
 QTEST_GUILESS_MAIN(tst_ini)
