@@ -1,7 +1,7 @@
 #include "notes/edit_lock.h"
 
+#include "notes/node_properties.h"
 #include "notes/note_files.h"
-#include "notes/note_keys.h"
 
 #include "core/files/file_guard.h"
 #include "core/files/ini_file.h"
@@ -18,8 +18,7 @@ constexpr qsizetype kUserPosition = 20;
 EditLock ReadEditLock(const NotePlace& place) {
     if (!place.MultiUser)
         return {};
-    const QString value =
-        ReadIniFile(NotePropertiesFile(place.NoteFolder)).Value(note_key::kSection, note_key::kEditing);
+    const QString value = ReadNodeIni(place.NoteFolder).Value(node_key::kProperties, node_key::kEditing);
     return {value, !value.isEmpty()};
 }
 
@@ -40,7 +39,7 @@ FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk
     if (!place.MultiUser)
         return edit;
     const QString stamp = KeyDate(session.Now) + u' ' + KeyTime(session.Now) + u' ' + session.UserName;
-    const auto written = disk.WriteKeys(NotePropertiesFile(place.NoteFolder), {{note_key::kEditing, stamp}});
+    const auto written = disk.WriteKeys(place, place.NoteFolder, {{node_key::kEditing, stamp}});
     if (!written)
         edit.Notice = QStringLiteral("Other users cannot be told that you are editing this note.\r") +
                       written.error().Text();
@@ -50,7 +49,7 @@ FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk
 FileResult ReleaseEditLock(const NotePlace& place, NoteDisk& disk) {
     if (!place.MultiUser)
         return {};
-    return disk.WriteKeys(NotePropertiesFile(place.NoteFolder), {{note_key::kEditing, QString()}});
+    return disk.WriteKeys(place, place.NoteFolder, {{node_key::kEditing, QString()}});
 }
 
 } // namespace paneda

@@ -8,19 +8,19 @@
 
 namespace paneda {
 
-// The mark `Editing` in a note's Properties.ini, which tells the users of a shared tree that one of them is
-// editing: "yyyy-mm-dd hh:mm:ss user". Its life:
+// The key `Editing` in a note's Properties.ini shows the users of a shared tree that one of them is editing
+// the note: "yyyy-mm-dd hh:mm:ss user". This is the lock. What happens to it:
 //
 //   load of a note          read
-//   first change            read again; stamped when it is empty
-//   save                    cleared by the holder (SaveNote)
-//   undo of all changes     untouched
-//   release by hand         cleared
+//   first change            read again; written when it is empty
+//   save                    emptied by the user who holds it (SaveNote)
+//   undo of all changes     not changed
+//   release by hand         emptied
 //
-// Nothing else clears it: it has no time-out, and a holder who comes back after a crash finds the note
-// locked. A tree of a single user neither reads nor writes it. Reading and stamping are two steps; a
-// FileGuard keeps other processes out in between where the folder lets it. Where two users get the mark all
-// the same, what they save is kept apart by SaveNote.
+// Nothing else empties it: it has no time-out, and after a crash the note is locked for its holder too. A
+// tree of a single user neither reads nor writes it. Reading and writing are two steps; a FileGuard keeps
+// other processes out in between, where a file can be made for it. If two users get the lock all the same,
+// SaveNote keeps both texts.
 struct EditLock {
     QString EditingValue;       // as last read
     bool LockedByOther = false; // it was not empty
@@ -38,16 +38,16 @@ QString LockHolder(const QString& editingValue);
 struct FirstEdit {
     EditLock Lock;
     bool MayEdit = false;
-    // What the user has to be told; empty for nothing. Editing goes on when the mark could not be written,
-    // and the user knows that nobody else is warned.
+    // To be shown to the user; empty for nothing. When the lock could not be written, the user may edit all
+    // the same, and the text says that the other users get no warning.
     QString Notice;
 };
 
-// Called at the first change of a note's text. When somebody else holds the mark nothing is written, and the
-// text on disk has to be put back.
+// Called at the first change of a note's text. When the note is locked already nothing is written, and the
+// caller shows the text on disk again.
 FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk& disk);
 
-// Clears the mark, whoever holds it; nothing for a tree of a single user.
+// Empties the lock, whoever holds it. Does nothing for a tree of a single user.
 FileResult ReleaseEditLock(const NotePlace& place, NoteDisk& disk);
 
 } // namespace paneda

@@ -10,28 +10,28 @@
 
 namespace paneda {
 
-// Folders of nodes, made, moved and removed so that a program killed at any instant loses no node and shows
-// none in part:
+// Creates, moves and removes the folders of nodes. A program that is killed at any moment loses no node and
+// leaves none in part:
 //
-//   add      the folder, the icon, then Properties.ini with all keys at once. Until that stands, the folder
-//   has
-//            no name and is no node.
-//   move     one rename, then the new Sort: the node is at the old place or at the new one.
+//   add      First the folder, then the icon, then Properties.ini with all keys at once. Until that file is
+//            there, the folder has no name and so is not a node.
+//   move     One rename, then the new Sort. The node is at the old place or at the new one.
 //   move to another volume
-//            a copy in <content>/.moving-<id>/, where no loader looks, gets the new Sort and is renamed into
-//            place when it is complete; then the source goes like a deleted node. In between there are two.
-//   delete   one rename into <content>/.deleted-<id>/, which takes the node off the tree; then the removal
-//            there. What a killed removal leaves is removed by the next delete. Only a node on another volume
-//            than the content folder is removed where it is.
+//            A copy is made in <content>/.moving-<id>/, which is never listed. It gets the new Sort and is
+//            renamed into place when it is complete; then the original is deleted as below. In between there
+//            are two nodes.
+//   delete   One rename into <content>/.deleted-<id>/ takes the node off the tree; then it is removed there.
+//            If the program is killed before the end, the next delete removes the rest. A node on another
+//            volume than the content folder is removed where it is.
 
 struct ClaimedFolder {
     QString Folder; // six digits
-    // The level as it was just before.
+    // The level as it was just before the folder was made.
     SiblingScan Scan;
 };
 
-// Gives a level's next folder number to `take`, which makes that folder. When somebody else has taken the
-// name in the meantime, scans anew and tries the next number, a bounded number of times.
+// Finds the next folder number of a level and calls `take` with the path, which makes the folder. If somebody
+// else has taken the name in the meantime, tries again with the next number, up to 50 times.
 tl::expected<ClaimedFolder, EntryError> ClaimFolder(const QString& levelFolder,
                                                     const std::function<EntryResult(const QString&)>& take);
 
@@ -47,15 +47,16 @@ struct NodeMove {
 
 struct MovedFolder {
     ClaimedFolder Claimed;
-    // The node stands at its new place all the same.
+    // What went wrong although the node is at its new place.
     std::vector<FileError> Failures;
 };
 
-// Moves a node's folder to another level. On failure it stands where it was.
+// Moves a node's folder to another level. On failure it is still where it was.
 tl::expected<MovedFolder, FileError> MoveNodeFolder(const NodeMove& move);
 
-// Removes a node's folder. After a failure it has left the tree or is there whole. A folder that is missing
-// is no failure. `now` tells old leftovers from copies that are still being made.
+// Removes a node's folder. After a failure it is no longer in the tree, or still there whole. A missing
+// folder is not a failure. Leftovers of killed moves are removed too when they are more than a day older than
+// `now`; younger ones may be copies that another program is making.
 FileResult RemoveNodeFolder(const QString& contentFolder, const QString& nodeFolder, const QDateTime& now);
 
 } // namespace paneda

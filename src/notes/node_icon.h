@@ -11,7 +11,8 @@ namespace paneda {
 // Copies a picture to "Image." and the last three characters of its name.
 FileResult CopyNodeIcon(const QString& source, const QString& nodeFolder);
 
-// Gives a node another icon, or none for an empty source. The new picture stands before the old one goes.
+// Gives a node another icon, or none for an empty source. The new picture is in place before the old one is
+// removed.
 FileResult ChangeNodeIcon(const QString& source, const QString& nodeFolder);
 
 // Where the icon of a web address belongs.

@@ -1,21 +1,46 @@
 #include "notes/node_operations.h"
 
+#include <QFileInfo>
+#include <QHash>
+
 namespace paneda {
+
+namespace {
+
+// Without links, so that two ways to one folder give one path.
+QString RealPath(const QString& path) {
+    const QString real = QFileInfo(path).canonicalFilePath();
+    return real.isEmpty() ? path : real;
+}
+
+struct PlaceInTree {
+    QString RelativePath;
+    QString Folder;
+};
+
+// Where a node's folder (a real path) lies in a tree; nothing when it lies outside.
+std::optional<PlaceInTree> FindInTree(const TreeModel& tree, const QString& nodeFolder) {
+    QString root = RealPath(tree.TreePath());
+    if (!root.endsWith(u'/'))
+        root += u'/';
+    if (!nodeFolder.startsWith(root))
+        return std::nullopt;
+    const qsizetype end = nodeFolder.lastIndexOf(u'/');
+    QString relative = nodeFolder.mid(root.size() - 1, end - root.size() + 2);
+    return PlaceInTree{relative.replace(u'/', u'\\'), nodeFolder.mid(end + 1)};
+}
+
+} // namespace
 
 void NodeOperations::StartMove(int row) {
     if (const TreeNode* node = tree_.Find(row))
         transfer_.Moving = MovingNode{*node, tree_.TreeIndex()};
 }
 
-int NodeOperations::OldRow(const TreeModel& source, int newRow) const {
-    const TreeNode& node = transfer_.Moving->Node;
-    return source.RowOf(node.RelativePath, node.Folder, &source == &tree_ ? newRow : -1);
-}
-
 QString NodeOperations::PlaceFault(const TreeModel& source, int targetRow) const {
     const TreeNode* target = tree_.Find(targetRow);
-    const QString from = source.NodeFolder(transfer_.Moving->Node);
-    const QString to = target ? tree_.NodeFolder(*target) : tree_.TreePath();
+    const QString from = RealPath(source.NodeFolder(transfer_.Moving->Node));
+    const QString to = RealPath(target ? tree_.NodeFolder(*target) : tree_.TreePath());
     if (to == from)
         return QStringLiteral("Cannot Place to Same Node");
     return to.startsWith(from + u'/') ? QStringLiteral("Cannot Place to Child Node") : QString();
@@ -24,10 +49,12 @@ QString NodeOperations::PlaceFault(const TreeModel& source, int targetRow) const
 int NodeOperations::FinishMove(int targetRow, MoveChoice choice) {
     if (!transfer_.Moving || choice == MoveChoice::None)
         return -1;
-    TreeModel* source = services_.TreeOf ? services_.TreeOf(transfer_.Moving->TreeIndex) : nullptr;
     int row = -1;
-    if (choice != MoveChoice::Cancel && source) {
-        const QString fault = PlaceFault(*source, targetRow);
+    if (choice != MoveChoice::Cancel) {
+        TreeModel* source = services_.TreeOf ? services_.TreeOf(transfer_.Moving->TreeIndex) : nullptr;
+        const QString fault = source ? PlaceFault(*source, targetRow)
+                                     : QStringLiteral("'%1' was not moved, since its tree has been closed.")
+                                           .arg(transfer_.Moving->Node.Name);
         if (fault.isEmpty())
             row = PlaceMoving(*source, targetRow, NodePosition(choice));
         else
@@ -39,6 +66,7 @@ int NodeOperations::FinishMove(int targetRow, MoveChoice choice) {
 
 int NodeOperations::PlaceMoving(TreeModel& source, int targetRow, NodePosition position) {
     const TreeNode node = transfer_.Moving->Node;
+    const QString oldFolder = RealPath(source.NodeFolder(node));
     transfer_.Pending =
         PendingNode{node.Name, kKeepIcon, position, node.Description, node.Type, node.LinkData};
     CloseNote();
@@ -46,13 +74,30 @@ int NodeOperations::PlaceMoving(TreeModel& source, int targetRow, NodePosition p
     transfer_.Pending.reset();
     if (row < 0)
         return row;
-    // A folder that could not be removed on its volume is still a node.
-    const int oldRow = OldRow(source, row);
-    const TreeNode* placed = tree_.Find(row);
-    const bool isSameFolder = placed && tree_.NodeFolder(*placed) == source.NodeFolder(node);
-    if (isSameFolder || !EntryExists(source.NodeFolder(node)))
-        source.RemoveNode(oldRow);
+    FollowMove(tree_, oldFolder, row);
+    if (&source != &tree_)
+        FollowMove(source, oldFolder, row);
     return row;
+}
+
+void NodeOperations::FollowMove(TreeModel& tree, const QString& oldFolder, int newRow) const {
+    const TreeNode* placed = tree_.Find(newRow);
+    const QString newFolder = placed ? RealPath(tree_.NodeFolder(*placed)) : QString();
+    const int keep = &tree == &tree_ ? newRow : -1;
+    // A folder that could not be removed on its volume is still a node.
+    const bool hasLeft = oldFolder == newFolder || !EntryExists(oldFolder);
+    if (const auto old = FindInTree(tree, oldFolder); old && hasLeft)
+        tree.RemoveNode(tree.RowOf(old->RelativePath, old->Folder, keep));
+    const auto place = placed && keep < 0 ? FindInTree(tree, newFolder) : std::nullopt;
+    if (!place)
+        return;
+    QHash<QString, QString> sorts;
+    for (const TreeNode& node : tree_.Nodes()) {
+        if (node.RelativePath == placed->RelativePath)
+            sorts.insert(node.Folder, node.Sort);
+    }
+    tree.ChangeSorts(place->RelativePath, sorts);
+    tree.EnterInOrder(*placed, place->RelativePath);
 }
 
 } // namespace paneda

@@ -5,6 +5,11 @@
 #include "notes/node_properties.h"
 #include "notes/remark_file.h"
 
+#include <QDir>
+#include <QFileInfo>
+
+#include <tuple>
+
 namespace paneda {
 
 namespace {
@@ -18,7 +23,30 @@ bool HasIcon(const QString& source) {
     return !source.isEmpty() && source != kKeepIcon;
 }
 
+// A folder that is missing or has no name is found out by the operation itself.
+FileResult CheckUnchanged(const TreeModel& tree, const TreeNode& listed) {
+    const QString folder = tree.NodeFolder(listed);
+    TreeNode found;
+    ReadNodeKeys(ReadNodeIni(folder), tree.AppPath(), found);
+    if (found.Name.isEmpty() || (found.Name == listed.Name && found.Sort == listed.Sort))
+        return {};
+    return Failure(folder, QStringLiteral("This node has changed since it was listed, so nothing was done. "
+                                          "The tree has been read again."));
+}
+
+bool IsSameFolder(const QString& a, const QString& b) {
+    const QString real = QFileInfo(a).canonicalFilePath();
+    return a == b || (!real.isEmpty() && real == QFileInfo(b).canonicalFilePath());
+}
+
 } // namespace
+
+void NodeOperations::RunWork(const std::function<void()>& work) const {
+    if (services_.Work)
+        services_.Work(work);
+    else
+        work();
+}
 
 void NodeOperations::CloseNote() const {
     if (services_.CloseNote)
@@ -42,19 +70,23 @@ int NodeOperations::Stop(const FileError& failure) {
     return -1;
 }
 
-NodeOperations::Goal NodeOperations::GoalOf(int targetRow, NodePosition position) const {
+std::optional<NodeOperations::Goal> NodeOperations::GoalOf(int targetRow, NodePosition position) {
     Goal goal;
     const TreeNode* target = tree_.Find(targetRow);
+    if (!target && targetRow != -1)
+        return std::nullopt;
     if (!target) {
         goal.Place = {tree_.TreePath(), QStringLiteral("\\"), 0, tree_.TreeName()};
         goal.TargetSort = FormatSort(0);
         return goal;
     }
+    const bool isChild = position == NodePosition::Child;
     goal.Position = position;
     goal.TargetFolder = target->Folder;
     goal.TargetSort = target->Sort;
-    goal.Place = position == NodePosition::Child ? ChildPlace(tree_.TreePath(), *target)
-                                                 : PlaceOf(tree_.TreePath(), *target);
+    goal.Place = isChild ? ChildPlace(tree_.TreePath(), *target) : PlaceOf(tree_.TreePath(), *target);
+    if (isChild && target->ExpandState == BranchState::Collapsed)
+        tree_.ExpandNode(targetRow);
     return goal;
 }
 
@@ -66,34 +98,41 @@ SortChoice NodeOperations::ChooseFor(const Goal& goal, const SiblingScan& scan) 
     return ChooseSort(goal.Position, base, NeighbourSort(goal.Position, base, scan.Sorts));
 }
 
+FileResult NodeOperations::FillNode(const QString& folder, const PendingNode& pending,
+                                    const IniText& properties) const {
+    if (HasIcon(pending.IconSource)) {
+        if (const FileResult copied = CopyNodeIcon(pending.IconSource, folder); !copied)
+            return copied;
+    }
+    return WriteNodeIni(folder, properties);
+}
+
 tl::expected<NodeOperations::Placed, FileError> NodeOperations::AddOnDisk(const Goal& goal,
-                                                                          const PendingNode& pending) {
+                                                                          const PendingNode& pending) const {
     const QString level = goal.Place.Folder();
     auto claimed = ClaimFolder(level, [](const QString& path) { return MakeNewFolder(path); });
     if (!claimed)
         return tl::make_unexpected(claimed.error().Error);
-    const SortChoice choice = ChooseFor(goal, claimed->Scan);
     const QString folder = level + u'/' + claimed->Folder;
-    if (HasIcon(pending.IconSource)) {
-        if (const FileResult copied = CopyNodeIcon(pending.IconSource, folder); !copied)
-            return tl::make_unexpected(copied.error());
-    }
+    const SortChoice choice = ChooseFor(goal, claimed->Scan);
     IniText properties;
-    SetNodeTitle(properties, pending);
-    SetSort(properties, choice.Sort);
-    SetNodeLink(properties, pending);
-    if (const FileResult written = WriteNodeIni(folder, properties); !written)
-        return tl::make_unexpected(written.error());
+    // Neither is too long.
+    std::ignore = SetNodeKeys(properties, pending, true);
+    std::ignore = SetSort(properties, choice.Sort);
+    if (const FileResult filled = FillNode(folder, pending, properties); !filled) {
+        // An empty folder would give its parent an expand box. The first failure is the one to show.
+        std::ignore = RemoveTree(folder);
+        return tl::make_unexpected(filled.error());
+    }
     Placed placed{{}, std::move(claimed->Scan), choice.Renumber, {}};
     ReadNodeKeys(properties, tree_.AppPath(), placed.Node);
     placed.Node.Folder = claimed->Folder;
     Note(placed.Failures, WriteRemark(level, claimed->Folder, placed.Node.Name));
-    FetchFavicon(placed.Node, folder);
     return placed;
 }
 
-tl::expected<NodeOperations::Placed, FileError> NodeOperations::MoveWithinLevel(const Goal& goal,
-                                                                                const TreeNode& moving) {
+tl::expected<NodeOperations::Placed, FileError>
+NodeOperations::MoveWithinLevel(const Goal& goal, const TreeNode& moving) const {
     const QString level = goal.Place.Folder();
     Placed placed{moving, ScanSiblings(level), false, {}};
     const SortChoice choice = ChooseFor(goal, placed.Scan);
@@ -106,14 +145,16 @@ tl::expected<NodeOperations::Placed, FileError> NodeOperations::MoveWithinLevel(
     return placed;
 }
 
-tl::expected<NodeOperations::Placed, FileError> NodeOperations::MoveOnDisk(const Goal& goal,
-                                                                           const TreeNode& moving) {
-    const QString from = goal.Source->TreePath();
-    if (from == tree_.TreePath() && moving.RelativePath == goal.Place.RelativePath)
-        return MoveWithinLevel(goal, moving);
+tl::expected<NodeOperations::Placed, FileError>
+NodeOperations::MoveOnDisk(const Goal& goal, const TreeModel& source, const TreeNode& moving) const {
+    if (const FileResult unchanged = CheckUnchanged(source, moving); !unchanged)
+        return tl::make_unexpected(unchanged.error());
     const QString level = goal.Place.Folder();
+    const QString oldLevel = LevelFolder(source.TreePath(), moving.RelativePath);
+    if (IsSameFolder(oldLevel, level))
+        return MoveWithinLevel(goal, moving);
     SortChoice choice;
-    auto moved = MoveNodeFolder({from, goal.Source->NodeFolder(moving), tree_.TreePath(), level,
+    auto moved = MoveNodeFolder({source.TreePath(), source.NodeFolder(moving), tree_.TreePath(), level,
                                  [&](const SiblingScan& scan) {
                                      choice = ChooseFor(goal, scan);
                                      return choice.Sort;
@@ -124,37 +165,62 @@ tl::expected<NodeOperations::Placed, FileError> NodeOperations::MoveOnDisk(const
     Placed placed{moving, std::move(moved->Claimed.Scan), choice.Renumber, std::move(moved->Failures)};
     placed.Node.Folder = moved->Claimed.Folder;
     placed.Node.Sort = choice.Sort;
-    Note(placed.Failures,
-         MoveRemark(LevelFolder(from, moving.RelativePath), RemarkFileName(moving.Folder, moving.Name), level,
-                    RemarkFileName(placed.Node.Folder, moving.Name)));
+    Note(placed.Failures, MoveRemark(oldLevel, RemarkFileName(moving.Folder, moving.Name), level,
+                                     RemarkFileName(placed.Node.Folder, moving.Name)));
     return placed;
 }
 
 int NodeOperations::AddOrMoveNode(int targetRow, NodeMode mode) {
-    const bool isMove = mode == NodeMode::Move;
-    const std::optional<PendingNode>& pending = transfer_.Pending;
-    const TreeNode* target = tree_.Find(targetRow);
-    if (!pending || (targetRow != -1 && !target) || (isMove && !transfer_.Moving))
+    if (!transfer_.Pending)
         return -1;
-    const PendingNode wanted = *pending;
-    if (!isMove && TrimBlanks(wanted.Name).isEmpty())
+    const PendingNode pending = *transfer_.Pending;
+    if (mode == NodeMode::Add)
+        return AddNode(targetRow, pending);
+    return transfer_.Moving ? PlaceNode(targetRow, pending, *transfer_.Moving) : -1;
+}
+
+bool NodeOperations::IsTooLong(const PendingNode& pending, bool setsLink, const QString& folder) const {
+    IniText scratch;
+    const IniResult set = SetNodeKeys(scratch, pending, setsLink);
+    if (!set)
+        Tell({{QDir::toNativeSeparators(folder), set.error()}});
+    return !set;
+}
+
+int NodeOperations::AddNode(int targetRow, const PendingNode& pending) {
+    const auto goal = TrimBlanks(pending.Name).isEmpty() ? std::nullopt : GoalOf(targetRow, pending.Position);
+    if (!goal || IsTooLong(pending, true, goal->Place.Folder()))
         return -1;
-    if (target && wanted.Position == NodePosition::Child && target->ExpandState == BranchState::Collapsed)
-        tree_.ExpandNode(targetRow);
-    Goal goal = GoalOf(targetRow, wanted.Position);
-    if (isMove)
-        goal.Source = services_.TreeOf ? services_.TreeOf(transfer_.Moving->TreeIndex) : nullptr;
-    if (isMove && !goal.Source)
+    tl::expected<Placed, FileError> placed;
+    RunWork([&] { placed = AddOnDisk(*goal, pending); });
+    if (!placed)
+        return Stop(placed.error());
+    FetchFavicon(placed->Node, goal->Place.Folder() + u'/' + placed->Node.Folder);
+    const int row = tree_.EnterNode(placed->Node, targetRow, goal->Position);
+    if (placed->Renumber) {
+        const FileResult numbered = Renumber(*goal, WholeLevel(*goal, *placed), placed->Node.Folder);
+        if (!numbered)
+            return Stop(numbered.error());
+    }
+    Tell(placed->Failures);
+    return row;
+}
+
+int NodeOperations::PlaceNode(int targetRow, const PendingNode& pending, const MovingNode& moving) {
+    const TreeModel* source = services_.TreeOf ? services_.TreeOf(moving.TreeIndex) : nullptr;
+    const auto goal = source ? GoalOf(targetRow, pending.Position) : std::nullopt;
+    if (!goal)
         return -1;
-    auto placed = isMove ? MoveOnDisk(goal, transfer_.Moving->Node) : AddOnDisk(goal, wanted);
+    tl::expected<Placed, FileError> placed;
+    RunWork([&] { placed = MoveOnDisk(*goal, *source, moving.Node); });
     if (!placed)
         return Stop(placed.error());
     if (placed->Node.ExpandState == BranchState::Expanded)
         placed->Node.ExpandState = BranchState::Collapsed;
-    const int row = tree_.EnterNode(placed->Node, targetRow, goal.Position);
+    const int row = tree_.EnterNode(placed->Node, targetRow, goal->Position);
     if (placed->Renumber) {
-        const auto level = isMove ? ListedLevel(goal, *placed, row) : WholeLevel(goal, *placed, row);
-        if (const FileResult numbered = Renumber(goal.Place.Folder(), level, row); !numbered)
+        const FileResult numbered = Renumber(*goal, ListedLevel(*goal, *placed, row), placed->Node.Folder);
+        if (!numbered)
             return Stop(numbered.error());
     }
     Tell(placed->Failures);
@@ -168,25 +234,27 @@ bool NodeOperations::EditNode(int row) {
     const TreeNode before = *shown;
     const PendingNode wanted = *transfer_.Pending;
     const QString folder = tree_.NodeFolder(before);
+    if (const FileResult unchanged = CheckUnchanged(tree_, before); !unchanged)
+        return Stop(unchanged.error()) >= 0;
     const bool keepsIcon = wanted.IconSource == kKeepIcon;
-    if (before.Type.isEmpty() && !keepsIcon) {
-        if (const FileResult changed = ChangeNodeIcon(wanted.IconSource, folder); !changed)
-            return Stop(changed.error()) >= 0;
-    }
     const bool changesLink = !keepsIcon || wanted.Type != before.Type;
+    if (IsTooLong(wanted, changesLink, folder))
+        return false;
     const auto properties = ChangeNodeKeys(folder, wanted, changesLink);
     if (!properties)
         return Stop(properties.error()) >= 0;
+    std::vector<FileError> failures;
+    if (before.Type.isEmpty() && !keepsIcon)
+        Note(failures, ChangeNodeIcon(wanted.IconSource, folder));
     TreeNode after = before;
     ReadNodeKeys(*properties, tree_.AppPath(), after);
     if (changesLink)
         FetchFavicon(after, folder);
     tree_.ChangeNode(row, after);
     const QString level = LevelFolder(tree_.TreePath(), before.RelativePath);
-    const FileResult remark = MoveRemark(level, RemarkFileName(before.Folder, before.Name), level,
-                                         RemarkFileName(before.Folder, after.Name));
-    if (!remark)
-        Tell({remark.error()});
+    Note(failures, MoveRemark(level, RemarkFileName(before.Folder, before.Name), level,
+                              RemarkFileName(before.Folder, after.Name)));
+    Tell(failures);
     return true;
 }
 
@@ -206,8 +274,10 @@ bool NodeOperations::DeleteNode(int row, DeleteMode mode) {
         return false;
     CloseNote();
     const QString folder = tree_.NodeFolder(node);
+    if (const FileResult unchanged = CheckUnchanged(tree_, node); !unchanged)
+        return Stop(unchanged.error()) >= 0;
     std::vector<FileError> failures;
-    Note(failures, RemoveNodeFolder(tree_.TreePath(), folder, services_.Now()));
+    RunWork([&] { Note(failures, RemoveNodeFolder(tree_.TreePath(), folder, services_.Now())); });
     const bool isGone = !EntryExists(folder);
     if (isGone) {
         tree_.RemoveNode(row);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/files/file_batch.h"
+#include "core/files/ini_text.h"
 #include "core/prompts.h"
+#include "notes/disk_work.h"
 #include "notes/node_files.h"
 #include "notes/tree_model.h"
 
@@ -30,15 +33,23 @@ struct NodeServices {
     Prompts& Ask;
     // The open tree of this number; null when it has been closed.
     std::function<TreeModel*(int treeIndex)> TreeOf;
-    // Saves and closes the note window, before the folder that it writes to goes.
+    // Saves and closes the note window, before the folder that it writes to is moved or removed.
     std::function<void()> CloseNote;
     // Fetches the icon of an address into a file.
     std::function<void(const QString& address, const QString& file)> FetchFavicon;
     std::function<QDateTime()> Now = &QDateTime::currentDateTimeUtc;
+    // Runs what reads and writes the disk, which may take seconds; empty: it runs at once.
+    DiskWork Work = {};
+    // Flushes many files together; empty: a renumbering flushes one by one.
+    FlushFiles Flush = {};
 };
 
-// Changes to one tree, on the disk and on its list of rows. What fails is told to the user with path and
-// reason; an operation that stopped short leaves the list as read anew from the disk.
+// Changes to one tree, on the disk and on its list of rows. Each failure is shown to the user with path and
+// reason. After an operation that stopped halfway the list is read again from the disk.
+//
+// A row may be out of date: another user, or another open tree with the same content folder, may have moved
+// its node, and another node may have got the number of its folder. So a node is edited, moved and deleted
+// only if its folder still has the name and the Sort of the row.
 class NodeOperations {
 public:
     NodeOperations(TreeModel& tree, NodeTransfer& transfer, NodeServices services)
@@ -59,6 +70,7 @@ public:
     // Picks a node up.
     void StartMove(int row);
     // Ends a pending move at a row, or leaves it pending without a choice. Returns the new row, -1 for none.
+    // Both trees show the result, also where they have the same content folder.
     int FinishMove(int targetRow, MoveChoice choice);
 
 private:
@@ -68,39 +80,45 @@ private:
         NodePosition Position = NodePosition::Below;
         QString TargetFolder; // empty without a target
         QString TargetSort;
-        TreeModel* Source = nullptr; // of a move
     };
 
     struct Placed {
         TreeNode Node;
         SiblingScan Scan;
         bool Renumber = false;
-        // The node is in its place all the same.
+        // What went wrong although the node is in its place.
         std::vector<FileError> Failures;
     };
 
     struct LevelEntry {
         QString Folder;
         QString Sort;
-        int Row = -1;      // -1 when it is not on the list
-        bool Gone = false; // on the list alone
+        bool Gone = false; // has a row but no folder
     };
 
-    Goal GoalOf(int targetRow, NodePosition position) const;
+    // Nothing for a row that is not shown. Expands a collapsed target that gets a child.
+    std::optional<Goal> GoalOf(int targetRow, NodePosition position);
     static SortChoice ChooseFor(const Goal& goal, const SiblingScan& scan);
-    tl::expected<Placed, FileError> AddOnDisk(const Goal& goal, const PendingNode& pending);
-    tl::expected<Placed, FileError> MoveOnDisk(const Goal& goal, const TreeNode& moving);
-    tl::expected<Placed, FileError> MoveWithinLevel(const Goal& goal, const TreeNode& moving);
+    // Whether a text is too long to be stored; the user has then been told which.
+    bool IsTooLong(const PendingNode& pending, bool setsLink, const QString& folder) const;
+    int AddNode(int targetRow, const PendingNode& pending);
+    int PlaceNode(int targetRow, const PendingNode& pending, const MovingNode& moving);
+    tl::expected<Placed, FileError> AddOnDisk(const Goal& goal, const PendingNode& pending) const;
+    FileResult FillNode(const QString& folder, const PendingNode& pending, const IniText& properties) const;
+    tl::expected<Placed, FileError> MoveOnDisk(const Goal& goal, const TreeModel& source,
+                                               const TreeNode& moving) const;
+    tl::expected<Placed, FileError> MoveWithinLevel(const Goal& goal, const TreeNode& moving) const;
     int PlaceMoving(TreeModel& source, int targetRow, NodePosition position);
-    // The row that a moved node leaves; -1 when it is not shown.
-    int OldRow(const TreeModel& source, int newRow) const;
     QString PlaceFault(const TreeModel& source, int targetRow) const;
+    // Takes the old row of a moved node off a tree, and shows the new one where the tree holds its folder.
+    void FollowMove(TreeModel& tree, const QString& oldFolder, int newRow) const;
 
     // The nodes of a level in their order, with the new one: those that are on the list, or all on the disk.
     std::vector<LevelEntry> ListedLevel(const Goal& goal, const Placed& placed, int newRow) const;
-    std::vector<LevelEntry> WholeLevel(const Goal& goal, const Placed& placed, int newRow) const;
-    FileResult Renumber(const QString& levelFolder, const std::vector<LevelEntry>& level, int newRow);
+    static std::vector<LevelEntry> WholeLevel(const Goal& goal, const Placed& placed);
+    FileResult Renumber(const Goal& goal, const std::vector<LevelEntry>& level, const QString& newFolder);
 
+    void RunWork(const std::function<void()>& work) const;
     void CloseNote() const;
     void FetchFavicon(const TreeNode& node, const QString& folder) const;
     void Tell(const std::vector<FileError>& failures) const;

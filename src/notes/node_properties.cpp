@@ -4,14 +4,14 @@
 #include "core/files/ini_file.h"
 #include "notes/tree_store.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 namespace paneda {
 
 namespace {
 
-constexpr QStringView kProperties = u"Properties";
-constexpr QStringView kLink = u"Link";
 const QString kIniName = QStringLiteral("Properties.ini");
 
 QString KeepQuotes(const QString& text) {
@@ -21,10 +21,38 @@ QString KeepQuotes(const QString& text) {
     return quoted ? u'"' + trimmed + u'"' : text;
 }
 
+FileGuard GuardNode(const QString& nodeFolder) {
+    return FileGuard(LevelGuardFile(QFileInfo(nodeFolder).path()));
+}
+
+struct KeyValue {
+    QStringView Section;
+    QStringView Key;
+    QString Value;
+};
+
+void AddLinkKeys(const IniText& properties, const PendingNode& pending, std::vector<KeyValue>& keys) {
+    const bool hadLink = !properties.Value(node_key::kLink, node_key::kType).isEmpty();
+    if (pending.Type.isEmpty() && !hadLink)
+        return;
+    const NodeLink& link = pending.LinkData;
+    keys.push_back({node_key::kLink, node_key::kType, pending.Type});
+    keys.push_back({node_key::kLink, node_key::kTarget, link.Target});
+    if (pending.Type == kUrlNode && !hadLink)
+        return;
+    keys.push_back({node_key::kLink, node_key::kParameter, KeepQuotes(link.Parameter)});
+    keys.push_back({node_key::kLink, node_key::kStartIn, link.StartIn});
+    keys.push_back({node_key::kLink, node_key::kWindowState, link.WindowState});
+}
+
 } // namespace
 
 QString NodeIniFile(const QString& nodeFolder) {
     return FindEntry(nodeFolder, kIniName);
+}
+
+QString LevelGuardFile(const QString& levelFolder) {
+    return levelFolder + QStringLiteral("/nodes");
 }
 
 IniText ReadNodeIni(const QString& nodeFolder) {
@@ -42,47 +70,40 @@ tl::expected<IniText, FileError> LoadNodeIni(const QString& nodeFolder) {
 }
 
 QString ReadSort(const IniText& properties) {
-    return properties.Value(kProperties, u"Sort");
+    return properties.Value(node_key::kProperties, node_key::kSort);
 }
 
 void ReadNodeKeys(const IniText& properties, const QString& appPath, TreeNode& node) {
-    node.Name = properties.Value(kProperties, u"Name");
+    const auto link = [&properties](QStringView key) { return properties.Value(node_key::kLink, key); };
+    node.Name = properties.Value(node_key::kProperties, node_key::kName);
     if (node.Name.isEmpty())
         return;
     node.Sort = ReadSort(properties);
-    node.Description = properties.Value(kProperties, u"Description");
-    node.Type = properties.Value(kLink, u"Type");
+    node.Description = properties.Value(node_key::kProperties, node_key::kDescription);
+    node.Type = link(node_key::kType);
     node.LinkData = {};
     if (node.Type == kUrlNode)
-        node.LinkData.Target = properties.Value(kLink, u"Target");
-    if (node.Type != kFileNode)
-        return;
-    node.LinkData.Target = ResolveStoredPath(properties.Value(kLink, u"Target"), appPath);
-    node.LinkData.Parameter = properties.Value(kLink, u"Parameter");
-    node.LinkData.StartIn = properties.Value(kLink, u"Start In");
-    node.LinkData.WindowState = properties.Value(kLink, u"Window State");
+        node.LinkData.Target = link(node_key::kTarget);
+    if (node.Type == kFileNode)
+        node.LinkData = {ResolveStoredPath(link(node_key::kTarget), appPath), link(node_key::kParameter),
+                         link(node_key::kStartIn), link(node_key::kWindowState)};
 }
 
-void SetNodeTitle(IniText& properties, const PendingNode& pending) {
-    properties.SetValue(kProperties, u"Name", KeepQuotes(pending.Name));
-    properties.SetValue(kProperties, u"Description", KeepQuotes(pending.Description));
+IniResult SetNodeKeys(IniText& properties, const PendingNode& pending, bool setsLink) {
+    std::vector<KeyValue> keys{
+        {node_key::kProperties, node_key::kName, KeepQuotes(pending.Name)},
+        {node_key::kProperties, node_key::kDescription, KeepQuotes(pending.Description)}};
+    if (setsLink)
+        AddLinkKeys(properties, pending, keys);
+    for (const KeyValue& key : keys) {
+        if (const IniResult set = properties.SetValue(key.Section, key.Key, key.Value); !set)
+            return set;
+    }
+    return {};
 }
 
-void SetNodeLink(IniText& properties, const PendingNode& pending) {
-    const bool hadLink = !properties.Value(kLink, u"Type").isEmpty();
-    if (pending.Type.isEmpty() && !hadLink)
-        return;
-    properties.SetValue(kLink, u"Type", pending.Type);
-    properties.SetValue(kLink, u"Target", pending.LinkData.Target);
-    if (pending.Type == kUrlNode && !hadLink)
-        return;
-    properties.SetValue(kLink, u"Parameter", KeepQuotes(pending.LinkData.Parameter));
-    properties.SetValue(kLink, u"Start In", pending.LinkData.StartIn);
-    properties.SetValue(kLink, u"Window State", pending.LinkData.WindowState);
-}
-
-void SetSort(IniText& properties, const QString& sort) {
-    properties.SetValue(kProperties, u"Sort", sort);
+IniResult SetSort(IniText& properties, const QString& sort) {
+    return properties.SetValue(node_key::kProperties, node_key::kSort, sort);
 }
 
 FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties) {
@@ -91,22 +112,39 @@ FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties) {
 
 tl::expected<IniText, FileError> ChangeNodeKeys(const QString& nodeFolder, const PendingNode& pending,
                                                 bool changesLink) {
-    const FileGuard guard(NodeIniFile(nodeFolder));
+    const FileGuard guard = GuardNode(nodeFolder);
     auto properties = LoadNodeIni(nodeFolder);
     if (!properties)
         return properties;
-    if (changesLink)
-        SetNodeLink(*properties, pending);
-    SetNodeTitle(*properties, pending);
+    if (const IniResult set = SetNodeKeys(*properties, pending, changesLink); !set)
+        return Failure(NodeIniFile(nodeFolder), set.error());
     if (const FileResult written = WriteNodeIni(nodeFolder, *properties); !written)
         return tl::make_unexpected(written.error());
     return properties;
 }
 
 FileResult WriteSort(const QString& nodeFolder, const QString& sort) {
-    const QString file = NodeIniFile(nodeFolder);
-    const FileGuard guard(file);
-    return WriteIni(kProperties.toString(), QStringLiteral("Sort"), sort, file);
+    const FileGuard guard = GuardNode(nodeFolder);
+    return WriteIni(node_key::kProperties.toString(), node_key::kSort.toString(), sort,
+                    NodeIniFile(nodeFolder));
+}
+
+FileResult WriteSorts(const QString& levelFolder, const QStringList& folders, const QStringList& sorts,
+                      const FlushFiles& flush) {
+    const FileGuard guard(LevelGuardFile(levelFolder));
+    QStringList files;
+    for (const QString& folder : folders)
+        files.append(NodeIniFile(levelFolder + u'/' + folder));
+    const auto bytesOf = [&](std::size_t index) -> tl::expected<QByteArray, FileError> {
+        auto bytes = ReadFileBytes(files[qsizetype(index)], kMaxIniFile);
+        if (!bytes)
+            return bytes;
+        IniText properties(std::move(*bytes));
+        if (const IniResult set = SetSort(properties, sorts[qsizetype(index)]); !set)
+            return Failure(files[qsizetype(index)], set.error());
+        return properties.Bytes();
+    };
+    return ReplaceFiles(files, bytesOf, flush);
 }
 
 } // namespace paneda

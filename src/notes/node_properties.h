@@ -1,23 +1,48 @@
 #pragma once
 
-#include "core/files/file_io.h"
+#include "core/files/file_batch.h"
 #include "core/files/ini_text.h"
 #include "notes/tree_node.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace paneda {
 
-// Properties.ini of a node: section Properties with Name, Description, Sort and what the note window keeps
-// there; section Link with Type, Target, Parameter, Start In and Window State, which a note does not have.
+// Properties.ini in the folder of a node, and in the content folder of a tree.
 
-// Host path of the Properties.ini of a node's folder, in the spelling that it has there.
+namespace node_key {
+inline constexpr QStringView kProperties = u"Properties"; // a section
+inline constexpr QStringView kName = u"Name";
+inline constexpr QStringView kDescription = u"Description";
+inline constexpr QStringView kSort = u"Sort";
+inline constexpr QStringView kMultiuser = u"Multiuser"; // in the content folder alone
+inline constexpr QStringView kEditing = u"Editing";
+inline constexpr QStringView kLastEditUser = u"Last Edit User";
+inline constexpr QStringView kLastEditDate = u"Last Edit Date";
+inline constexpr QStringView kLastEditTime = u"Last Edit Time";
+inline constexpr QStringView kLastAllLevelEditTime = u"Last All Level Edit Time";
+inline constexpr QStringView kWidth = u"Width";   // pixels
+inline constexpr QStringView kHeight = u"Height"; // pixels
+inline constexpr QStringView kLink = u"Link";     // a section, which a note does not have
+inline constexpr QStringView kType = u"Type";
+inline constexpr QStringView kTarget = u"Target";
+inline constexpr QStringView kParameter = u"Parameter";
+inline constexpr QStringView kStartIn = u"Start In";
+inline constexpr QStringView kWindowState = u"Window State";
+} // namespace node_key
+
+// Host path of the Properties.ini of a folder, in the spelling that it has there.
 QString NodeIniFile(const QString& nodeFolder);
+
+// What a FileGuard is created with by those who change the Properties.ini of any node of this level. One
+// guard for the whole level, so that a renumbering needs no more than one.
+QString LevelGuardFile(const QString& levelFolder);
 
 // A file that is missing or cannot be read has no keys.
 IniText ReadNodeIni(const QString& nodeFolder);
 
-// The same, but fails where it cannot be read.
+// The same, but fails for a file that is missing or cannot be read.
 tl::expected<IniText, FileError> LoadNodeIni(const QString& nodeFolder);
 
 QString ReadSort(const IniText& properties);
@@ -25,13 +50,11 @@ QString ReadSort(const IniText& properties);
 // Fills name, description, sort, type and link. The name is empty for a folder that is no node.
 void ReadNodeKeys(const IniText& properties, const QString& appPath, TreeNode& node);
 
-// Sets name and description. Quotes around a text are kept by a second pair, since reading drops one.
-void SetNodeTitle(IniText& properties, const PendingNode& pending);
+// Sets name, description, and section Link if asked to; a note's section Link is emptied where there is one.
+// Reading drops a pair of quotes, so texts in quotes get a second pair. Fails for a text that is too long.
+IniResult SetNodeKeys(IniText& properties, const PendingNode& pending, bool setsLink);
 
-// Sets section Link; empties it for a note.
-void SetNodeLink(IniText& properties, const PendingNode& pending);
-
-void SetSort(IniText& properties, const QString& sort);
+IniResult SetSort(IniText& properties, const QString& sort);
 
 // Replaces the file whole, with all keys that were set at once.
 FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties);
@@ -41,7 +64,12 @@ FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties);
 tl::expected<IniText, FileError> ChangeNodeKeys(const QString& nodeFolder, const PendingNode& pending,
                                                 bool changesLink);
 
-// One key of an existing node's file. Fails for a folder that has gone.
+// Changes Sort of an existing node. Fails for a folder that is missing.
 FileResult WriteSort(const QString& nodeFolder, const QString& sort);
+
+// The same for nodes of one level, in this order: a program that is killed has changed the first few. See
+// ReplaceFiles for `flush`. Touches nothing but the disk, so it may run on any thread.
+FileResult WriteSorts(const QString& levelFolder, const QStringList& folders, const QStringList& sorts,
+                      const FlushFiles& flush);
 
 } // namespace paneda

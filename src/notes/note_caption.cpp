@@ -1,8 +1,50 @@
 #include "notes/note_caption.h"
 
-#include "notes/age_text.h"
+#include "core/text/english_dates.h"
+
+#include <optional>
 
 namespace paneda {
+
+namespace {
+
+constexpr qint64 kMinutesPerHour = 60;
+constexpr qint64 kMinutesPerDay = 24 * kMinutesPerHour;
+
+struct Moment {
+    QDate Date;
+    QTime Time; // without seconds
+};
+
+std::optional<Moment> ReadMoment(const QString& date, const QString& time) {
+    const Moment moment{QDate::fromString(date, QStringLiteral("yyyy-MM-dd")),
+                        QTime::fromString(time.left(5), QStringLiteral("hh:mm"))};
+    if (!moment.Date.isValid() || !moment.Time.isValid())
+        return std::nullopt;
+    return moment;
+}
+
+qint64 MinutesSince(const Moment& then, const QDateTime& now) {
+    const auto minuteOfDay = [](const QTime& time) { return time.hour() * kMinutesPerHour + time.minute(); };
+    return then.Date.daysTo(now.date()) * kMinutesPerDay + minuteOfDay(now.time()) - minuteOfDay(then.Time);
+}
+
+// "Nov 2nd"
+QString MonthAndDay(const QDate& date) {
+    return EnglishMonthName(date.month()).left(3) + u' ' + QString::number(date.day()) +
+           OrdinalSuffix(date.day());
+}
+
+// "3:05pm"
+QString ClockText(const QTime& time) {
+    const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
+    return QStringLiteral("%1:%2%3")
+        .arg(hour)
+        .arg(time.minute(), 2, 10, QLatin1Char('0'))
+        .arg(time.hour() < 12 ? QStringLiteral("am") : QStringLiteral("pm"));
+}
+
+} // namespace
 
 QString NoteCaption(const EditLock& lock, const LastEdit& last, const QDateTime& now) {
     const QString age = AgeText(last.Date, last.Time, now);
@@ -14,6 +56,44 @@ QString NoteCaption(const EditLock& lock, const LastEdit& last, const QDateTime&
 
 QString NoteTooltip(const LastEdit& last, const QDateTime& now) {
     return FullDateText(last.Date, last.Time, now);
+}
+
+QString AgeText(const QString& date, const QString& time, const QDateTime& now) {
+    const auto then = ReadMoment(date, time);
+    if (!then)
+        return {};
+    const qint64 minutes = MinutesSince(*then, now);
+    const qint64 days = minutes / kMinutesPerDay;
+    const auto count = [](qint64 number, const QString& unit) -> QString {
+        return QString::number(number) + unit;
+    };
+    if (minutes <= 1)
+        return count(minutes, QStringLiteral(" minute ago"));
+    if (minutes < kMinutesPerHour)
+        return count(minutes, QStringLiteral(" minutes ago"));
+    if (minutes < 2 * kMinutesPerHour)
+        return count(minutes / kMinutesPerHour, QStringLiteral(" hour ago"));
+    if (minutes < kMinutesPerDay)
+        return count(minutes / kMinutesPerHour, QStringLiteral(" hours ago"));
+    if (days < 2)
+        return count(days, QStringLiteral(" day ago"));
+    if (days < 30)
+        return count(days, QStringLiteral(" days ago"));
+    return QStringLiteral("on ") + MonthAndDay(then->Date) + u' ' + QString::number(then->Date.year());
+}
+
+QString FullDateText(const QString& date, const QString& time, const QDateTime& now) {
+    const auto then = ReadMoment(date, time);
+    if (!then)
+        return {};
+    const QString clock = ClockText(then->Time);
+    if (then->Date == now.date())
+        return clock;
+    const QString day =
+        EnglishDayName(then->Date.dayOfWeek()) + QStringLiteral(", ") + MonthAndDay(then->Date);
+    if (then->Date.year() == now.date().year())
+        return day + u' ' + clock;
+    return day + u' ' + QString::number(then->Date.year()) + u' ' + clock;
 }
 
 } // namespace paneda

@@ -1,6 +1,6 @@
 #include "notes/note_disk.h"
 
-#include "notes/note_keys.h"
+#include "notes/node_properties.h"
 
 #include "core/files/file_guard.h"
 #include "core/files/file_tree.h"
@@ -27,8 +27,12 @@ FileResult NoteDisk::Remove(const QString& path) {
     return Failure(path, file.errorString());
 }
 
-FileResult NoteDisk::WriteKeys(const QString& iniFile, const NoteKeyValues& keys) {
-    const FileGuard guard(iniFile);
+FileResult NoteDisk::WriteKeys(const NotePlace& place, const QString& folder, const NoteKeyValues& keys) {
+    const QString iniFile = NodeIniFile(folder);
+    // The folder around the tree's root belongs to others, so no file is made there.
+    const bool isRoot =
+        QDir::cleanPath(folder).compare(QDir::cleanPath(place.TreeRoot), Qt::CaseInsensitive) == 0;
+    const FileGuard guard(isRoot ? iniFile : LevelGuardFile(QFileInfo(folder).path()));
     QByteArray bytes;
     if (QFileInfo::exists(iniFile)) {
         auto read = ReadFileBytes(iniFile, kMaxIniFile);
@@ -37,8 +41,10 @@ FileResult NoteDisk::WriteKeys(const QString& iniFile, const NoteKeyValues& keys
         bytes = std::move(*read);
     }
     IniText text(bytes);
-    for (const auto& [key, value] : keys)
-        text.SetValue(note_key::kSection, key, value);
+    for (const auto& [key, value] : keys) {
+        if (const IniResult set = text.SetValue(node_key::kProperties, key, value); !set)
+            return Failure(iniFile, set.error());
+    }
     return text.Bytes() == bytes ? FileResult() : ReplaceFile(iniFile, text.Bytes());
 }
 

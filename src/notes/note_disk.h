@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/files/file_io.h"
+#include "notes/note_place.h"
 
 #include <QByteArray>
 #include <QString>
@@ -14,8 +15,8 @@ namespace paneda {
 // Keys and values of the section `Properties`.
 using NoteKeyValues = std::vector<std::pair<QStringView, QString>>;
 
-// The steps by which notes change the disk. Each is whole or not done at all, so a program that ends anywhere
-// has done the first few of them; a test replaces this class to end between any two.
+// The steps by which notes change the disk. Each is done whole or not at all, so a program that is killed has
+// done the first few of them. Tests derive from this class to stop between any two steps.
 class NoteDisk {
 public:
     NoteDisk() = default;
@@ -27,12 +28,13 @@ public:
     // Copies a file of any size under a new name.
     virtual FileResult Copy(const QString& from, const QString& to);
 
-    // A file that is missing is no failure.
+    // A missing file is not a failure.
     virtual FileResult Remove(const QString& path);
 
-    // Writes several keys of a Properties.ini at once, making the file if it is missing. Fails where the
-    // folder is missing.
-    virtual FileResult WriteKeys(const QString& iniFile, const NoteKeyValues& keys);
+    // Writes several keys of a folder's Properties.ini at once, making the file if it is missing. The folder
+    // is the note's or one above it, up to the tree's root. Fails where the folder is missing and for a value
+    // that is too long.
+    virtual FileResult WriteKeys(const NotePlace& place, const QString& folder, const NoteKeyValues& keys);
 };
 
 } // namespace paneda

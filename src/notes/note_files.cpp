@@ -22,10 +22,6 @@ QString NoteGuardFile(const QString& noteFolder) {
     return noteFolder + QStringLiteral("/content");
 }
 
-QString NotePropertiesFile(const QString& noteFolder) {
-    return FindEntry(noteFolder, QStringLiteral("Properties.ini"));
-}
-
 NoteForm FindNoteForm(const QString& noteFolder) {
     const auto hasZip = [&noteFolder] { return QFileInfo::exists(NoteZipFile(noteFolder)); };
     if (hasZip())
@@ -70,7 +66,7 @@ bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b) {
 
 QByteArray ReadZippedNote(const QString& zipFile) {
     QByteArray text;
-    // No listener: an archive that cannot be read is an empty note.
+    // No listener for errors: an archive that cannot be read is an empty note.
     ZipExtractionClass zip({}, [&text](const QString&, const QByteArray& bytes) { text = bytes; });
     if (zip.OpenZip(zipFile))
         zip.Extract({}, false, false);

@@ -10,17 +10,17 @@
 
 namespace paneda {
 
-// How a note's text lies in its folder: as `content.rtf`, or as the one entry "content.rtf" of `content.zip`.
-// Where both files stand the zip is the note, always; a reader needs no clock to tell.
+// A note's text is in its folder as `content.rtf`, or as the only entry "content.rtf" of `content.zip`. Where
+// both files exist the zip is the note, whichever is newer.
 enum class NoteForm { None, Rtf, Zip };
 
-// A note's file as it was seen, so that a later look tells whether somebody else has saved since.
+// A note's file as it was when it was read or written; compared later to see if somebody else has saved.
 struct NoteOnDisk {
     NoteForm Form = NoteForm::None;
-    qint64 Size = 0;     // of the file as it lies there, compressed or not
-    QDateTime Modified;  // for texts to the user; clocks of sticks and servers are too coarse to compare
+    qint64 Size = 0;     // of the file, compressed or not
+    QDateTime Modified;  // shown to the user; not compared, since clocks of sticks and servers are too coarse
     quint64 Hash = 0;    // of the file's bytes; 0 when they cannot be read
-    bool Unseen = false; // the editor does not hold its text, so saving over it would lose something
+    bool Unseen = false; // the editor does not hold all of it, so saving over it would lose something
 };
 
 // A note's text is read and written up to this many bytes.
@@ -29,9 +29,8 @@ inline constexpr qint64 kMaxNoteText = kMaxZipEntry;
 // Where the files lie, found in any case of letters.
 QString NoteRtfFile(const QString& noteFolder);
 QString NoteZipFile(const QString& noteFolder);
-QString NotePropertiesFile(const QString& noteFolder);
 
-// What a FileGuard is asked for by those that change the note's text or take its edit lock.
+// What a FileGuard is created with by those that change the note's text or take its edit lock.
 QString NoteGuardFile(const QString& noteFolder);
 
 // The form of the note at this moment, right also when another process turns one form into the other.
@@ -49,7 +48,7 @@ NoteOnDisk DescribeNote(const QString& noteFolder, NoteForm form, const QByteArr
 // Whether the two are the same file contents.
 bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b);
 
-// The text within a content.zip; empty when it gives none, whatever the reason.
+// The text within a content.zip; empty when there is none or it cannot be read, for whatever reason.
 QByteArray ReadZippedNote(const QString& zipFile);
 
 // A path in the folder that is not taken, "content (<words>).<extension>", for a text that is kept beside the

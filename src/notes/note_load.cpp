@@ -1,7 +1,7 @@
 #include "notes/note_load.h"
 
+#include "notes/node_properties.h"
 #include "notes/note_caption.h"
-#include "notes/note_keys.h"
 #include "notes/note_save.h"
 
 #include "core/files/ini_file.h"
@@ -67,12 +67,12 @@ int SideOr(const QString& value, int fallback) {
 }
 
 void ReadKeys(const NotePlace& place, const NoteSession& session, LoadedNote& note) {
-    const IniText ini = ReadIniFile(NotePropertiesFile(place.NoteFolder));
-    const auto value = [&ini](QStringView key) { return ini.Value(note_key::kSection, key); };
-    note.Width = SideOr(value(note_key::kWidth), session.Settings.Width);
-    note.Height = SideOr(value(note_key::kHeight), DefaultNoteHeight(session));
-    const LastEdit last{value(note_key::kLastEditUser), value(note_key::kLastEditDate),
-                        value(note_key::kLastEditTime)};
+    const IniText ini = ReadNodeIni(place.NoteFolder);
+    const auto value = [&ini](QStringView key) { return ini.Value(node_key::kProperties, key); };
+    note.Width = SideOr(value(node_key::kWidth), session.Settings.Width);
+    note.Height = SideOr(value(node_key::kHeight), DefaultNoteHeight(session));
+    const LastEdit last{value(node_key::kLastEditUser), value(node_key::kLastEditDate),
+                        value(node_key::kLastEditTime)};
     note.Caption = NoteCaption(note.Lock, last, session.Now);
     note.Tooltip = NoteTooltip(last, session.Now);
 }

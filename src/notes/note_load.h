@@ -26,18 +26,18 @@ struct LoadedNote {
     EditLock Lock;
     QString Caption; // who saved the note or is editing it, and how long ago
     QString Tooltip; // the same moment as a date
-    // What the user has to be told; empty for nothing.
+    // To be shown to the user; empty for nothing.
     QString Problem;
 };
 
-// Loads a note. One that has no text yet is saved with `emptyRtf`, so that its file and its keys come to
-// exist. A damaged content.zip is an empty editor without a word; OnDisk.Unseen then makes the next save keep
-// the damaged file. A text that cannot be read for another reason is told, and kept in the same way.
+// Loads a note. One that has no text yet is saved with `emptyRtf`, which creates its file and its keys. For a
+// damaged content.zip the text is empty and no problem is reported, but OnDisk.Unseen makes the next save
+// keep the damaged file. A file that cannot be read for another reason is kept in the same way and reported.
 LoadedNote LoadNote(const NotePlace& place, const NoteSession& session, const QByteArray& emptyRtf,
                     NoteDisk& disk);
 
 // The text that is put back when changes are undone or may not be made: that of content.rtf, or none, also
-// where the note is compressed. `onDisk` becomes what the editor then stands for.
+// where the note is compressed. `onDisk` becomes the file that the editor then holds.
 QByteArray RestoreNoteText(const NotePlace& place, NoteOnDisk& onDisk);
 
 } // namespace paneda

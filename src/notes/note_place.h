@@ -26,11 +26,11 @@ struct NoteSession {
 // A note's height in pixels where it has none of its own: the panel's, but at least that of the settings.
 int DefaultNoteHeight(const NoteSession& session);
 
-// The note's folder and all above it up to the tree's content folder, which comes last. The note's folder
-// alone when it does not lie below the content folder.
+// The note's folder and all above it, up to the tree's content folder, which comes last. Only the note's
+// folder if that is not below the content folder.
 QStringList FoldersUpToRoot(const NotePlace& place);
 
-// "yyyy-mm-dd" and "hh:mm:ss", as all keys hold them.
+// "yyyy-mm-dd" and "hh:mm:ss", the forms in which all keys hold them.
 QString KeyDate(const QDateTime& time);
 QString KeyTime(const QDateTime& time);
 

@@ -1,7 +1,7 @@
 #include "notes/note_save.h"
 
 #include "notes/edit_lock.h"
-#include "notes/note_keys.h"
+#include "notes/node_properties.h"
 
 #include "archive/zip_class.h"
 
@@ -27,7 +27,7 @@ QString FileTime(const QDateTime& time) {
 }
 
 QString LastUser(const QString& folder) {
-    return ReadIniFile(NotePropertiesFile(folder)).Value(note_key::kSection, note_key::kLastEditUser);
+    return ReadNodeIni(folder).Value(node_key::kProperties, node_key::kLastEditUser);
 }
 
 // One save. Holds what its steps share.
@@ -183,13 +183,13 @@ FileResult Saving::WritePlain(NoteForm before) {
 void Saving::WriteKeys() {
     const QString date = KeyDate(session_.Now);
     const QString time = KeyTime(session_.Now);
-    const QString properties = NotePropertiesFile(folder_);
-    Collect(saved_.Failures, disk_.WriteKeys(properties, {{note_key::kLastEditUser, session_.UserName},
-                                                          {note_key::kLastEditDate, date},
-                                                          {note_key::kLastEditTime, time}}));
+    Collect(saved_.Failures, disk_.WriteKeys(place_, folder_,
+                                             {{node_key::kLastEditUser, session_.UserName},
+                                              {node_key::kLastEditDate, date},
+                                              {node_key::kLastEditTime, time}}));
     for (const QString& folder : FoldersUpToRoot(place_))
-        Collect(saved_.Failures, disk_.WriteKeys(NotePropertiesFile(folder),
-                                                 {{note_key::kLastAllLevelEditTime, date + u' ' + time}}));
+        Collect(saved_.Failures,
+                disk_.WriteKeys(place_, folder, {{node_key::kLastAllLevelEditTime, date + u' ' + time}}));
     if (!draft_.LockedByOther)
         Collect(saved_.Failures, ReleaseEditLock(place_, disk_));
 }

@@ -23,10 +23,11 @@ struct NoteDraft {
 
 struct SavedNote {
     NoteOnDisk OnDisk;
-    // Texts that were kept beside the note, and what the user has to be told about them. Empty for none.
+    // Files in which other texts were kept beside the note, and a text about them for the user. Empty for
+    // none.
     QStringList KeptFiles;
     QString Notice;
-    // What could not be done once the text was safe: keys, the old form's removal, the lock.
+    // What failed after the text was saved: writing keys, removing the old form, releasing the lock.
     std::vector<FileError> Failures;
 };
 
@@ -34,26 +35,25 @@ struct SavedNote {
 // folders up to the tree's root, and the release of the edit lock where this user holds it.
 //
 // On failure the note on disk is as it was, and the draft is still to be saved. Fails as well, and writes
-// nothing, when the note's folder is gone.
+// nothing, when the note's folder does not exist any more.
 //
-// Order of the steps, each of which is whole (NoteDisk). Since a zip is the note wherever one stands, a
-// reader finds exactly one text after every step, the old or the new:
+// Each step is done whole or not at all (NoteDisk). As the zip is the note wherever there is one, a reader
+// finds exactly one text after each step, the old or the new:
 //
-//   new, rtf or zip as before    replace the one file
-//   rtf -> zip                   1 put the zip in place: it is the note from now on; 2 remove the rtf.
-//                                Ended after 1: a stale rtf stands beside, unread, until the next save.
-//   zip -> rtf                   1 replace the zip by one with the new text; 2 put the rtf in place;
-//                                3 remove the zip. Ended after 1 or 2: the zip with the new text is the note,
-//                                and the next save tries again. Both files never hold different texts of
-//                                which the older is read.
-//   keys                         behind the text: ended before them the note shows the age of an older save
-//                                and, in a shared tree, stays locked, as after any crash of a holder.
+//   same form as before   Replace the one file.
+//   rtf to zip            1 Write the zip: it is the note from now on. 2 Remove the rtf.
+//                         Killed after 1, the old rtf stays beside the zip until the next save.
+//   zip to rtf            1 Replace the zip by one with the new text. 2 Write the rtf. 3 Remove the zip.
+//                         Killed after 1 or 2, the zip with the new text is the note, and the next save
+//                         tries again. So an older text is never read after a newer one.
+//   keys                  After the text. Killed before them, the note shows the age of an older save, and in
+//                         a shared tree it stays locked, as after any crash of the user who was editing.
 //
-// Before the first step comes a look at what lies there. What another process has saved since the draft was
-// loaded is copied beside the note as "content (other <time> <user>)". So is, as "content (kept <time>)", a
-// file that gave the editor no text, and an rtf beside a zip that is newer than it or beside a damaged one.
-// If that copy fails, the save fails. From the look to the end a FileGuard keeps the saves of other
-// processes out; where it cannot, a save of theirs between the look and the write is lost.
+// Before the first step other texts are kept, as copies beside the note: what another process has saved since
+// the draft was loaded, as "content (other <time> <user>)"; what the editor did not hold (Unseen), and an rtf
+// beside a zip that is damaged or older than that rtf, as "content (kept <time>)". If such a copy fails, the
+// save fails. Meanwhile a FileGuard keeps out the saves of other processes; where it cannot, a save of theirs
+// between that look and the write is lost.
 tl::expected<SavedNote, FileError> SaveNote(const NotePlace& place, const NoteSession& session,
                                             const NoteDraft& draft, NoteDisk& disk);
 

@@ -7,7 +7,7 @@
 
 namespace paneda {
 
-// What the tree window does to the controls that show its trees. Numbers count from 1.
+// What the tree window has to do with the controls that show its trees. Controls are numbered from 1.
 struct TreeSwitch {
     std::optional<int> Unload;
     // A new control, filled with this tree.
@@ -18,12 +18,12 @@ struct TreeSwitch {
     friend bool operator==(const TreeSwitch&, const TreeSwitch&) = default;
 };
 
-// Which control of the tree window shows which tree. A tree once opened stays so, and a number is never used
-// again.
+// Which control of the tree window shows which tree. A tree that has been opened stays open until it is
+// dropped, and the number of its control is never used again.
 class OpenTrees {
 public:
-    // Drops `removeTree`, then shows `showTree`, opening it if need be; empty stands for none. A tree that is
-    // opened along with a removal is not brought to the front.
+    // Drops `removeTree`, then shows `showTree`, which is opened if it is not open; an empty name means none.
+    // A tree that is opened in a call that also drops one is not brought to the front.
     TreeSwitch RefreshTree(const QString& showTree, const QString& removeTree);
 
     // The control of a tree; nothing when it is not open.

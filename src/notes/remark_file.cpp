@@ -2,8 +2,6 @@
 
 #include "core/files/file_tree.h"
 #include "core/files/ini_text.h"
-#include "core/store/names.h"
-
 #include <QFileInfo>
 
 namespace paneda {
@@ -13,6 +11,7 @@ namespace {
 // Bytes; a file system takes 255, and the temporary file of a replacement adds to the name.
 constexpr qsizetype kMaxName = 240;
 const QString kEnd = QStringLiteral(".txt");
+constexpr QStringView kForbidden = u"\\/:*?\"<>|";
 
 FileResult WriteRemarkFile(const QString& path) {
     IniText text;
@@ -20,7 +19,7 @@ FileResult WriteRemarkFile(const QString& path) {
     return ReplaceFile(path, text.Bytes());
 }
 
-// A folder of that name is somebody's own.
+// A folder of that name was made by the user.
 FileResult RemoveFile(const QString& path) {
     return QFileInfo(path).isFile() ? RemoveTree(path) : FileResult();
 }
@@ -28,7 +27,11 @@ FileResult RemoveFile(const QString& path) {
 } // namespace
 
 QString RemarkFileName(const QString& nodeFolderName, const QString& nodeName) {
-    QString name = nodeFolderName + u' ' + SafeFileName(nodeName);
+    QString name = nodeFolderName + u' ' + nodeName;
+    for (QChar& c : name) {
+        if (kForbidden.contains(c) || c < u' ')
+            c = u'-';
+    }
     while (name.toUtf8().size() + kEnd.size() > kMaxName)
         name.chop(name.back().isLowSurrogate() ? 2 : 1);
     return name + kEnd;

@@ -8,8 +8,8 @@
 
 namespace paneda {
 
-// The texts that order the nodes of a level. They compare as texts, so a number has ten digits; one digit
-// behind a point is a form that a renumbering takes away in the same operation.
+// The texts that order the nodes of a level. They are compared as texts, so a number has ten digits. One more
+// digit behind a point is used for a moment, until the renumbering at the end of the same operation.
 
 // Where a node goes, seen from its target. The numbers are those of the menus.
 enum class NodePosition { Below = 1, Above = 2, Child = 3 };
@@ -23,7 +23,7 @@ QString NeighbourSort(NodePosition position, const QString& base, const QStringL
 
 struct SortChoice {
     QString Sort;
-    // The level has no room left there, or no higher number: it must be numbered anew.
+    // There is no room left between the two, or no higher number: the whole level must be renumbered.
     bool Renumber = false;
 };
 
@@ -38,12 +38,12 @@ struct SortWrite {
     QString Sort;
 };
 
-// The writes that turn the texts of a level, which are in ascending order, into other ones in strictly
-// ascending order, in a succession that keeps the order of the nodes after every single write: those that
-// rise from the last to the first, then those that fall from the first to the last. A riser is written when
-// all behind it are above its new text: a riser there has its own new text already, and what falls still has
-// its old one, which is higher than its new one. A faller is written when all before it are below its new
-// text, for the same reasons turned about. Texts that stay are not written.
+// The writes that turn the texts of a level (in ascending order) into the wanted ones (in strictly ascending
+// order). They are ordered so that the nodes keep their order after each single write: first the texts that
+// become higher, from the last node to the first; then those that become lower, from the first node to the
+// last. When a text becomes higher, all behind it are higher still: those that rise have their new text
+// already, and those that fall have their old one, which is above their new one. For a text that becomes
+// lower the same holds the other way round. Texts that do not change are not written.
 std::vector<SortWrite> PlanRenumber(const QStringList& current, const QStringList& wanted);
 
 } // namespace paneda

@@ -53,7 +53,7 @@ SiblingScan ScanSiblings(const QString& levelFolder) {
     for (const QString& name : scan.Folders) {
         const IniText properties = ReadNodeIni(levelFolder + u'/' + name);
         scan.Sorts.append(ReadSort(properties));
-        scan.IsNode.push_back(!properties.Value(u"Properties", u"Name").isEmpty());
+        scan.IsNode.push_back(!properties.Value(node_key::kProperties, node_key::kName).isEmpty());
         const double number = LeadingNumber(name);
         if (number > scan.HighestNumber && number < kHighestFolder)
             scan.HighestNumber = number;

@@ -6,7 +6,7 @@
 
 namespace paneda {
 
-// One level of a tree as it stands on the disk.
+// Where one level of a tree is on the disk.
 struct LevelPlace {
     QString ContentFolder; // host path
     QString RelativePath = QStringLiteral("\\");

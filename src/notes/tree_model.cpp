@@ -1,5 +1,7 @@
 #include "notes/tree_model.h"
 
+#include "core/text/text_rules.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -192,9 +194,43 @@ void TreeModel::ChangeNode(int row, const TreeNode& changed) {
     Listener().RowChanged(row);
 }
 
-void TreeModel::ChangeSorts(const QHash<int, QString>& sorts) {
-    for (TreeNode& node : nodes_)
-        node.Sort = sorts.value(node.RowIndex, node.Sort);
+int TreeModel::PositionOfParent(const QString& relativePath) const {
+    const auto found = std::find_if(nodes_.begin(), nodes_.end(), [&](const TreeNode& node) {
+        return ChildPlace({}, node).RelativePath == relativePath;
+    });
+    return found == nodes_.end() ? -1 : int(found - nodes_.begin());
+}
+
+void TreeModel::EnterInOrder(const TreeNode& node, const QString& relativePath) {
+    const int parent = PositionOfParent(relativePath);
+    const bool isTop = relativePath == u"\\";
+    if (parent < 0 && !isTop)
+        return;
+    if (!isTop && nodes_[std::size_t(parent)].ExpandState != BranchState::Expanded) {
+        SetState(parent, BranchState::Collapsed);
+        return;
+    }
+    int first = -1;
+    int before = -1;
+    for (const TreeNode& sibling : nodes_) {
+        if (sibling.RelativePath != relativePath)
+            continue;
+        first = first < 0 ? sibling.RowIndex : first;
+        before = CompareText(sibling.Sort, node.Sort) <= 0 ? sibling.RowIndex : before;
+    }
+    if (before >= 0)
+        EnterNode(node, before, NodePosition::Below);
+    else if (first >= 0)
+        EnterNode(node, first, NodePosition::Above);
+    else
+        EnterNode(node, isTop ? -1 : nodes_[std::size_t(parent)].RowIndex, NodePosition::Child);
+}
+
+void TreeModel::ChangeSorts(const QString& relativePath, const QHash<QString, QString>& sorts) {
+    for (TreeNode& node : nodes_) {
+        if (node.RelativePath == relativePath)
+            node.Sort = sorts.value(node.Folder, node.Sort);
+    }
 }
 
 } // namespace paneda

@@ -12,15 +12,16 @@
 
 namespace paneda {
 
-// What the view of a tree hears. `position` is a place in the list of rows, from 0; `row` a RowIndex.
+// How the view of a tree learns of changes. `position` is a place in the list of rows, from 0; `row` a
+// RowIndex.
 class TreeListener {
 public:
     virtual ~TreeListener() = default;
 
-    // All rows were read anew; those from before are gone.
+    // All rows were read again; the rows from before do not exist any more.
     virtual void TreeLoaded() {}
     virtual void RowsAdded(int /*position*/, int /*count*/) {}
-    // `rows` stood from `position` on and are free now.
+    // `rows` were at `position` and below; their numbers may be used again.
     virtual void RowsRemoved(int /*position*/, const std::vector<int>& /*rows*/) {}
     // Text, icon or expand box of a row.
     virtual void RowChanged(int /*row*/) {}
@@ -77,7 +78,7 @@ public:
 
     void SelectRow(int row) { selectedRow_ = row; }
 
-    // Reads the top level anew.
+    // Reads the top level again; nothing is expanded after it.
     void LoadTree();
     // What a press of the right button on the empty canvas does; the caller has closed the note window.
     RefreshOutcome Refresh();
@@ -97,13 +98,18 @@ public:
     void RemoveNode(int row);
     // New name, description, type and link of a node.
     void ChangeNode(int row, const TreeNode& changed);
-    // New texts by row.
-    void ChangeSorts(const QHash<int, QString>& sorts);
+    // Shows a node that was put on the disk by another tree, at the place that its Sort gives it. If its
+    // level is not expanded, its parent only gets an expand box.
+    void EnterInOrder(const TreeNode& node, const QString& relativePath);
+    // New texts of the nodes of a level, by folder.
+    void ChangeSorts(const QString& relativePath, const QHash<QString, QString>& sorts);
 
 private:
     int TakeRow(int rowsInUse);
-    // Position behind a node and all that is shown below it.
+    // Position after a node and all that is shown of its branch.
     int BehindBranch(int position) const;
+    // Position of the node whose children have this relative path; -1 when it is not shown.
+    int PositionOfParent(const QString& relativePath) const;
     void RemoveRange(int begin, int end);
     void SetState(int position, BranchState state);
 

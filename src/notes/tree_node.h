@@ -52,7 +52,7 @@ struct TreeNode {
 // In PendingNode::IconSource: the node keeps its icon.
 inline const QString kKeepIcon = QStringLiteral("NO CHANGE");
 
-// What a node dialog hands over on OK.
+// What the user has entered into a node dialog.
 struct PendingNode {
     QString Name;
     // Host path of a picture; empty for none, kKeepIcon for no change.

@@ -5,6 +5,7 @@
 #include "core/files/path_conversion.h"
 #include "core/settings/app_state.h"
 #include "core/store/names.h"
+#include "notes/node_properties.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -49,16 +50,14 @@ QString TreeIniFile(const QString& appFolder, const QString& treeName) {
 TreeSettings ReadTreeSettings(const AppState& state, const QString& treeName) {
     const IniText text = ReadIniFile(TreeIniFile(state.AppFolder, treeName));
     TreeSettings settings;
-    settings.Path = text.Value(u"Properties", u"Path");
+    settings.Path = text.Value(node_key::kProperties, u"Path");
     settings.NoteBackColor = ReadHexColour(text.Value(u"Note", u"Background Color"));
     settings.NoteTitleColor = ReadHexColour(text.Value(u"Note", u"Title Color"));
     settings.NoteTitle2Color = ReadHexColour(text.Value(u"Note", u"Title 2 Color"));
     ResolveContentFolder(settings, state.AppPath, state.Drives);
-    if (!settings.ContentFolder.isEmpty()) {
-        const QString shared = FindEntry(settings.ContentFolder, QStringLiteral("Properties.ini"));
+    if (!settings.ContentFolder.isEmpty())
         settings.MultiUser =
-            ReadIni(QStringLiteral("Properties"), QStringLiteral("Multiuser"), shared) == u"1";
-    }
+            ReadNodeIni(settings.ContentFolder).Value(node_key::kProperties, node_key::kMultiuser) == u"1";
     return settings;
 }
 

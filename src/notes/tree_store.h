@@ -15,15 +15,15 @@ class DriveMap;
 //   <content>/                  wherever Path says
 //   <content>/Properties.ini    key Multiuser of section Properties, set by hand for all who share the folder
 //   <parent>/NNNNNN/            a node, with Properties.ini, the note's content and an icon of its own
-//   <parent>/NNNNNN <Name>.txt  tells a person with a file manager which node that is
+//   <parent>/NNNNNN <Name>.txt  shows a person with a file manager which node that is
 //
-// <parent> is <content> or a node's folder. Folders whose names begin with a point are no nodes: what is
-// being moved or deleted lies there for a while.
+// <parent> is <content> or a node's folder. Folders whose names begin with a point are not nodes: they hold
+// what is being moved or deleted.
 
 // Names of all trees, in byte order.
 QStringList ListTrees(const QString& appFolder);
 
-// Host path of a tree's settings, whether there is such a tree or not.
+// Host path of a tree's settings file, which need not exist.
 QString TreeIniFile(const QString& appFolder, const QString& treeName);
 
 struct TreeSettings {

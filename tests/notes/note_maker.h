@@ -32,8 +32,8 @@ public:
     FileResult Remove(const QString& path) override {
         return Step() ? NoteDisk::Remove(path) : Stopped(path);
     }
-    FileResult WriteKeys(const QString& file, const NoteKeyValues& keys) override {
-        return Step() ? NoteDisk::WriteKeys(file, keys) : Stopped(file);
+    FileResult WriteKeys(const NotePlace& place, const QString& folder, const NoteKeyValues& keys) override {
+        return Step() ? NoteDisk::WriteKeys(place, folder, keys) : Stopped(folder);
     }
 
 private:

@@ -12,8 +12,6 @@ class tst_edit_lock : public QObject {
 
 private Q_SLOTS:
     void life();
-    void singleUser();
-    void cannotBeWritten();
 };
 
 void tst_edit_lock::life() {
@@ -56,28 +54,6 @@ void tst_edit_lock::life() {
     QVERIFY(ReleaseEditLock(note.Place, note.Disk));
     QCOMPARE(editing(), QString());
     QVERIFY(!ReadEditLock(note.Place).LockedByOther);
-}
-
-void tst_edit_lock::singleUser() {
-    NoteMaker note;
-    const QString stale = u"2026-11-21 06:00:00 Bob"_s;
-    note.SetKey(u"Editing"_s, stale);
-    const LoadedNote loaded = note.Load();
-    const FirstEdit edit = BeginEdit(note.Place, note.Session, note.Disk);
-    QVERIFY(edit.MayEdit && edit.Lock.EditingValue.isEmpty() && edit.Notice.isEmpty());
-    QVERIFY(note.Save("text", loaded));
-    QVERIFY(ReleaseEditLock(note.Place, note.Disk));
-    QCOMPARE(note.Key(u"Editing"_s), stale);
-}
-
-void tst_edit_lock::cannotBeWritten() {
-    NoteMaker note(true);
-    (void)note.Load();
-    note.Disk.StepsLeft = 0;
-    const FirstEdit edit = BeginEdit(note.Place, note.Session, note.Disk);
-    QVERIFY(edit.MayEdit);
-    QVERIFY(edit.Notice.contains(u"No space left"_s));
-    QVERIFY(!ReleaseEditLock(note.Place, note.Disk));
 }
 
 QTEST_GUILESS_MAIN(tst_edit_lock)

@@ -61,10 +61,8 @@ class tst_tree_model : public QObject {
 private Q_SLOTS:
     void loadsOneLevel();
     void expandsAndCollapses();
-    void namelessChildren();
     void refreshes();
     void switchesTrees();
-    void startsLinks_data();
     void startsLinks();
 };
 
@@ -79,7 +77,6 @@ void tst_tree_model::loadsOneLevel() {
     desk.Put(u"Tree/000005"_s, "web", "A", "[Link]\r\nType=URL\r\nTarget=example.org\r\nParameter=no\r\n");
     desk.Put(u"Tree/000006"_s, "", "0000000001");
     desk.Put(u"Tree/.moving-1"_s, "hidden", "0000000001");
-    desk.Put(u"Tree/my own"_s, "own", "B");
     desk.Put(u"Tree/000002/000001"_s, "child", "0001000000");
     desk.Store.AddFolder(u"Tree/000003/.deleted-1"_s);
     desk.Store.AddFile(u"Tree/000001 late.txt"_s);
@@ -87,8 +84,8 @@ void tst_tree_model::loadsOneLevel() {
     const TreeModel& tree = desk.Open(u"Tree"_s);
     QCOMPARE(TreeDesk::Rows(tree),
              (QStringList{u"unsorted "_s, u"+equal b 0002000000"_s, u"equal a 0002000000"_s,
-                          u"late 0003000000"_s, u"web A"_s, u"own B"_s, u"spelling C"_s}));
-    QCOMPARE(RowIndexes(tree), (std::vector{1, 2, 3, 4, 5, 6, 7}));
+                          u"late 0003000000"_s, u"web A"_s, u"spelling C"_s}));
+    QCOMPARE(RowIndexes(tree), (std::vector{1, 2, 3, 4, 5, 6}));
     const TreeNode expected{u"late"_s,
                             u"0003000000"_s,
                             u"000001"_s,
@@ -102,7 +99,7 @@ void tst_tree_model::loadsOneLevel() {
                             {u"E:\\x.exe"_s, u"p"_s, u"s"_s, u"Maximized"_s}};
     QCOMPARE(tree.Nodes()[3], expected);
     QCOMPARE(tree.Nodes()[4].LinkData, (NodeLink{u"example.org"_s, {}, {}, {}}));
-    QCOMPARE(tree.LastTop(), 60 + 6 * 270);
+    QCOMPARE(tree.LastTop(), 60 + 5 * 270);
 }
 
 void tst_tree_model::expandsAndCollapses() {
@@ -146,17 +143,6 @@ void tst_tree_model::expandsAndCollapses() {
     QCOMPARE(follower.Changed, (QStringList{u"a"_s, u"a2"_s, u"a"_s, u"b"_s, u"a"_s}));
 }
 
-void tst_tree_model::namelessChildren() {
-    TreeDesk desk;
-    desk.Put(u"Tree/000001"_s, "a", "1");
-    desk.Store.AddFolder(u"Tree/000001/000001"_s);
-    TreeModel& tree = desk.Open(u"Tree"_s);
-    tree.ToggleNode(1);
-    QCOMPARE(TreeDesk::Rows(tree), QStringList{u"-a 1"_s});
-    tree.ToggleNode(1);
-    QCOMPARE(TreeDesk::Rows(tree), QStringList{u"+a 1"_s});
-}
-
 void tst_tree_model::refreshes() {
     TreeDesk desk;
     TreeModel& tree = desk.Open(u"Tree"_s);
@@ -178,10 +164,6 @@ void tst_tree_model::refreshes() {
     QVERIFY(QDir(desk.Store.Path(u"Tree"_s)).removeRecursively());
     QCOMPARE(tree.Refresh(), RefreshOutcome::FolderNotFound);
     QCOMPARE(tree.NotFoundText(), u"Folder  '"_s + desk.Store.Path(u"Tree"_s) + u"'  Not Found!"_s);
-
-    TreeModel nowhere(kAppPath);
-    nowhere.Open(u"None"_s, {}, 1);
-    QCOMPARE(nowhere.Refresh(), RefreshOutcome::FolderNotFound);
 }
 
 void tst_tree_model::switchesTrees() {
@@ -195,37 +177,20 @@ void tst_tree_model::switchesTrees() {
     // Loaded anew behind the others.
     QCOMPARE(trees.RefreshTree(u"B"_s, u"B"_s), (TreeSwitch{2, 4, {}}));
     QCOMPARE(trees.Names(), (QStringList{u"XXDELETED TREEXX"_s, u"XXDELETED TREEXX"_s, u"A"_s, u"B"_s}));
-    QCOMPARE(trees.RefreshTree({}, u"XXDELETED TREEXX"_s), TreeSwitch());
-}
-
-void tst_tree_model::startsLinks_data() {
-    using Action = LaunchRequest::Action;
-    QTest::addColumn<TreeNode>("node");
-    QTest::addColumn<LaunchRequest>("request");
-    const auto file = [](const NodeLink& link) {
-        TreeNode node;
-        node.Type = kFileNode;
-        node.LinkData = link;
-        return node;
-    };
-    TreeNode note;
-    note.LinkData.Target = u"E:\\x.exe"_s;
-    QTest::newRow("note") << note << LaunchRequest();
-    QTest::newRow("start folder and minimized")
-        << file({u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, u"Minimized"_s})
-        << LaunchRequest{Action::OpenTarget, u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, ShowCommand::Minimized};
-    QTest::newRow("no target") << file({u" "_s, u"p"_s, u"s"_s, {}}) << LaunchRequest();
-    TreeNode web;
-    web.Type = kUrlNode;
-    web.LinkData.Target = u"example.org"_s;
-    QTest::newRow("address")
-        << web << LaunchRequest{Action::OpenBrowser, u"b.exe"_s, u"example.org"_s, {}, ShowCommand::Normal};
 }
 
 void tst_tree_model::startsLinks() {
-    QFETCH(const TreeNode, node);
-    QFETCH(const LaunchRequest, request);
-    QVERIFY(DecideNodeStart(node, kAppPath, u"b.exe"_s) == request);
+    using Action = LaunchRequest::Action;
+    TreeNode node;
+    node.LinkData = {u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, u"Minimized"_s};
+    QVERIFY(DecideNodeStart(node, kAppPath, u"b.exe"_s) == LaunchRequest());
+    node.Type = kFileNode;
+    QVERIFY(
+        DecideNodeStart(node, kAppPath, u"b.exe"_s) ==
+        (LaunchRequest{Action::OpenTarget, u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, ShowCommand::Minimized}));
+    node.Type = kUrlNode;
+    QVERIFY(DecideNodeStart(node, kAppPath, u"b.exe"_s) ==
+            (LaunchRequest{Action::OpenBrowser, u"b.exe"_s, node.LinkData.Target, {}, ShowCommand::Normal}));
 }
 
 QTEST_GUILESS_MAIN(tst_tree_model)

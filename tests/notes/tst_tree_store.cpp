@@ -16,9 +16,6 @@ class tst_tree_store : public QObject {
 
 private Q_SLOTS:
     void readsTreesAndSettings();
-    void colours_data();
-    void colours();
-    void contentFolder_data();
     void contentFolder();
     void remarkNames_data();
     void remarkNames();
@@ -35,7 +32,6 @@ void tst_tree_store::readsTreesAndSettings() {
     store.AddFile(u"SETTING2/work.Notes.INI"_s,
                   "[properties]\nPATH=data\\Work\\\n[Note]\nTitle Color=12aBfF\nTitle 2 Color=0000FF\n");
     store.AddFile(u"SETTING2/Another.ini"_s);
-    store.AddFile(u"SETTING2/ini"_s);
     store.AddFile(u"SETTING2/Old.ini.bak"_s);
     store.AddFile(u"data/Work/properties.INI"_s, "[Properties]\nMultiuser=1\n");
     QCOMPARE(ListTrees(store.AppFolder()), (QStringList{u"Another"_s, u"work.Notes"_s}));
@@ -47,48 +43,27 @@ void tst_tree_store::readsTreesAndSettings() {
     QCOMPARE(settings.NoteTitleColor, 0xFF12ABFFu);
     QCOMPARE(settings.NoteTitle2Color, 0xFF0000FFu);
     QVERIFY(settings.MultiUser);
+    QCOMPARE(ReadHexColour(u"zz80-1"_s), 0xFF008000u);
+    QCOMPARE(ReadHexColour(u"F"_s), 0xFF0F000Fu);
     const TreeSettings none = ReadTreeSettings(state, u"None"_s);
     QCOMPARE(none.ContentFolder, QString());
     QVERIFY(!none.MultiUser && ListNodeFolders(none.ContentFolder).isEmpty());
-    QVERIFY(ListTrees(store.Path(u"data"_s)).isEmpty());
-}
-
-void tst_tree_store::colours_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QRgb>("colour");
-    QTest::newRow("red first") << u"FF8001"_s << 0xFFFF8001u;
-    QTest::newRow("no digits") << u"zz80-1"_s << 0xFF008000u;
-    QTest::newRow("short") << u"F"_s << 0xFF0F000Fu;
-}
-
-void tst_tree_store::colours() {
-    QFETCH(const QString, text);
-    QTEST(ReadHexColour(text), "colour");
-}
-
-void tst_tree_store::contentFolder_data() {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("shown");
-    const QString app = u"/media/stick/Tools/Paneda"_s;
-    QTest::newRow("relative") << u"Data\\Tree"_s << app + u"/Data/Tree"_s << app + u"/Data/Tree"_s;
-    QTest::newRow("upwards") << u"..\\Notes\\"_s << u"/media/stick/Tools/Notes"_s
-                             << u"/media/stick/Tools/Notes"_s;
-    QTest::newRow("without drive") << u"\\Notes"_s << u"/media/stick/Notes"_s << u"/media/stick/Notes"_s;
-    QTest::newRow("another drive") << u"c:\\home\\n"_s << u"/home/n"_s << u"/home/n"_s;
-    QTest::newRow("a drive's root") << u"D:\\"_s << u"/media/stick"_s << u"/media/stick"_s;
-    QTest::newRow("no such drive") << u"Q:\\Notes"_s << u""_s << QDir::fromNativeSeparators(u"Q:\\Notes"_s);
-    QTest::newRow("host path") << u"/srv/notes/"_s << u"/srv/notes"_s << u"/srv/notes"_s;
-    QTest::newRow("blanks") << u"  "_s << u""_s << u""_s;
 }
 
 void tst_tree_store::contentFolder() {
-    QFETCH(const QString, path);
-    TreeSettings settings;
-    settings.Path = path;
-    ResolveContentFolder(settings, u"D:\\Tools\\Paneda"_s, DriveMap::FromMountPoints({u"/media/stick"_s}));
-    QTEST(settings.ContentFolder, "folder");
-    QTEST(QDir::fromNativeSeparators(settings.ShownFolder), "shown");
+    const auto folder = [](const QString& path) -> QString {
+        TreeSettings settings;
+        settings.Path = path;
+        ResolveContentFolder(settings, u"D:\\Tools\\Paneda"_s,
+                             DriveMap::FromMountPoints({u"/media/stick"_s}));
+        return settings.ContentFolder + u' ' + QDir::fromNativeSeparators(settings.ShownFolder);
+    };
+    const QString data = u"/media/stick/Tools/Paneda/Data"_s;
+    QCOMPARE(folder(u"Data\\"_s), data + u' ' + data);
+    QCOMPARE(folder(u"D:\\"_s), u"/media/stick /media/stick"_s);
+    QCOMPARE(folder(u"Q:\\Notes"_s), u' ' + QDir::fromNativeSeparators(u"Q:\\Notes"_s));
+    QCOMPARE(folder(u"/srv/notes/"_s), u"/srv/notes /srv/notes"_s);
+    QCOMPARE(folder(u"  "_s), u" "_s);
 }
 
 void tst_tree_store::remarkNames_data() {
@@ -96,6 +71,7 @@ void tst_tree_store::remarkNames_data() {
     QTest::addColumn<QString>("file");
     QTest::newRow("nine characters") << u"a\\b/c:d*e?f\"g<h>i|j[k]"_s
                                      << u"000007 a-b-c-d-e-f-g-h-i-j[k].txt"_s;
+    QTest::newRow("nothing else") << u" con.. "_s << u"000007  con.. .txt"_s;
     // 240 bytes in all; a letter outside the basic plane has 4 and is not split.
     QTest::newRow("long") << u"x"_s.repeated(254) << u"000007 "_s + u"x"_s.repeated(229) + u".txt"_s;
     QTest::newRow("long letters") << u"\U0001F600"_s.repeated(127)
@@ -133,22 +109,17 @@ void tst_tree_store::propertiesKeepTexts() {
         u"\"quoted\""_s, {},        NodePosition::Below,
         u"'d'"_s,        kFileNode, {u"bin\\x.exe"_s, u"\"a b\" \"c\""_s, u"C:\\in"_s, u"Minimized"_s}};
     IniText text("[Properties]\nEditing=kept\n");
-    SetNodeTitle(text, file);
-    SetNodeLink(text, file);
+    QVERIFY(SetNodeKeys(text, file, true));
     TreeNode node;
     ReadNodeKeys(text, test::kAppPath, node);
     QCOMPARE(node.Name, file.Name);
     QCOMPARE(node.Description, file.Description);
     QCOMPARE(node.LinkData, (NodeLink{u"E:\\Paneda\\bin\\x.exe"_s, file.LinkData.Parameter,
                                       file.LinkData.StartIn, file.LinkData.WindowState}));
-    SetNodeLink(text, PendingNode{u"n"_s, {}, NodePosition::Below, {}, {}, {}});
+    QVERIFY(SetNodeKeys(text, PendingNode{u"n"_s, {}, NodePosition::Below, {}, {}, {}}, true));
     ReadNodeKeys(text, test::kAppPath, node);
     QVERIFY(node.Type.isEmpty() && node.LinkData == NodeLink());
     QVERIFY(text.Bytes().contains("Editing=kept\n") && !text.Bytes().contains("x.exe"));
-
-    IniText note;
-    SetNodeLink(note, PendingNode{u"n"_s, {}, NodePosition::Below, {}, {}, {}});
-    QVERIFY(note.Bytes().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_tree_store)

@@ -7,6 +7,7 @@
 #include "notes/note_load.h"
 #include "notes/note_save.h"
 #include "notes/tree_model.h"
+#include "platform/file_flush.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -36,11 +37,16 @@ public:
         , random_(work.Seed)
         , number_(work.FirstNumber)
         , tree_(u"C:"_s)
-        , operations_(tree_, transfer_, {prompts_, [this](int) { return &tree_; }, {}, {}}) {}
+        , operations_(tree_, transfer_, Services()) {}
 
     int Run();
 
 private:
+    NodeServices Services() {
+        NodeServices services{prompts_, [this](int) { return &tree_; }, {}, {}};
+        services.Flush = &FlushFilesToDisk;
+        return services;
+    }
     void Tell(const QString& line) { journal_.write(line.toUtf8() + '\n'); }
     int Below(int limit) { return random_.bounded(limit); }
     void ReadTree();
