@@ -1,6 +1,9 @@
 #include "ui/panel/store_check.h"
 
+#include "core/store/store_layout.h"
 #include "skin/skin_folder.h"
+
+#include <QFileInfo>
 
 #include <memory>
 #include <utility>
@@ -15,8 +18,11 @@ constexpr unsigned long kWaitAtEnd = 2'000; // ms
 
 StoreFindings LookAtDisk(const CachedStart& cached) {
     StoreFindings found{false, LoadCatalogue(cached.Store)};
-    found.Differs = found.Catalogue != cached.Catalogue ||
-                    (!cached.SkinPath.isEmpty() && SkinStamp(cached.SkinPath) != cached.SkinStamp);
+    // A folder that is gone lay on a stick that was pulled out; that changes nothing.
+    const quint64 stamp = cached.SkinPath.isEmpty() ? 0 : SkinStamp(cached.SkinPath);
+    const bool skinDiffers = stamp != 0 && stamp != cached.SkinStamp;
+    const bool hasStore = QFileInfo(SettingFolder(cached.Store.AppFolder)).isDir();
+    found.Differs = hasStore && (found.Catalogue != cached.Catalogue || skinDiffers);
     return found;
 }
 
