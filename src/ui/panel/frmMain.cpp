@@ -8,7 +8,6 @@
 #include "ui/panel/window_shape.h"
 
 #include <QCloseEvent>
-#include <QDateTime>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,15 +23,8 @@ namespace {
 
 // Without blending a pixel is shown or not; half of it decides.
 constexpr int kSolidAlpha = 128;
-constexpr int kFunLook = 1000; // ms between two looks at a fun sound
 // ms of quiet after which drives are asked: a volume that comes makes several changes in a row.
 constexpr int kDrivesSettle = 300;
-
-const QString kFunAlias = QStringLiteral("fun");
-
-QString FunFolder(const QString& appFolder) {
-    return FindEntry(FindEntry(appFolder, QStringLiteral("Sound")), QStringLiteral("Fun"));
-}
 
 std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
     switch (button) {
@@ -62,12 +54,11 @@ frmMain::frmMain(AppState& state, const PanelServices& services)
     , calls_(state, services.Hotkey, services.Pointer, services.TrayHosts,
              {.Toggle = [this](Trigger trigger) { ToggleByTrigger(trigger); },
               .Show = [this] { ShowPaneda(); },
-              .WaysChanged = [this] { HideAnew(); }}) {
+              .WaysChanged = [this] { HideAnew(); }})
+    , fun_(services.SoundPlayer) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("AhPanel"));
     setAttribute(Qt::WA_TranslucentBackground);
-    timer3_.setInterval(kFunLook);
-    connect(&timer3_, &QTimer::timeout, this, &frmMain::Timer3_Timer);
     connect(&prepare_, &QTimer::timeout, this, &frmMain::PrepareNextPicture);
     drivesChange_.setInterval(kDrivesSettle);
     drivesChange_.setSingleShot(true);
@@ -80,7 +71,7 @@ frmMain::~frmMain() {
 
 void frmMain::Form_Load() {
     load_ = LoadPanelState(state_);
-    fun_ = LoadFunList(FunFolder(state_.AppFolder), QDateTime::currentDateTime());
+    fun_.Load(state_.AppFolder);
     MakeLook(load_.CacheValid ? &load_.Cache : nullptr);
     LayOut({state_.PanelLeft, state_.PanelTop});
     state_.PanelLeft = geometry_.PanelLeft;
@@ -325,20 +316,6 @@ void frmMain::ToggleByTrigger(Trigger trigger) {
     BringToFront();
 }
 
-void frmMain::PlayFun() {
-    const QString file = NextFunFile(fun_, QDateTime::currentDateTime());
-    if (file.isEmpty())
-        return;
-    services_.SoundPlayer.Play(FunFolder(state_.AppFolder) + u'/' + file, kFunAlias);
-    timer3_.start();
-}
-
-void frmMain::Timer3_Timer() {
-    const bool playing = services_.SoundPlayer.Status(kFunAlias) == u"playing";
-    if (!FollowFunSound(fun_, playing, QDateTime::currentDateTime()))
-        timer3_.stop();
-}
-
 void frmMain::Form_Unload() {
     if (unloaded_)
         return;
@@ -386,7 +363,7 @@ void frmMain::mouseDoubleClickEvent(QMouseEvent* event) {
     // The second press of two quick ones is a press like any other.
     mousePressEvent(event);
     if (HitTest(hitAreas_, event->pos()).What == HitArea::Kind::Frame)
-        PlayFun();
+        fun_.Play();
 }
 
 void frmMain::mouseReleaseEvent(QMouseEvent* event) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/panel/fun_list.h"
 #include "core/panel/launch.h"
 #include "core/panel/panel_geometry.h"
 #include "core/prompts.h"
@@ -20,6 +19,7 @@
 #include "ui/panel/hit_areas.h"
 #include "ui/panel/main_menu.h"
 #include "ui/panel/panel_calls.h"
+#include "ui/panel/panel_fun.h"
 #include "ui/panel/panel_look.h"
 #include "ui/panel/panel_motion.h"
 #include "ui/panel/satellites.h"
@@ -110,8 +110,6 @@ private:
     void HideAnew();
     bool HasRoomForMenu() const;
     void ShowPicture(const QImage& picture);
-    void PlayFun();
-    void Timer3_Timer();
     void AfterFirstPaint();
     void CheckStore();
     void FollowStore(CatalogueList catalogue);
@@ -130,8 +128,7 @@ private:
     std::unique_ptr<PanelLook> look_;
     PanelMotion motion_;
     PanelCalls calls_;
-    FunList fun_;
-    QTimer timer3_;       // runs while a fun sound plays
+    PanelFun fun_;
     QTimer prepare_;      // ticks while pictures are left to prepare
     QTimer drivesChange_; // runs while mounts follow one another
     StoreCheck check_;

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/panel/fun_list.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+namespace paneda {
+
+class SoundPlayer;
+
+// The sounds that double clicks on the panel's frame play, one after another.
+class PanelFun : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PanelFun(SoundPlayer& sounds);
+
+    // Lists the sounds. `appFolder` is the host path of the program's folder.
+    void Load(const QString& appFolder);
+
+    // A double click: plays the next sound, if there is one.
+    void Play();
+
+private:
+    void Timer3_Timer();
+
+    SoundPlayer& sounds_;
+    QString folder_;
+    FunList fun_;
+    QTimer timer3_; // runs while a sound plays
+};
+
+} // namespace paneda
