@@ -19,12 +19,13 @@ const QStringList& StandIns(bool small) {
         QStringLiteral("DejaVu Sans"),     QStringLiteral("Segoe UI"),
         QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
     };
-    // Those first that stay readable at 8 and 9 pixels without smoothing: their hints keep strokes apart.
+    // Those first that stay readable at 8 and 9 pixels without smoothing, bold ones too: their hints keep
+    // strokes and decimal points apart.
     static const QStringList kForSmallFonts{
         QStringLiteral("Small Fonts"),
+        QStringLiteral("DejaVu Sans"),
         QStringLiteral("Liberation Sans"),
         QStringLiteral("Arial"),
-        QStringLiteral("DejaVu Sans"),
     };
     return small ? kForSmallFonts : kForTahoma;
 }
