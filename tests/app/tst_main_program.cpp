@@ -1,4 +1,7 @@
 #include "app/main_program.h"
+#include "core/files/config_file.h"
+#include "core/settings/config_settings.h"
+#include "core/store/store_layout.h"
 #include "support/store_builder.h"
 #include "ui/fake_desktop.h"
 #include "ui/fake_services.h"
@@ -68,7 +71,17 @@ void tst_main_program::reload() {
     const StoreBuilder store;
     store.AddFolder(u"Setting/[001] One"_s);
     store.AddFile(u"Setting/[002] Two/[001] G/[001] a.txt"_s);
-    MainProgram program(FakePlatform(true), store.Path(u"paneda"_s));
+    const auto useHotkey = [path = ConfigFilePath(store.AppFolder())](bool on) {
+        ConfigFile config = ConfigFile::Load(path).value_or(ConfigFile());
+        config.Write(kRecordHotkeyEnabled, {on});
+        return config.Save(path).has_value();
+    };
+    QVERIFY(useHotkey(true));
+    Platform platform = FakePlatform(true);
+    const auto& hotkey = static_cast<const FakeHotkey&>(*platform.Hotkey);
+    bool heldAtFirst = false;
+    bool heldAfterwards = true;
+    MainProgram program(std::move(platform), store.Path(u"paneda"_s));
     QPointer<frmMain> first;
     std::vector<OpenedCategory> seen;
     bool hiddenPanelShown = false;
@@ -78,12 +91,15 @@ void tst_main_program::reload() {
             return QApplication::quit();
         first->picCategory_Click(1);
         seen.push_back(first->Opened());
+        heldAtFirst = bool(hotkey.Press);
+        useHotkey(false);
         // A change by hand, with a cache that tells of the former state.
         store.AddFile(u"Setting/[002] Two/[001] G/[002] b.txt"_s);
         first->imgHide_Click();
         program.ReloadPanel();
         frmMain* second = ShownPanel();
         hiddenPanelShown = second != nullptr;
+        heldAfterwards = bool(hotkey.Press);
         if (!second)
             return QApplication::quit();
         seen.push_back(second->Opened());
@@ -93,6 +109,8 @@ void tst_main_program::reload() {
     QCOMPARE(program.Run(), 0);
     QVERIFY(hiddenPanelShown);
     QVERIFY(first.isNull());
+    // The old registration would call the panel that is gone.
+    QVERIFY(heldAtFirst && !heldAfterwards);
     QCOMPARE(seen.size(), 2U);
     QCOMPARE(seen[0].Index, 1);
     QCOMPARE(seen[0].Buttons.size(), 1U);

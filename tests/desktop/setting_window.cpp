@@ -44,8 +44,13 @@ void SettingWindow::MakeTwin() {
     const auto scene = [screen] {
         return PlaceScene{{}, {screen.Width, screen.Height}, screen.WorkAreaBottom, {}};
     };
-    twin_ = std::make_unique<frmSetting>(state_,
-                                         SettingServices{messages_, session_, keys_, {}, [] {}, scene, {}});
+    twin_ = std::make_unique<frmSetting>(state_, SettingServices{.Prompts = messages_,
+                                                                 .Autostart = session_,
+                                                                 .Hotkey = keys_,
+                                                                 .ExecutablePath = {},
+                                                                 .ReloadPanel = [] {},
+                                                                 .Scene = scene,
+                                                                 .TrayIcons = {}});
     twin_->setAttribute(Qt::WA_DontShowOnScreen);
     twin_->Form_Load();
     twin_->show();

@@ -126,6 +126,10 @@ void tst_desktop_settings::takenHotkey() {
     QVERIFY(program.PanelBecomes({}));
     PressKey(u"ctrl+alt+k"_s);
     QVERIFY(program.PanelBecomes(u"Normal"_s));
+    // Switched off, the key is free for others.
+    settings.Click(u"chkEnableHotKey"_s);
+    QVERIFY(settings.Save());
+    QCOMPARE(other->Register(kHotkeyCtrl | kHotkeyAlt, kLetterK, [] {}), Hotkey::Answer::Registered);
     QVERIFY(program.Close());
 }
 

@@ -25,8 +25,6 @@ public:
     FakePrompts Prompts;
     paneda::MenuActions MenuActions;
 
-    FakePanelDesktop() { Hotkey.Stands = Hotkey::Answer::Refused; }
-
     PanelServices Services() {
         return {.Opener = Opener,
                 .Volumes = Volumes,

@@ -33,19 +33,28 @@ public:
     bool IsSet(const QString&) const override { return false; }
 };
 
+// Holds a registration until it is taken back or replaced.
 class FakeHotkey : public Hotkey {
 public:
     Means HasMeans = Means::Grab;
-    Answer Stands = Answer::Registered;
-    std::function<void()> Press; // of the last registration
+    Answer Answers = Answer::Registered; // to the next registrations
+    std::function<void()> Press;         // empty while nothing is registered
 
     Means Kind() const override { return HasMeans; }
     Answer Register(int, int, std::function<void()> pressed) override {
-        Press = std::move(pressed);
-        return Stands;
+        Unregister();
+        if (Answers == Answer::Registered || Answers == Answer::Asked)
+            Press = std::move(pressed);
+        return state_ = Answers;
     }
-    void Unregister() override {}
-    Answer State() const override { return Stands; }
+    void Unregister() override {
+        Press = nullptr;
+        state_ = Answer::Refused;
+    }
+    Answer State() const override { return state_; }
+
+private:
+    Answer state_ = Answer::Refused;
 };
 
 class FakePointer : public Pointer {

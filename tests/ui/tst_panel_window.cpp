@@ -254,7 +254,7 @@ void tst_panel_window::trayComesAndGoes() {
     bench.TrayHosts.Become(None);
     QVERIFY(bench.Panel->isMinimized() && bench.Panel->isVisible());
     // With another way to call it, the panel stays out of the list of windows.
-    bench.Hotkey.Stands = Hotkey::Answer::Registered;
+    bench.Hotkey.Register(0, 0, {});
     bench.Panel->imgHide_Click();
     bench.TrayHosts.Become(Presses);
     bench.TrayHosts.Become(None);

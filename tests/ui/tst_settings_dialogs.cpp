@@ -72,7 +72,11 @@ struct Scene {
                                    .Autostart = Autostart,
                                    .Hotkey = Hotkey,
                                    .ExecutablePath = kExecutable,
-                                   .ReloadPanel = [this] { ++Reloads; },
+                                   .ReloadPanel =
+                                       [this] {
+                                           ++Reloads;
+                                           Hotkey.Register(0, 0, {});
+                                       },
                                    .Scene =
                                        [] {
                                            return PlaceScene{{}, {12'000, 9'000}, 9'000};
@@ -312,7 +316,7 @@ void TestSettingsDialogs::hotkeyProblems() {
     QFETCH(QString, told);
     Scene scene;
     scene.Hotkey.HasMeans = possible ? Hotkey::Means::Grab : Hotkey::Means::None;
-    scene.Hotkey.Stands = answer;
+    scene.Hotkey.Answers = answer;
     scene.Open();
     QCOMPARE(scene.Get<QLabel>("lblNoHotkey")->isVisible(), !possible);
     if (enabled)

@@ -1,5 +1,7 @@
 #include "ui/panel/panel_calls.h"
 
+#include <QPointer>
+
 namespace paneda {
 
 namespace {
@@ -24,9 +26,15 @@ PanelCalls::~PanelCalls() {
 }
 
 void PanelCalls::Start() {
+    // The registration outlives this object.
+    const auto pressed = [self = QPointer(this)] {
+        if (self)
+            self->actions_.Toggle(Trigger::Hotkey);
+    };
     if (state_.HotkeyEnabled)
-        hotkey_.Register(HotkeyModifiers(state_), state_.HotkeyKey,
-                         [this] { actions_.Toggle(Trigger::Hotkey); });
+        hotkey_.Register(HotkeyModifiers(state_), state_.HotkeyKey, pressed);
+    else
+        hotkey_.Unregister();
     if (state_.MouseTriggerEnabled && pointer_.CanSee()) {
         pointer_.WatchMiddleButton(true);
         timer1_.start();

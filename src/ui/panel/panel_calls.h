@@ -18,12 +18,12 @@ namespace paneda {
 struct CallActions {
     std::function<void(Trigger)> Toggle;
     std::function<void()> Show;
-    // The tray has come or gone, and the ways with it.
+    // The tray has appeared or gone, so that Ways() has changed.
     std::function<void()> WaysChanged;
 };
 
-// The ways to call a hidden panel: hotkey, middle mouse button, tray icon. One object for each load of the
-// panel.
+// The ways to call a hidden panel: hotkey, middle mouse button, tray icon. Each load of the panel makes a new
+// object.
 class PanelCalls : public QObject {
     Q_OBJECT
 
@@ -31,12 +31,13 @@ public:
     PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, TrayHosts& trays, CallActions actions);
     ~PanelCalls() override;
 
-    // Begins to listen, as the settings say. A hotkey that cannot be had does not fire, and nothing is told.
+    // Begins to listen, as the settings say, and takes back a hotkey that they have switched off since the
+    // last load. If the hotkey cannot be registered it never fires; no error is shown.
     void Start();
 
-    // Ends listening and removes the tray icon. The hotkey stays registered, since a panel that is loaded
-    // anew wants the same one, and a desktop that asks its user would ask again; who ends the program
-    // unregisters it.
+    // Ends listening and removes the tray icon. The hotkey stays registered without effect until the next
+    // panel's Start: most reloads keep the same hotkey, and some desktops ask the user at each registration.
+    // Whoever ends the program has to unregister it.
     void Stop();
 
     // What could call the panel back at present.
