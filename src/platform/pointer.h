@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/panel/mouse_trigger.h"
+
 #include <QPoint>
 
 namespace paneda {
@@ -12,14 +14,15 @@ public:
     // Whether the mouse is known outside of the program's own windows.
     virtual bool CanSee() const = 0;
 
-    // Begins and ends taking note of the middle button. Costs nothing while it is off.
+    // Starts and stops counting presses of the middle button. While it is stopped, and between two looks,
+    // nothing wakes the program.
     virtual void WatchMiddleButton(bool on) = 0;
 
-    // Whether the middle button is down or has been pressed since the last call, so that a click shorter than
-    // the time between two looks is not missed. False when it cannot be known or is not watched.
-    virtual bool MiddleButtonDown() = 0;
+    // The button now, and its presses since the last call, wherever on the desktop they happened. Empty while
+    // the button is not watched and where CanSee() is false.
+    virtual MiddleButtonLook LookAtMiddleButton() = 0;
 
-    // In the coordinates of windows. Where it cannot be known: where Qt saw it last.
+    // In the coordinates of windows. Where the system does not tell: where Qt saw the pointer last.
     virtual QPoint Position() = 0;
 };
 

@@ -1,3 +1,4 @@
+#include "core/panel/mouse_trigger.h"
 #include "core/panel/triggers.h"
 
 #include <QTest>
@@ -13,40 +14,45 @@ class tst_triggers : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void holding_data();
-    void holding();
+    void middleButton();
     void modifierWord();
     void toggle_data();
     void toggle();
     void hiding();
 };
 
-void tst_triggers::holding_data() {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<QString>("looks");    // "x" button down, "." up
-    QTest::addColumn<QString>("expected"); // "F" where the trigger fires
-
-    QTest::newRow("click") << 1 << u".x."_s << u".F."_s;
-    QTest::newRow("two clicks") << 1 << u"x.x"_s << u"F.F"_s;
-    QTest::newRow("click that two looks see") << 1 << u"xx."_s << u"F.."_s;
-    QTest::newRow("held in mode 1") << 1 << u"xxxxxxxxxxxxxxx"_s << u"F...........F.."_s;
-    QTest::newRow("one look is not enough") << 2 << u"x.x.x"_s << u"....."_s;
-    QTest::newRow("two in a row") << 2 << u".xx."_s << u"..F."_s;
-    // Every twelve looks of 0.2 s: 2.4 s.
-    QTest::newRow("held in mode 2") << 2 << u"xxxxxxxxxxxxxxxxxxxxxxxxxxx"_s
-                                    << u".F...........F...........F."_s;
-    QTest::newRow("a release ends the wait") << 2 << u"xxx.xx"_s << u".F...F"_s;
-    QTest::newRow("unknown mode is as 2") << 0 << u"xx"_s << u".F"_s;
+// The looks at which the trigger calls the panel, of as many as cover these presses and releases (ms).
+static QList<int> Calls(const std::vector<std::pair<int, int>>& presses, int mode, int firstLook = 0) {
+    MouseTrigger trigger;
+    QList<int> calls;
+    for (int look = 0, at = firstLook; at <= presses.back().second + 200; ++look, at += 200) {
+        MiddleButtonLook seen;
+        for (const auto& [down, up] : presses) {
+            seen.IsDown = seen.IsDown || (down <= at && at < up);
+            if (at - 200 < down && down <= at)
+                seen.Presses.push_back(quint32(down));
+        }
+        if (trigger.Tick(seen, mode))
+            calls.append(look);
+    }
+    return calls;
 }
 
-void tst_triggers::holding() {
-    QFETCH(int, mode);
-    QFETCH(QString, looks);
-    QString fired;
-    double holdCount = 0;
-    for (const QChar look : looks)
-        fired += MouseHoldTick(holdCount, look == u'x', mode) ? u'F' : u'.';
-    QTEST(fired, "expected");
+void tst_triggers::middleButton() {
+    constexpr int kShort = 40; // ms that the button is down
+    const auto click = [](int at) { return std::pair(at, at + kShort); };
+    for (int phase = 0; phase < 200; phase += 10) {
+        for (int gap = 60; gap <= 500; gap += 10)
+            QCOMPARE(Calls({click(500), click(500 + gap)}, kMouseDoubleClickOrHold, phase).size(), 1);
+        QCOMPARE(Calls({click(500), click(1010), click(1520)}, kMouseDoubleClickOrHold, phase).size(), 0);
+        QCOMPARE(Calls({click(500), click(600), click(700)}, kMouseDoubleClickOrHold, phase).size(), 1);
+        QCOMPARE(Calls({click(500)}, kMouseClick, phase).size(), 1);
+        QCOMPARE(Calls({click(500), click(600), click(1200)}, kMouseClick, phase).size(), 2);
+    }
+    // Held: every twelve looks of 0.2 s, 2.4 s.
+    QCOMPARE(Calls({{10, 5900}}, kMouseClick), QList({1, 13, 25}));
+    QCOMPARE(Calls({{10, 5900}}, kMouseDoubleClickOrHold), QList({2, 14, 26}));
+    QCOMPARE(Calls({{10, 500}, {650, 1100}}, 0), QList({2, 5}));
 }
 
 void tst_triggers::modifierWord() {

@@ -1,4 +1,5 @@
 #include "core/files/ini_file.h"
+#include "core/panel/mouse_trigger.h"
 #include "core/panel/triggers.h"
 #include "core/settings/config_settings.h"
 #include "core/store/store_layout.h"

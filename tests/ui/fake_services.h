@@ -60,13 +60,13 @@ private:
 class FakePointer : public Pointer {
 public:
     bool Sees = true;
-    bool Down = false;
+    MiddleButtonLook Look;
     bool Watched = false;
     QPoint Place; // pixels
 
     bool CanSee() const override { return Sees; }
     void WatchMiddleButton(bool on) override { Watched = on; }
-    bool MiddleButtonDown() override { return Down; }
+    MiddleButtonLook LookAtMiddleButton() override { return Look; }
     QPoint Position() override { return Place; }
 };
 

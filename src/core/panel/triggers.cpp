@@ -4,12 +4,6 @@ namespace paneda {
 
 namespace {
 
-constexpr double kHoldStep = 0.2; // s, the time between two looks
-constexpr double kHoldFires = 0.4;
-constexpr double kHoldAfterFiring = -2;
-// Twelve steps of 0.2 from -2 fall short of 0.4 by less than this.
-constexpr double kRounding = 1e-6;
-
 bool IsCentred(const ToggleInput& input, const AppState& state) {
     return (input.From == Trigger::Mouse ? state.MouseShowCenter : state.HotkeyShowCenter) != 0;
 }
@@ -32,20 +26,6 @@ TogglePlan SideBySide(const ToggleInput& input) {
 }
 
 } // namespace
-
-bool MouseHoldTick(double& holdCount, bool middleButtonDown, int mode) {
-    if (!middleButtonDown) {
-        holdCount = 0;
-        return false;
-    }
-    // A click fires on the first look alone, so that a button held down repeats no faster than in mode 2.
-    const bool isFirstLook = holdCount == 0;
-    holdCount += kHoldStep;
-    if (holdCount < kHoldFires - kRounding && !(mode == kMouseClick && isFirstLook))
-        return false;
-    holdCount = kHoldAfterFiring;
-    return true;
-}
 
 int HotkeyModifiers(const AppState& state) {
     return (state.HotkeyCtrl ? kHotkeyCtrl : 0) | (state.HotkeyAlt ? kHotkeyAlt : 0) |

@@ -12,13 +12,6 @@ namespace paneda {
 
 enum class Trigger { Hotkey = 'K', Mouse = 'M' };
 
-// Values of AppState::MouseTriggerMode.
-enum MouseTriggerMode { kMouseClick = 1, kMouseDoubleClickOrHold = 2 };
-
-// One look at the middle button, 200 ms after the last one. True when the trigger fires. `holdCount` starts
-// at 0. A button that stays down fires again after twelve more looks, in both modes.
-bool MouseHoldTick(double& holdCount, bool middleButtonDown, int mode);
-
 // Bits of the modifier word, with the numbers of the Windows hotkey call.
 enum HotkeyModifier { kHotkeyAlt = 1, kHotkeyCtrl = 2, kHotkeyShift = 4, kHotkeyWin = 8 };
 

@@ -13,7 +13,7 @@ constexpr quint32 kMiddleButton = 2;
 constexpr quint16 kInputMajor = 2;
 constexpr quint16 kInputMinor = 2;
 
-// A mask of one 32-bit word behind the protocol's header, as the server reads it.
+// The request as the server reads it: the header, then a mask of one 32-bit word.
 struct EventMask {
     xcb_input_event_mask_t Header;
     quint32 Bits;
@@ -28,7 +28,7 @@ bool LinuxPointer::CanSee() const {
 void LinuxPointer::WatchMiddleButton(bool on) {
     if (on == (presses_ != nullptr) || (on && !CanSee()))
         return;
-    // A connection for the presses alone, closed with the watch, so that no event heaps up unread.
+    // A connection for the presses alone: it is closed with the watch, so that no unread events pile up.
     presses_ = on ? std::make_unique<X11Connection>() : nullptr;
     held_ = false;
     if (presses_ && presses_->IsOpen())
@@ -52,8 +52,8 @@ void LinuxPointer::SelectPresses() {
     xcb_flush(connection);
 }
 
-bool LinuxPointer::TakePresses() {
-    bool found = false;
+std::vector<quint32> LinuxPointer::TakePresses() {
+    std::vector<quint32> presses;
     while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(presses_->Get())}) {
         if ((event->response_type & 0x7F) != XCB_GE_GENERIC)
             continue;
@@ -61,9 +61,10 @@ bool LinuxPointer::TakePresses() {
         if (raw->extension != inputExtension_ || raw->detail != kMiddleButton)
             continue;
         held_ = raw->event_type == XCB_INPUT_RAW_BUTTON_PRESS;
-        found = found || held_;
+        if (held_)
+            presses.push_back(raw->time);
     }
-    return found;
+    return presses;
 }
 
 bool LinuxPointer::IsDownNow() {
@@ -73,15 +74,16 @@ bool LinuxPointer::IsDownNow() {
     return reply && (reply->mask & XCB_BUTTON_MASK_2);
 }
 
-bool LinuxPointer::MiddleButtonDown() {
+MiddleButtonLook LinuxPointer::LookAtMiddleButton() {
     if (!presses_)
-        return false;
-    const bool pressed = TakePresses();
-    // The server is asked only when the events leave a doubt: a mouse that is pulled out does not tell of the
-    // release.
+        return {};
+    MiddleButtonLook look;
+    look.Presses = TakePresses();
+    // The events alone are not enough: a mouse that is unplugged while its button is down sends no release.
     if (inputExtension_ == 0 || held_)
         held_ = IsDownNow();
-    return pressed || held_;
+    look.IsDown = held_;
+    return look;
 }
 
 QPoint LinuxPointer::Position() {

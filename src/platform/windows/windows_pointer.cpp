@@ -2,20 +2,41 @@
 
 #include <QCursor>
 
+#include <utility>
+
 #include <windows.h>
 
 namespace paneda {
 
+namespace {
+
+// Bits of GetAsyncKeyState.
+constexpr quint16 kIsDown = 0x8000;
+constexpr quint16 kPressedSinceLastLook = 1;
+
+} // namespace
+
 void WindowsPointer::WatchMiddleButton(bool on) {
-    // A press from before the watch is forgotten with this look.
-    if (on && !watches_)
-        GetAsyncKeyState(VK_MBUTTON);
+    const bool begins = on && !watches_;
     watches_ = on;
+    // A press from before the watch does not count.
+    if (begins)
+        LookAtMiddleButton();
 }
 
-bool WindowsPointer::MiddleButtonDown() {
-    // The highest bit tells that it is down, the lowest one that it has been pressed since the last look.
-    return watches_ && GetAsyncKeyState(VK_MBUTTON) != 0;
+MiddleButtonLook WindowsPointer::LookAtMiddleButton() {
+    if (!watches_)
+        return {};
+    const auto state = quint16(GetAsyncKeyState(VK_MBUTTON));
+    const quint32 now = GetTickCount();
+    MiddleButtonLook look;
+    look.IsDown = (state & kIsDown) != 0;
+    // Another program that asks for the button may have taken the bit for the press.
+    if ((state & kPressedSinceLastLook) || (look.IsDown && !wasDown_))
+        look.Presses.push_back(now);
+    wasDown_ = look.IsDown;
+    look.Uncertainty = now - std::exchange(lastLook_, now);
+    return look;
 }
 
 QPoint WindowsPointer::Position() {

@@ -55,7 +55,7 @@ CallBackWays PanelCalls::Ways() const {
 void PanelCalls::Timer1_Timer() {
     if (state_.Exiting)
         timer1_.stop();
-    if (MouseHoldTick(mouseHoldCount_, pointer_.MiddleButtonDown(), state_.MouseTriggerMode))
+    if (mouseTrigger_.Tick(pointer_.LookAtMiddleButton(), state_.MouseTriggerMode))
         actions_.Toggle(Trigger::Mouse);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/panel/mouse_trigger.h"
 #include "core/panel/triggers.h"
 #include "core/settings/app_state.h"
 #include "platform/hotkey.h"
@@ -52,7 +53,7 @@ private:
     CallActions actions_;
     TrayPresence tray_;
     QTimer timer1_; // the looks at the middle button
-    double mouseHoldCount_ = 0;
+    MouseTrigger mouseTrigger_;
 };
 
 } // namespace paneda
