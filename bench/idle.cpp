@@ -7,8 +7,6 @@
 #include "prepared_panel.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QTextStream>
 #include <QThread>
 
@@ -18,32 +16,6 @@ using namespace paneda::bench;
 
 constexpr int kDefaultSeconds = 60;
 constexpr int kCalm = 5; // s, until what follows a start is over
-
-struct Cost {
-    qint64 Wakeups = 0;
-    double ProcessorMs = 0;
-};
-
-QByteArray Contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-Cost CostOf(qint64 processId) {
-    Cost cost;
-    const QDir tasks(QStringLiteral("/proc/%1/task").arg(processId));
-    for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QByteArray status = Contents(tasks.filePath(task + QStringLiteral("/status")));
-        const QByteArray key = "\nvoluntary_ctxt_switches:";
-        const auto at = status.indexOf(key);
-        if (at >= 0)
-            cost.Wakeups += status.mid(at + key.size()).split('\n').first().trimmed().toLongLong();
-        // Nanoseconds on a processor come first in this file.
-        const QByteArray schedule = Contents(tasks.filePath(task + QStringLiteral("/schedstat")));
-        cost.ProcessorMs += schedule.split(' ').first().toDouble() / 1e6;
-    }
-    return cost;
-}
 
 } // namespace
 
@@ -63,9 +35,9 @@ int main(int argc, char** argv) {
         }
         const RunningPanel panel(arguments[1]);
         QThread::sleep(kCalm);
-        const Cost before = CostOf(panel.ProcessId());
+        const ProcessCost before = CostOf(panel.ProcessId());
         QThread::sleep(static_cast<unsigned long>(seconds));
-        const Cost after = CostOf(panel.ProcessId());
+        const ProcessCost after = CostOf(panel.ProcessId());
         if (before.Wakeups == 0 || after.Wakeups < before.Wakeups) {
             out << "the panel did not run\n";
             return 1;
@@ -73,7 +45,7 @@ int main(int argc, char** argv) {
         out << QStringLiteral("hidden, %1: %2 wake-ups a second, %3 ms of processor time in %4 s\n")
                    .arg(mouse ? QStringLiteral("mouse trigger") : QStringLiteral("no mouse trigger"))
                    .arg(double(after.Wakeups - before.Wakeups) / seconds, 0, 'f', 2)
-                   .arg(after.ProcessorMs - before.ProcessorMs, 0, 'f', 1)
+                   .arg(after.RanMs - before.RanMs, 0, 'f', 1)
                    .arg(seconds);
         out.flush();
     }

@@ -4,6 +4,8 @@
 #include "core/settings/settings.h"
 #include "core/store/store_layout.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 
@@ -14,6 +16,11 @@ namespace paneda::bench {
 namespace {
 
 constexpr qint16 kKeyK = 75; // virtual key
+
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 } // namespace
 
@@ -64,6 +71,24 @@ RunningPanel::RunningPanel(const QString& program, const QStringList& arguments)
 RunningPanel::~RunningPanel() {
     process_.terminate();
     process_.waitForFinished();
+}
+
+ProcessCost CostOf(qint64 processId) {
+    ProcessCost cost;
+    const QDir tasks(QStringLiteral("/proc/%1/task").arg(processId));
+    for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QByteArray status = Contents(tasks.filePath(task + QStringLiteral("/status")));
+        const QByteArray key = "\nvoluntary_ctxt_switches:";
+        const auto at = status.indexOf(key);
+        if (at >= 0)
+            cost.Wakeups += status.mid(at + key.size()).split('\n').first().trimmed().toLongLong();
+        // This file begins with nanoseconds on a processor and nanoseconds of waiting for one.
+        const QList<QByteArray> schedule =
+            Contents(tasks.filePath(task + QStringLiteral("/schedstat"))).split(' ');
+        cost.RanMs += schedule.value(0).toDouble() / 1e6;
+        cost.WaitedMs += schedule.value(1).toDouble() / 1e6;
+    }
+    return cost;
 }
 
 double Median(std::vector<double> values) {

@@ -45,6 +45,15 @@ private:
     QProcess process_;
 };
 
+// What the threads of a process have cost since its start, as the kernel counts it. All 0 for a process that
+// is gone.
+struct ProcessCost {
+    qint64 Wakeups = 0;  // voluntary context switches
+    double RanMs = 0;    // on a processor
+    double WaitedMs = 0; // able to run, but every processor was taken
+};
+ProcessCost CostOf(qint64 processId);
+
 // The middle one of the values; 0 for none.
 double Median(std::vector<double> values);
 
