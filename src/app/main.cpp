@@ -5,8 +5,8 @@
 #include <vector>
 
 int main(int argc, char** argv) {
-    // As an argument, since started programs would inherit an environment. What the user asks for comes
-    // behind it and wins.
+    // Set by an argument, because programs that the panel starts would inherit an environment variable. It
+    // comes first, so that an option that the user gave overrides it.
     QByteArray option = "-platform";
     QByteArray platform = paneda::PreferredToolkitPlatform();
     std::vector<char*> arguments(argv, argv + argc);
@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     int count = int(arguments.size());
     arguments.push_back(nullptr);
     QApplication application(count, arguments.data());
-    // A panel out of sight is no reason to end.
+    // The program goes on when the panel is hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     paneda::MainProgram program(paneda::MakePlatform(), QCoreApplication::applicationFilePath());
     return program.Run();

@@ -58,6 +58,8 @@ int MainProgram::Run() {
         return 1;
     }
     if (!platform_.InstanceLock->TryLock(executablePath_)) {
+        // Before the notice, which is to lie above the panel. It says all there is to say, answered or not.
+        (void)platform_.OutsideRequest->Send(executablePath_);
         prompts_->Notice(state_.ProductName + QStringLiteral(" has been launched"), {});
         return 0;
     }
@@ -73,8 +75,9 @@ int MainProgram::Run() {
 }
 
 void MainProgram::ListenToOutside() {
-    // Without a session bus there is nobody to ask; every other way to call the panel remains.
-    (void)platform_.OutsideRequest->Listen([this](const QString& text) { panel_->Form_LinkExecute(text); });
+    // Ignored: without a session bus the panel can still be called in every other way.
+    (void)platform_.OutsideRequest->Listen(executablePath_,
+                                           [this](const QString& text) { panel_->Form_LinkExecute(text); });
     platform_.Termination->OnRequest([this] { panel_->close(); });
 }
 

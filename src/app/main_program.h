@@ -12,10 +12,11 @@
 
 namespace paneda {
 
-// Fills the part of the state that never changes while the program runs. `executableFolder` is a host path.
+// Fills the part of the state that never changes while the program runs. `executableFolder` is a host path,
+// without a slash at the end.
 void FillAppState(AppState& state, const QString& executableFolder, Volumes& volumes);
 
-// The program from its start to its end: the single-instance test, the panel and its reload.
+// The program from start to end: the test for a second instance, the panel and its reload.
 class MainProgram : public QObject {
     Q_OBJECT
 
@@ -23,11 +24,12 @@ public:
     MainProgram(Platform platform, const QString& executablePath);
     ~MainProgram() override;
 
-    // The exit status of the process. Returns when the panel has been closed; at once for a second instance
-    // (0), and with a message in a folder in which nothing can be started (1).
+    // Runs the program until the panel is closed; returns the exit status. If this executable runs already,
+    // calls the panel of that instance and shows a notice (0). In a folder from which nothing can be started,
+    // only shows a message (1).
     int Run();
 
-    // Tears the panel down and builds it again from the store, whatever the cache holds.
+    // Deletes the panel and builds a new one from the store. The cache is not used.
     void ReloadPanel();
 
 private:

@@ -121,9 +121,12 @@ void tst_main_program::reload() {
 
 void tst_main_program::secondInstance() {
     const StoreBuilder store;
-    MainProgram program(FakePlatform(false), store.Path(u"paneda"_s));
+    Platform platform = FakePlatform(false);
+    const auto& requests = static_cast<const FakeRequests&>(*platform.OutsideRequest);
+    MainProgram program(std::move(platform), store.Path(u"paneda"_s));
     QStringList box;
-    QTimer::singleShot(0, qApp, [&box] {
+    QTimer::singleShot(0, qApp, [&] {
+        QCOMPARE(requests.Sent, QStringList(store.Path(u"paneda"_s)));
         auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (!shown)
             return;

@@ -13,6 +13,8 @@
 #include <QProcess>
 #include <QTest>
 
+#include <future>
+
 using namespace paneda;
 using namespace Qt::StringLiterals;
 
@@ -162,7 +164,7 @@ void tst_session_bus::cleanup() {
 void tst_session_bus::requests() {
     DBusRequests requests;
     QStringList texts;
-    QVERIFY(requests.Listen([&texts](const QString& text) { texts.append(text); }));
+    QVERIFY(requests.Listen(u"/a/paneda"_s, [&texts](const QString& text) { texts.append(text); }));
     QTRY_VERIFY(Other().interface()->isServiceRegistered(kName));
     for (const char* text : {"show", "", "\xc3\xa9 [x] \"y\""}) {
         QProcess sender;
@@ -179,7 +181,12 @@ void tst_session_bus::waitsForItsTurn() {
     QVERIFY(Other().registerService(kName));
     {
         DBusRequests requests;
-        QVERIFY(requests.Listen([](const QString&) {}));
+        int calls = 0;
+        QVERIFY(requests.Listen(u"/a/paneda"_s, [&calls](const QString&) { ++calls; }));
+        // A second start reaches its own executable, not the one that has the name.
+        auto sent = std::async(std::launch::async, [] { return DBusRequests().Send(u"/a/paneda"_s); });
+        QTRY_COMPARE(calls, 1);
+        QVERIFY(sent.get() && !DBusRequests().Send(u"/b/paneda"_s));
         QTest::qWait(200);
         QCOMPARE(Other().interface()->serviceOwner(kName).value(), Other().baseService());
         QVERIFY(Other().unregisterService(kName));
@@ -195,7 +202,7 @@ void tst_session_bus::noBus() {
     qputenv("XDG_RUNTIME_DIR", "/none");
     DBusRequests requests;
     PortalHotkey hotkey;
-    const bool listens = requests.Listen([](const QString&) {});
+    const bool listens = requests.Listen(u"/a/paneda"_s, [](const QString&) {});
     const Hotkey::Answer answer = hotkey.Register(0, kSpace, [] {});
     qputenv("DBUS_SESSION_BUS_ADDRESS", address);
     qputenv("XDG_RUNTIME_DIR", folder);

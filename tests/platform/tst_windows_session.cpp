@@ -33,7 +33,9 @@ void Say(const QByteArray& text) {
 // What the test starts itself as: says what other programs ask for.
 int Serve() {
     DdeRequests requests;
-    Say(requests.Listen([](const QString& text) { Say("got " + text.toUtf8()); }) ? "ready" : "failed");
+    Say(requests.Listen(u"C:\\a\\paneda.exe"_s, [](const QString& text) { Say("got " + text.toUtf8()); })
+            ? "ready"
+            : "failed");
     return QCoreApplication::exec();
 }
 
@@ -174,6 +176,7 @@ void tst_windows_session::requests() {
     QVERIFY(server.WaitFor("got \r\n"));
     QVERIFY(!Execute(L"paneda", L"Other", u"x"_s, wide));
     QVERIFY(!Execute(L"other", L"Panel", u"x"_s, wide));
+    QVERIFY(DdeRequests().Send(u"c:\\A\\paneda.exe"_s) && !DdeRequests().Send(u"C:\\b\\paneda.exe"_s));
     QVERIFY(!server.HasSaid("got x"));
 }
 

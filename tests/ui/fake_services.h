@@ -103,7 +103,13 @@ public:
 
 class FakeRequests : public OutsideRequest {
 public:
-    bool Listen(std::function<void(const QString&)>) override { return true; }
+    QStringList Sent; // executable paths
+
+    bool Listen(const QString&, std::function<void(const QString&)>) override { return true; }
+    bool Send(const QString& executablePath) override {
+        Sent.append(executablePath);
+        return true;
+    }
 };
 
 class FakeTermination : public Termination {

@@ -1,5 +1,6 @@
 #include "platform/linux/dbus_requests.h"
 
+#include "platform/instance_id.h"
 #include "platform/linux/session_bus.h"
 
 #include <QDBusMessage>
@@ -10,8 +11,13 @@ namespace {
 
 const QString kName = QStringLiteral("local.paneda.Launcher");
 const QString kPath = QStringLiteral("/Panel");
+constexpr int kAnswerWithin = 1000; // ms
 
-// Sent and not waited for: an answer that failed would change nothing.
+QString OwnName(const QString& executablePath) {
+    return kName + QStringLiteral(".Instance_") + InstanceId(executablePath);
+}
+
+// Does not wait for the answer, since nothing depends on it.
 void CallBus(const QDBusConnection& bus, const QString& method, const QVariantList& arguments) {
     QDBusMessage call =
         QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
@@ -23,29 +29,41 @@ void CallBus(const QDBusConnection& bus, const QString& method, const QVariantLi
 } // namespace
 
 DBusRequests::~DBusRequests() {
-    if (!listens_)
+    if (ownName_.isEmpty())
         return;
     if (std::optional<QDBusConnection> bus = SessionBus()) {
-        CallBus(*bus, QStringLiteral("ReleaseName"), {kName});
+        for (const QString& name : {kName, ownName_})
+            CallBus(*bus, QStringLiteral("ReleaseName"), {name});
         bus->unregisterObject(kPath);
     }
 }
 
-bool DBusRequests::Listen(std::function<void(const QString& text)> execute) {
+bool DBusRequests::Listen(const QString& executablePath, std::function<void(const QString& text)> execute) {
     execute_ = std::move(execute);
-    if (listens_)
+    if (!ownName_.isEmpty())
         return true;
     std::optional<QDBusConnection> bus = SessionBus();
     if (!bus || !bus->registerObject(kPath, this, QDBusConnection::ExportScriptableInvokables))
         return false;
-    // No flags: wait in the queue for a name that is taken, and take it from nobody.
-    CallBus(*bus, QStringLiteral("RequestName"), {kName, 0U});
-    listens_ = true;
+    ownName_ = OwnName(executablePath);
+    // No flags: if another process has the name, wait in the queue for it.
+    for (const QString& name : {kName, ownName_})
+        CallBus(*bus, QStringLiteral("RequestName"), {name, 0U});
     return true;
 }
 
+bool DBusRequests::Send(const QString& executablePath) {
+    const std::optional<QDBusConnection> bus = SessionBus();
+    if (!bus)
+        return false;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(OwnName(executablePath), kPath, kName, QStringLiteral("Execute"));
+    call.setArguments({QString()});
+    return bus->call(call, QDBus::Block, kAnswerWithin).type() == QDBusMessage::ReplyMessage;
+}
+
 void DBusRequests::Execute(const QString& text) {
-    // Later, so that the sender has its answer before anything is shown.
+    // Later, so that the sender gets its answer before the panel is shown.
     QMetaObject::invokeMethod(
         this, [this, text] { execute_(text); }, Qt::QueuedConnection);
 }

@@ -7,8 +7,9 @@
 namespace paneda {
 
 // Requests over the session bus: method Execute(text) of the interface local.paneda.Launcher on the object
-// /Panel, at the name local.paneda.Launcher. Of several instances the first one has the name; when it ends
-// the next one gets it.
+// /Panel, at the name local.paneda.Launcher. If several copies of the program run, the first one has that
+// name, and the next one gets it when the first one ends. Each copy also has a name of its own, ".Instance_"
+// and the InstanceId behind that name, for second starts of the same executable.
 class DBusRequests : public QObject, public OutsideRequest {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "local.paneda.Launcher")
@@ -16,12 +17,13 @@ class DBusRequests : public QObject, public OutsideRequest {
 public:
     ~DBusRequests() override;
 
-    bool Listen(std::function<void(const QString& text)> execute) override;
+    bool Listen(const QString& executablePath, std::function<void(const QString& text)> execute) override;
+    bool Send(const QString& executablePath) override;
 
     Q_SCRIPTABLE void Execute(const QString& text);
 
 private:
-    bool listens_ = false;
+    QString ownName_; // empty while it does not listen
     std::function<void(const QString&)> execute_;
 };
 

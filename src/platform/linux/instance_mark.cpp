@@ -1,9 +1,9 @@
 #include "platform/linux/instance_mark.h"
 
-#include <QCryptographicHash>
+#include "platform/instance_id.h"
+
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <cerrno>
@@ -17,13 +17,9 @@ namespace paneda {
 namespace {
 
 QString MarkPath(const QString& executablePath) {
-    const QFileInfo info(executablePath);
-    const QString path = info.canonicalFilePath().isEmpty() ? executablePath : info.canonicalFilePath();
-    const QByteArray hash =
-        QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex().first(16);
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     return QDir(folder.isEmpty() ? QDir::tempPath() : folder)
-        .filePath(QStringLiteral("paneda-%1.lock").arg(QLatin1StringView(hash)));
+        .filePath(QStringLiteral("paneda-%1.lock").arg(InstanceId(executablePath)));
 }
 
 } // namespace

@@ -4,8 +4,8 @@
 
 namespace paneda {
 
-// A locked file in the user's run-time folder, named after the executable's path. The kernel drops the lock
-// with the process, so that a crash leaves no stale mark.
+// A locked file in the user's run-time folder, named after the executable. The kernel releases the lock when
+// the process ends, so that a crash leaves no stale mark.
 class InstanceMark : public InstanceLock {
 public:
     InstanceMark() = default;

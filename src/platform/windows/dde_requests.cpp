@@ -1,5 +1,8 @@
 #include "platform/windows/dde_requests.h"
 
+#include "platform/instance_id.h"
+#include "platform/windows/wide_text.h"
+
 #include <algorithm>
 
 namespace paneda {
@@ -10,9 +13,19 @@ constexpr wchar_t kService[] = L"paneda";
 constexpr wchar_t kTopic[] = L"Panel";
 constexpr wchar_t kTurn[] = L"Local\\paneda-dde-panel";
 constexpr DWORD kLongestCommand = 4096; // bytes; what is longer is cut
+constexpr DWORD kAnswerWithin = 1000;   // ms
 
-// The system's callback carries nothing that could lead to the object.
+// The system's callback has no argument that could lead to the object.
 DdeRequests* listener = nullptr;
+
+HSZ OwnService(DWORD instance, const QString& executablePath) {
+    const QString name = QStringLiteral("paneda-") + InstanceId(executablePath);
+    return DdeCreateStringHandleW(instance, Wide(name), CP_WINUNICODE);
+}
+
+HDDEDATA CALLBACK NoEvents(UINT, UINT, HCONV, HSZ, HSZ, HDDEDATA, ULONG_PTR, ULONG_PTR) {
+    return nullptr;
+}
 
 } // namespace
 
@@ -37,7 +50,7 @@ DdeRequests::~DdeRequests() {
         CloseHandle(turn_);
 }
 
-bool DdeRequests::Listen(std::function<void(const QString& text)> execute) {
+bool DdeRequests::Listen(const QString& executablePath, std::function<void(const QString& text)> execute) {
     execute_ = std::move(execute);
     if (instance_ != 0)
         return true;
@@ -52,10 +65,30 @@ bool DdeRequests::Listen(std::function<void(const QString& text)> execute) {
     topic_ = DdeCreateStringHandleW(instance_, kTopic, CP_WINUNICODE);
     turn_ = CreateMutexW(nullptr, FALSE, kTurn);
     HasTurn();
+    ownService_ = OwnService(instance_, executablePath);
+    DdeNameService(instance_, ownService_, nullptr, DNS_REGISTER);
     return DdeNameService(instance_, service_, nullptr, DNS_REGISTER) != nullptr;
 }
 
-// A mutex that its owner leaves without giving it back, by a crash, falls to the next one that asks.
+bool DdeRequests::Send(const QString& executablePath) {
+    DWORD instance = 0;
+    if (DdeInitializeW(&instance, NoEvents, APPCMD_CLIENTONLY, 0) != DMLERR_NO_ERROR)
+        return false;
+    // The user has just started this process, which may pass on its right to the foreground.
+    AllowSetForegroundWindow(ASFW_ANY);
+    const HSZ topic = DdeCreateStringHandleW(instance, kTopic, CP_WINUNICODE);
+    HDDEDATA answer = nullptr;
+    if (const HCONV talk = DdeConnect(instance, OwnService(instance, executablePath), topic, nullptr)) {
+        wchar_t nothing[] = L"";
+        answer = DdeClientTransaction(reinterpret_cast<LPBYTE>(nothing), sizeof nothing, talk, nullptr, 0,
+                                      XTYP_EXECUTE, kAnswerWithin, nullptr);
+        DdeDisconnect(talk);
+    }
+    DdeUninitialize(instance);
+    return answer != nullptr;
+}
+
+// If the owner of the mutex has crashed, the next process that asks gets it.
 bool DdeRequests::HasTurn() {
     if (hasTurn_ || !turn_)
         return true;
@@ -64,8 +97,11 @@ bool DdeRequests::HasTurn() {
     return hasTurn_;
 }
 
-bool DdeRequests::IsOwn(HSZ topic, HSZ service) const {
-    return DdeCmpStringHandles(topic, topic_) == 0 && DdeCmpStringHandles(service, service_) == 0;
+bool DdeRequests::AnswersTo(HSZ topic, HSZ service) {
+    if (DdeCmpStringHandles(topic, topic_) != 0)
+        return false;
+    return DdeCmpStringHandles(service, ownService_) == 0 ||
+           (DdeCmpStringHandles(service, service_) == 0 && HasTurn());
 }
 
 void DdeRequests::Execute(HDDEDATA command) {
@@ -76,15 +112,15 @@ void DdeRequests::Execute(HDDEDATA command) {
     const QString text = DdeCommandText(
         QByteArray(reinterpret_cast<const char*>(bytes), qsizetype(std::min(size, kLongestCommand))));
     DdeUnaccessData(command);
-    // Later, so that the sender has its answer before anything is shown.
+    // Later, so that the sender gets its answer before the panel is shown.
     QMetaObject::invokeMethod(
         &context_, [this, text] { execute_(text); }, Qt::QueuedConnection);
 }
 
 HDDEDATA CALLBACK DdeRequests::Callback(UINT type, UINT, HCONV, HSZ first, HSZ second, HDDEDATA data,
                                         ULONG_PTR, ULONG_PTR) {
-    // Both texts name the topic first.
-    if (listener && type == XTYP_CONNECT && listener->IsOwn(first, second) && listener->HasTurn())
+    // The first text is the topic, the second one the service.
+    if (listener && type == XTYP_CONNECT && listener->AnswersTo(first, second))
         return reinterpret_cast<HDDEDATA>(TRUE);
     if (!listener || type != XTYP_EXECUTE)
         return nullptr;

@@ -11,34 +11,37 @@
 
 namespace paneda {
 
-// Requests by DDE: service "paneda", topic "Panel", execute. Of several instances the first one answers; when
-// it ends the next one does. One object to a process.
+// Requests by DDE: service "paneda", topic "Panel", execute. If several copies of the program run, the first
+// one answers, and the next one does when the first one has ended. Each copy also answers to the service
+// "paneda-" and its InstanceId, for second starts of the same executable. At most one object in a process.
 class DdeRequests : public OutsideRequest {
 public:
     DdeRequests() = default;
     ~DdeRequests() override;
     Q_DISABLE_COPY_MOVE(DdeRequests)
 
-    bool Listen(std::function<void(const QString& text)> execute) override;
+    bool Listen(const QString& executablePath, std::function<void(const QString& text)> execute) override;
+    bool Send(const QString& executablePath) override;
 
 private:
     static HDDEDATA CALLBACK Callback(UINT type, UINT format, HCONV conversation, HSZ first, HSZ second,
                                       HDDEDATA data, ULONG_PTR, ULONG_PTR);
     bool HasTurn();
-    bool IsOwn(HSZ topic, HSZ service) const;
+    bool AnswersTo(HSZ topic, HSZ service);
     void Execute(HDDEDATA command);
 
     QObject context_;
     DWORD instance_ = 0; // 0 while it does not listen
     HSZ service_ = nullptr;
+    HSZ ownService_ = nullptr;
     HSZ topic_ = nullptr;
     HANDLE turn_ = nullptr;
     bool hasTurn_ = false;
     std::function<void(const QString&)> execute_;
 };
 
-// A command up to its first NUL. Clients of old send single bytes. A command begins with a bracket or a
-// letter, so that its second byte tells the one from the other.
+// The text of a command up to its first NUL. Old clients send single bytes, others UTF-16. Since a command
+// begins with an ASCII character, its second byte is 0 only in UTF-16.
 QString DdeCommandText(const QByteArray& bytes);
 
 } // namespace paneda

@@ -1,9 +1,7 @@
 #include "platform/windows/mutex_lock.h"
 
+#include "platform/instance_id.h"
 #include "platform/windows/wide_text.h"
-
-#include <QCryptographicHash>
-#include <QFileInfo>
 
 #include <windows.h>
 
@@ -12,12 +10,7 @@ namespace paneda {
 namespace {
 
 QString MutexName(const QString& executablePath) {
-    const QFileInfo info(executablePath);
-    const QString path =
-        info.canonicalFilePath().isEmpty() ? info.absoluteFilePath() : info.canonicalFilePath();
-    const QByteArray hash =
-        QCryptographicHash::hash(path.toLower().toUtf8(), QCryptographicHash::Sha256).toHex().first(16);
-    return QStringLiteral("Local\\paneda-%1").arg(QLatin1StringView(hash));
+    return QStringLiteral("Local\\paneda-") + InstanceId(executablePath);
 }
 
 } // namespace
@@ -31,7 +24,7 @@ bool MutexLock::TryLock(const QString& executablePath) {
     mutex_ = CreateMutexW(nullptr, FALSE, Wide(MutexName(executablePath)));
     const DWORD error = GetLastError();
     if (!mutex_)
-        // An instance that runs with more rights does not let its mutex be opened.
+        // The mutex of an instance that runs with more rights may not be opened.
         return error != ERROR_ACCESS_DENIED;
     if (error != ERROR_ALREADY_EXISTS)
         return true;

@@ -4,8 +4,8 @@
 
 namespace paneda {
 
-// A named mutex of the user's session, called after the executable's path in small letters. The system drops
-// it with the last process that has it open, so that a crash leaves no stale mark.
+// A named mutex of the user's session, named after the executable. The system deletes it when the last
+// process that has it open ends, so that a crash leaves no stale mark.
 class MutexLock : public InstanceLock {
 public:
     MutexLock() = default;
