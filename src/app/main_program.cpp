@@ -66,7 +66,7 @@ int MainProgram::Run() {
     LoadPanel();
     panel_->ShowAtStart();
     ListenToOutside();
-    // Pictures of the windows' icon are read when the panel is on the screen.
+    // Later, so that the panel is on the screen before the icon's pictures are read.
     QTimer::singleShot(0, this, &SetApplicationIcon);
     const int status = QApplication::exec();
     platform_.Hotkey->Unregister();

@@ -6,14 +6,14 @@
 
 namespace paneda {
 
-// Starting the program with the user's session. There is one entry for all folders that the program lies in;
-// the last one to be switched on has it.
+// Starts the program with the user's session. The user has one entry for all copies of the program; it starts
+// the copy that switched it on last.
 class Autostart {
 public:
     virtual ~Autostart() = default;
 
-    // Makes or removes the entry. An entry that is there and was not made by this program stays, and is a
-    // failure; none to remove is no failure.
+    // Makes or removes the entry. Fails, and changes nothing, if an entry of this name exists that this
+    // program did not make. To remove an entry that does not exist is no failure.
     virtual FileResult Set(bool on, const QString& executablePath) = 0;
 
     // Whether the session will start this executable.

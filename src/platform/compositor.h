@@ -7,7 +7,7 @@ class Compositor {
 public:
     virtual ~Compositor() = default;
 
-    // False too when it cannot be told.
+    // Also false when the desktop does not say.
     virtual bool IsActive() = 0;
 };
 

@@ -11,7 +11,7 @@ struct VolumeSpace {
     quint64 FreeBytes = 0;  // for the user, not for the superuser
 };
 
-// Room on volumes.
+// Free and total space of volumes.
 class DriveSpace {
 public:
     virtual ~DriveSpace() = default;

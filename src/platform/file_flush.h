@@ -4,9 +4,9 @@
 
 namespace paneda {
 
-// Makes sure that files which have been written and closed are on the disk, their names included; a power
-// failure after it loses none of them. Fails when the disk did not take them. Blocks for as long as the disk
-// takes, which may be seconds when other programs are writing to it.
+// Returns when files that have been written and closed are on the disk with their names, so that a power
+// failure loses none of them. Fails if the disk reports an error. Blocks as long as the disk takes, which may
+// be seconds while other programs write to it.
 FileResult FlushFilesToDisk(const QStringList& files);
 
 } // namespace paneda

@@ -4,16 +4,16 @@
 
 namespace paneda {
 
-// Which window has the user's attention.
+// Which window the user works in.
 class Foreground {
 public:
     virtual ~Foreground() = default;
 
-    // The window that has the focus, of whatever program; 0 for none, or when the desktop does not tell.
+    // The window that has the focus, of any program; 0 if there is none or the desktop does not say.
     virtual WId ActiveWindow() = 0;
 
     // Raises one of the program's own windows and gives it the focus, even while the user works elsewhere.
-    // Call it after the window has been shown. Returns at once; a window that does not appear is forgotten.
+    // Call it after the window has been shown. Returns at once; if the window never appears, nothing happens.
     virtual void Activate(WId window) = 0;
 };
 

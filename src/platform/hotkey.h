@@ -7,7 +7,7 @@ namespace paneda {
 // A key combination that works whatever window has the focus.
 class Hotkey {
 public:
-    // By what means the desktop gives it; the settings tell the user.
+    // How the desktop provides hotkeys. The settings dialog shows it.
     enum class Means {
         None,   // not at all
         Grab,   // of the key on the whole display
@@ -24,18 +24,19 @@ public:
 
     virtual ~Hotkey() = default;
 
-    // May turn from Portal to None once the desktop has told that it has no portal.
+    // Changes from Portal to None when the desktop answers that it has no portal.
     virtual Means Kind() const = 0;
 
     // Replaces the combination registered before. `modifiers` is made of HotkeyModifier bits, `virtualKey`
     // comes from the key table. `pressed` is called from the event loop, once for each press however long the
-    // key is held. On an answer other than Registered and Asked nothing is registered.
+    // key is held, until Unregister or the next Register. After an answer other than Registered and Asked
+    // nothing is registered.
     virtual Answer Register(int modifiers, int virtualKey, std::function<void()> pressed) = 0;
 
-    // No call of `pressed` comes after it. Nothing happens when nothing is registered.
+    // `pressed` is not called after this. Does nothing if nothing is registered.
     virtual void Unregister() = 0;
 
-    // How the last registration stands by now; Refused when there is none.
+    // The state of the last registration by now; Refused if there is none.
     virtual Answer State() const = 0;
 };
 

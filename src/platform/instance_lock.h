@@ -9,9 +9,9 @@ class InstanceLock {
 public:
     virtual ~InstanceLock() = default;
 
-    // Takes the mark of this executable until the process ends, however it ends. False if another process has
-    // it. Where no mark can be made at all the answer is true: a program that starts twice beats one that
-    // does not start.
+    // Takes the lock of this executable and keeps it until the process ends, however it ends. False if
+    // another process has it. If the lock cannot be made at all, the answer is true: to start twice is better
+    // than not to start.
     virtual bool TryLock(const QString& executablePath) = 0;
 };
 

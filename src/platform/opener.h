@@ -5,21 +5,21 @@
 
 namespace paneda {
 
-// How stored paths of a request become host paths.
+// What turns the stored paths of a request into host paths.
 struct LaunchPaths {
     DriveMap Drives;
     QString AppPath; // stored form
 };
 
-// Starts programs and opens files, folders and addresses the desktop's way.
+// Starts programs and opens files, folders and addresses as the desktop does.
 class Opener {
 public:
     virtual ~Opener() = default;
 
-    // Begins what the request asks for and returns at once. Nothing comes back: where something cannot be
-    // found or started, the desktop says so to the user, by a notification on Linux and by the shell's own
-    // message on Windows. Neither keeps the panel waiting for an answer. Started programs run on when the
-    // panel ends and leave no zombie.
+    // Begins what the request asks for and returns at once, without a result: if something cannot be found or
+    // started, the desktop tells the user, by a notification on Linux and by the shell's own message on
+    // Windows. Neither makes the panel wait for an answer. Started programs keep running when the panel ends
+    // and leave no zombie.
     virtual void Open(const LaunchRequest& request, const LaunchPaths& paths) = 0;
 };
 

@@ -6,12 +6,12 @@
 
 namespace paneda {
 
-// The mouse, wherever on the desktop it is.
+// The mouse, also outside of the program's windows.
 class Pointer {
 public:
     virtual ~Pointer() = default;
 
-    // Whether the mouse is known outside of the program's own windows.
+    // Whether the desktop reports the mouse outside of the program's own windows.
     virtual bool CanSee() const = 0;
 
     // Starts and stops counting presses of the middle button. While it is stopped, and between two looks,

@@ -6,8 +6,9 @@
 
 namespace paneda {
 
-// What is known of each alias, shared by those who ask for sounds and the thread that makes them. A ticket
-// tells one call of Play from the next one under the same alias, so that news of an old sound change nothing.
+// What is known about each alias. The thread that asks for sounds and the thread that plays them share it.
+// Each call of Play gets a ticket, so that a late message about an old sound does not change the state of the
+// new sound under the same alias.
 class SoundBoard {
 public:
     // The alias begins to play; returns its ticket.
@@ -17,7 +18,7 @@ public:
         return lastTicket_;
     }
 
-    // The sound with this ticket is over.
+    // The sound with this ticket has ended.
     void End(const QString& alias, int ticket) {
         const QMutexLocker lock(&mutex_);
         if (const auto entry = entries_.find(alias); entry != entries_.end() && entry->Ticket == ticket)

@@ -4,24 +4,24 @@
 
 namespace paneda {
 
-// Plays sound files. An alias names a voice: sounds of different aliases sound at once, a new one under an
-// alias ends the old one. Nothing blocks and nothing is reported: what cannot be played stays silent.
+// Plays sound files. Sounds with different aliases play at the same time; a new sound ends the one before it
+// with the same alias. All calls return at once and report no errors: a file that cannot be played is silent.
 class SoundPlayer {
 public:
     virtual ~SoundPlayer() = default;
 
-    // Ends what the alias played and plays the file (host path) from its begin.
+    // Ends the alias's sound and plays the file (host path) from its beginning.
     virtual void Play(const QString& path, const QString& alias) = 0;
 
-    // Silences the alias, which stays open.
+    // Ends the sound; the alias stays open.
     virtual void Stop(const QString& alias) = 0;
 
-    // Silences the alias and forgets it.
+    // Ends the sound and closes the alias.
     virtual void Close(const QString& alias) = 0;
     virtual void CloseAll() = 0;
 
-    // "playing" from the call of Play until the sound is over, "stopped" after that; empty for an alias that
-    // is not open, and for one whose file could not be played.
+    // "playing" from the call of Play until the sound ends, "stopped" after that. Empty for an alias that is
+    // not open and for one whose file could not be played.
     virtual QString Status(const QString& alias) const = 0;
 };
 

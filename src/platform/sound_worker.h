@@ -10,13 +10,13 @@
 
 namespace paneda {
 
-// Makes the sounds of a ThreadedPlayer, on the player's thread: apart from the constructor all is called
-// there, in the order in which the player was asked, and may take its time. Once the thread has been told to
-// end, the rest of the calls may never come; so the destructor silences what still sounds.
+// Plays the sounds of a ThreadedPlayer on the player's thread. All functions but the constructor are called
+// there, in the order of the player's calls, and may take long. When the thread is about to end, calls that
+// still wait may be dropped; so the destructor ends all sounds.
 class SoundWorker : public QObject {
 public:
-    // Ends what the alias played and plays the file (host path), if the board still wants this ticket. The
-    // board is to be told when the sound is over, or that it cannot be played.
+    // Ends the alias's sound and plays the file (host path), if the board still wants this ticket. The worker
+    // calls the board's End when the sound has ended, or Fail if it cannot be played.
     virtual void Play(const QString& path, const QString& alias, int ticket) = 0;
     virtual void Stop(const QString& alias) = 0;
     virtual void Close(const QString& alias) = 0;

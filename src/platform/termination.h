@@ -4,13 +4,13 @@
 
 namespace paneda {
 
-// The system's wish that the program ends, at the end of the session for example.
+// Requests of the system to end the program, for example at the end of the session.
 class Termination {
 public:
     virtual ~Termination() = default;
 
-    // `end` is called from the event loop, once for each wish. A wish that is repeated before the program has
-    // ended may end it at once.
+    // `end` is called from the event loop, once for each request. A second request, made before the program
+    // has ended, may end it at once without this call.
     virtual void OnRequest(std::function<void()> end) = 0;
 };
 

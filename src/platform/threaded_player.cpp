@@ -19,7 +19,7 @@ ThreadedPlayer::~ThreadedPlayer() {
     board_->CloseAll();
     Tell([](SoundWorker& worker) { worker.CloseAll(); });
     thread_->quit();
-    // One that hangs is left to the end of the process; to destroy it would end that at once.
+    // A thread that hangs stays until the process ends; to destroy a running thread would abort the program.
     if (!thread_->wait(kWaitAtEnd))
         static_cast<void>(thread_.release());
 }

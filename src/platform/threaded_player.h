@@ -11,15 +11,15 @@
 
 namespace paneda {
 
-// Hands each call to a worker on a thread of its own, since to open a device or a file may take long, and
-// answers from the board what the caller has asked for. Thread and worker come with the first sound.
+// Passes each call to a worker on another thread, because it can take long to open a device or a file. Status
+// is answered from the board. Thread and worker are made for the first sound.
 class ThreadedPlayer : public SoundPlayer {
 public:
-    // Called once at most, on the caller's thread; never returns null.
+    // Called at most once, on the caller's thread. Must not return null.
     using MakeWorker = std::function<std::unique_ptr<SoundWorker>(std::shared_ptr<SoundBoard>)>;
 
     explicit ThreadedPlayer(MakeWorker makeWorker);
-    // Waits for a device that hangs no longer than 2 s.
+    // Waits at most 2 s for a device that hangs.
     ~ThreadedPlayer() override;
     Q_DISABLE_COPY_MOVE(ThreadedPlayer)
 
@@ -31,7 +31,7 @@ public:
 
 private:
     void StartThread();
-    // Nothing where no sound has been played yet.
+    // Does nothing before the first sound.
     void Tell(const std::function<void(SoundWorker&)>& call);
 
     MakeWorker makeWorker_;

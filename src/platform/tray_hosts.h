@@ -4,7 +4,8 @@
 
 namespace paneda {
 
-// The places where the desktop shows tray icons. They come and go while the program runs.
+// The notification areas in which the desktop shows tray icons. They appear and disappear while the program
+// runs.
 class TrayHosts {
 public:
     enum class Kind {
@@ -17,8 +18,8 @@ public:
 
     virtual Kind Present() = 0;
 
-    // `changed` is called from the event loop when a place has come or gone. It replaces the one given
-    // before; an empty one ends it. Costs nothing while nothing changes.
+    // `changed` is called from the event loop when an area has appeared or disappeared. It replaces the
+    // function given before; an empty one ends the watch. Nothing wakes the program while nothing changes.
     virtual void Watch(std::function<void()> changed) = 0;
 };
 

@@ -21,7 +21,7 @@ QString EntryPath() {
            QStringLiteral("/autostart/paneda.desktop");
 }
 
-// A link counts as well: QFileInfo sees through it, and one that leads nowhere is still somebody's.
+// Also true for a broken link, which QFileInfo::exists does not see: it belongs to somebody.
 bool Exists(const QString& path) {
     return QFileInfo::exists(path) || QFileInfo(path).isSymLink();
 }
@@ -36,7 +36,7 @@ QByteArray EntryText(const QString& executablePath) {
                                         "Name=Paneda Launcher\n"
                                         "Exec=%1\n"
                                         "%2=true\n");
-    // Some desktops look for the program before they turn "%%" into "%", and would not find it.
+    // Some desktops look for the program before they replace "%%" by "%", and would not find it.
     const QString starter = executablePath.contains(u'%') ? QStringLiteral("env ") : QString();
     return text.arg(starter + QuotedExec(executablePath), kOwnMark).toUtf8();
 }
@@ -46,7 +46,7 @@ QByteArray EntryText(const QString& executablePath) {
 QString QuotedExec(const QString& executablePath) {
     QString word;
     for (const QChar c : executablePath) {
-        // Quoting level first, then every backslash of it doubled for the file.
+        // First the quoting of the line, then every backslash in it doubled for the file.
         if (c == u'\\')
             word += QStringLiteral("\\\\\\\\");
         else if (c == u'"' || c == u'`' || c == u'$')

@@ -52,8 +52,8 @@ void SetKey(DesktopEntry& entry, const QByteArray& key, const QString& value) {
         entry.Terminal = value == u"true";
 }
 
-// Splits a command line at blanks; double quotes hold a word together, a backslash inside them takes the next
-// character as it is. Nothing when a quote stays open.
+// Splits a command line at blanks. Double quotes keep a word together; inside them a backslash escapes the
+// next character. Nothing if a quote is not closed.
 std::optional<QStringList> SplitCommand(const QString& line) {
     QStringList words;
     QString word;
@@ -81,7 +81,7 @@ std::optional<QStringList> SplitCommand(const QString& line) {
     return quoted ? std::nullopt : std::optional(words);
 }
 
-// What one field code stands for; a deprecated or unknown one stands for nothing.
+// The texts that replace one field code; none for a deprecated or unknown code.
 QStringList FieldValue(QChar code, const DesktopEntry& entry, const QString& entryFile,
                        const QStringList& files) {
     if (code == u'f' || code == u'u')
@@ -102,7 +102,7 @@ bool HasFileCode(QString word) {
     return word.contains(u"%f") || word.contains(u"%F") || word.contains(u"%u") || word.contains(u"%U");
 }
 
-// Replaces codes inside of a longer word.
+// Replaces field codes inside a longer word.
 QString ExpandWord(const QString& word, const DesktopEntry& entry, const QString& entryFile,
                    const QStringList& files) {
     QString result;

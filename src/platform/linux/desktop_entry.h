@@ -6,7 +6,7 @@
 
 namespace paneda {
 
-// What the program needs of a desktop entry file (group "Desktop Entry"). Missing keys are empty.
+// The keys of a desktop entry file (group "Desktop Entry") that the program uses. Missing keys are empty.
 struct DesktopEntry {
     QString Type; // "Application", "Link", ...
     QString Name;
@@ -19,12 +19,12 @@ struct DesktopEntry {
 
 DesktopEntry ParseDesktopEntry(const QByteArray& bytes);
 
-// Reads at most 1 MiB; a file that cannot be read is an entry without keys.
+// Reads at most 1 MiB. If the file cannot be read, all keys are empty.
 DesktopEntry ReadDesktopEntry(const QString& file);
 
-// The Exec line as program and arguments: quotes undone, field codes replaced. `files` stand for %f, %F, %u
-// and %U; where the line has none of them they follow at the end. Empty for a line without a program or with
-// an open quote.
+// The Exec line as program and arguments, without quotes and with field codes replaced. `files` replace %f,
+// %F, %u and %U; if the line has none of these, they are added at the end. Empty if the line has no program
+// or an open quote.
 QStringList ExpandExec(const DesktopEntry& entry, const QString& entryFile, const QStringList& files);
 
 } // namespace paneda

@@ -25,14 +25,14 @@ void EmbedHosts::FindOwner() {
         const quint32 mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         const auto cookie =
             xcb_change_window_attributes_checked(connection, owner_, XCB_CW_EVENT_MASK, &mask);
-        // One that has gone since tells no end any more.
+        // An owner that has ended in the meantime sends no event.
         if (const XcbPointer<xcb_generic_error_t> error{xcb_request_check(connection, cookie)})
             owner_ = XCB_NONE;
     }
     ReadLater();
 }
 
-// Events that come in with the answer to a question do not show on the socket any more.
+// Reading a reply also reads the events before it, so that the socket no longer reports them.
 void EmbedHosts::ReadLater() {
     QMetaObject::invokeMethod(
         this, [this] { ReadEvents(); }, Qt::QueuedConnection);

@@ -9,7 +9,8 @@
 
 namespace paneda {
 
-// Whether somebody on the X display embeds tray icons as windows: the owner of the display's tray selection.
+// Whether a program on the X display embeds tray icons as windows. That program owns the display's tray
+// selection.
 class EmbedHosts : public QObject {
     Q_OBJECT
 

@@ -31,7 +31,7 @@ ModifierMap ReadModifiers(xcb_connection_t* connection) {
             {first, first + xcb_get_modifier_mapping_keycodes_length(reply.get())}};
 }
 
-// One refusal is the answer for all.
+// If one grab fails, the whole registration has failed.
 Hotkey::Answer AnswerOf(xcb_connection_t* connection, const std::vector<xcb_void_cookie_t>& cookies) {
     Hotkey::Answer answer = Hotkey::Answer::Registered;
     for (const xcb_void_cookie_t cookie : cookies) {
@@ -81,7 +81,7 @@ bool GrabHotkey::Connect() {
 
 void GrabHotkey::Disconnect() {
     notifier_.reset();
-    // The server drops the grabs with the connection.
+    // The server releases the grabs of a connection that ends.
     x11_.reset();
     grabs_.clear();
     down_ = 0;
@@ -105,7 +105,7 @@ Hotkey::Answer GrabHotkey::Grab() {
     const Answer answer = AnswerOf(x11_->Get(), cookies);
     if (answer != Answer::Registered)
         Ungrab();
-    // Events that came in with the answers do not show on the socket any more.
+    // Reading the replies also read events, which the socket no longer reports.
     QMetaObject::invokeMethod(
         &context_, [this] { ReadEvents(); }, Qt::QueuedConnection);
     return answer;
@@ -128,7 +128,7 @@ void GrabHotkey::ReadEvents() {
         mapChanged = mapChanged || (event->response_type & 0x7F) == XCB_MAPPING_NOTIFY;
     }
     if (!x11_->IsOpen()) {
-        // The server has gone; its socket would call without end.
+        // The X server has ended. Its socket stays readable and would wake the program without end.
         state_ = Answer::Refused;
         notifier_->setEnabled(false);
         return;
@@ -141,7 +141,7 @@ void GrabHotkey::ReadEvents() {
         CallLater();
 }
 
-// A key that is held down repeats as a release and a press of the same moment, or as presses alone.
+// A key that is held down repeats as a release and a press with the same time, or as presses alone.
 bool GrabHotkey::IsPress(const xcb_generic_event_t& event) {
     const int type = event.response_type & 0x7F;
     if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
@@ -157,7 +157,7 @@ bool GrabHotkey::IsPress(const xcb_generic_event_t& event) {
     return !isRepeat;
 }
 
-// The call may well register anew, which must not happen while events are read.
+// `pressed_` may call Register, which must not happen while events are read.
 void GrabHotkey::CallLater() {
     QMetaObject::invokeMethod(
         &context_,

@@ -12,8 +12,9 @@
 
 namespace paneda {
 
-// A hotkey by passive grabs on the X server's root window: one for each state of the locks, all or none. It
-// follows the keyboard's layout. The connection is there only while something is registered.
+// A hotkey by passive grabs on the X server's root window: one for each combination of the locks (Caps Lock,
+// Num Lock), all of them or none. The keys are grabbed again when the keyboard layout changes. The connection
+// is open only while something is registered.
 class GrabHotkey : public Hotkey {
 public:
     Means Kind() const override { return Means::Grab; }
@@ -30,7 +31,7 @@ private:
     bool IsPress(const xcb_generic_event_t& event);
     void CallLater();
 
-    QObject context_; // what is posted to it is dropped when this object goes
+    QObject context_; // calls posted to it are dropped when this object is deleted
     std::unique_ptr<X11Connection> x11_;
     std::unique_ptr<QSocketNotifier> notifier_;
     int modifiers_ = 0;

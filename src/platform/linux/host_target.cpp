@@ -46,7 +46,7 @@ TargetKind KindOf(const QString& hostPath) {
         return TargetKind::Document;
     QFile file(hostPath);
     const QByteArray begin = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
-    // A program that may be run and not be read is still one.
+    // A file that can be executed but not read is a program too.
     if (begin.isEmpty() && !info.isReadable())
         return TargetKind::Program;
     if (begin.startsWith("\x7F"

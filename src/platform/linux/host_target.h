@@ -20,16 +20,17 @@ enum class TargetKind {
 // Whether a target is a web address or the like: a scheme of two or more letters and ":", or "www.".
 bool IsAddress(const QString& target);
 
-// What an existing path is. A file counts as a program when it may be executed and looks executable: on a
-// volume that knows no permissions everything may be. A script needs "#!", or the ending ".sh".
+// The kind of an existing path. A file is a program if it has execute permission and its content is
+// executable too, because on a volume without permissions every file has that permission. A script needs "#!"
+// or the ending ".sh".
 TargetKind KindOf(const QString& hostPath);
 
-// The host path of a target: as the drive map has it, else the same without regard to case, else for a bare
-// name the program of that name in the search path. Empty when there is none.
+// The host path of a target: by the drive map, else by the drive map in any case of letters, else, for a bare
+// name, the program of that name in the search path. Empty if none of them exists.
 QString FindTarget(const QString& target, const LaunchPaths& paths);
 
-// The host path of a stored folder; the fallback when there is none. A folder that is gone must not keep a
-// target from starting.
+// The host path of a stored folder; `fallback` if the folder does not exist, because a missing folder must
+// not prevent a start.
 QString ExistingFolder(const QString& stored, const LaunchPaths& paths, const QString& fallback);
 
 } // namespace paneda

@@ -59,7 +59,7 @@ bool IsOnPad(quint32 symbol) {
     return symbol >= XK_KP_Space && symbol <= XK_KP_9;
 }
 
-// Some keyboards have a comma on the numeric pad's point, or list letters in capitals alone.
+// Some keyboards have a comma instead of the numeric pad's point, or list only the capital of a letter.
 std::vector<quint32> SymbolsOf(int virtualKey) {
     const quint32 symbol = NameOfKey(virtualKey).Symbol;
     if (symbol == XK_KP_Decimal)

@@ -8,10 +8,10 @@
 
 namespace paneda {
 
-// Keys and modifiers of the key table as the X server's keyboard has them. Pure functions of the tables that
-// the server gives out.
+// Translates keys and modifiers of the key table to those of the X server's keyboard. Pure functions of the
+// server's tables.
 
-// What a virtual key is called here.
+// The X name of a virtual key.
 struct KeyName {
     quint32 Symbol = 0; // keysym; 0 for a key that is not in the table
     QString Name;       // its name without "XK_", as shortcut texts of the desktop have it
@@ -26,11 +26,11 @@ struct KeyboardMap {
     std::vector<quint32> Symbols;
 };
 
-// The key codes that a virtual key stands for: those with its keysym on the lowest level that has it at all,
-// so that a key which bears it only with a modifier does not come before its own. Of the numeric pad all that
-// have it count: its digits stand on the second level, and keyboards that the map allows for but that nobody
-// has got bear some on the first. A letter that the layout lacks altogether, as a Greek or Cyrillic one does,
-// is the key at that place of a PC keyboard.
+// The key codes of a virtual key: those that have its keysym on the lowest level on which any key has it, so
+// that a key with this character only under a modifier does not replace the key that is meant. For the
+// numeric pad, all key codes with the keysym: its digits are on the second level, and the map also lists keys
+// that no real keyboard has, some of them on the first. A letter that the layout does not have, such as K on
+// a Greek keyboard, is the key at that place of a PC keyboard. Empty if no key has the keysym.
 std::vector<quint8> KeycodesOf(int virtualKey, const KeyboardMap& map);
 
 // The server's modifier map: key codes for each of Shift, Lock, Control and Mod1 to Mod5; 0 is no key code.
@@ -39,11 +39,12 @@ struct ModifierMap {
     std::vector<quint8> Keycodes;
 };
 
-// What the modifiers of a hotkey are on this keyboard.
+// The modifiers of a hotkey as masks of this keyboard.
 struct ModifierMasks {
     bool Known = false; // false when the keyboard lacks one of the wanted modifiers
     quint16 Wanted = 0;
-    // Every combination of the locks, which make no difference to a hotkey; 0 among them.
+    // Every combination of the lock keys, because locks must not change whether a hotkey works; 0 is one of
+    // them.
     std::vector<quint16> Locks;
 };
 

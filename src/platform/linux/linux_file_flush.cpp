@@ -14,10 +14,11 @@ namespace paneda {
 
 namespace {
 
-// So few are flushed one by one, since flushing a whole file system waits for what others are writing too.
+// Up to this number files are flushed one by one, because to flush the whole file system also waits for what
+// other programs write.
 constexpr qsizetype kFewFiles = 16;
 
-// Flushes what `flush` is for, through the file or folder of this path.
+// Opens a file or folder and calls `flush` with its descriptor.
 FileResult FlushBy(int (*flush)(int), const QString& path) {
     const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     const int failed = file < 0 ? errno : flush(file) != 0 ? errno : 0;

@@ -4,7 +4,7 @@ namespace paneda {
 
 namespace {
 
-// Source of a request in the window manager protocol: "pager", a direct act of the user.
+// Source of a request in the window manager protocol: "pager", which means a direct action of the user.
 constexpr quint32 kSourceIsUser = 2;
 
 } // namespace
@@ -56,7 +56,7 @@ xcb_window_t LinuxForeground::FocusWindow() const {
     return reply && reply->focus > 1 ? reply->focus : xcb_window_t(XCB_NONE);
 }
 
-// A window that has just been shown may be unknown to the window manager still, which would ignore the wish.
+// The window manager may not yet know a window that has just been shown, and would ignore the request.
 void LinuxForeground::WaitFor(xcb_window_t window) {
     const auto select = [this](xcb_window_t of, quint32 mask) {
         xcb_change_window_attributes(x11_->Get(), of, XCB_CW_EVENT_MASK, &mask);
@@ -70,7 +70,7 @@ void LinuxForeground::WaitFor(xcb_window_t window) {
     ReadLater();
 }
 
-// Events that come in with the answer to a question do not show on the socket any more.
+// Reading a reply also reads the events before it, so that the socket no longer reports them.
 void LinuxForeground::ReadLater() {
     QMetaObject::invokeMethod(
         &context_, [this] { ReadEvents(); }, Qt::QueuedConnection);
@@ -78,7 +78,7 @@ void LinuxForeground::ReadLater() {
 
 void LinuxForeground::ReadEvents() {
     while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(x11_->Get())}) {
-        // An error, for a window that is gone, has the type 0 and is passed over.
+        // Errors, for a window that no longer exists, have the type 0 and are ignored.
         if ((event->response_type & 0x7F) != XCB_PROPERTY_NOTIFY)
             continue;
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);

@@ -10,8 +10,9 @@
 
 namespace paneda {
 
-// The active window as the window manager tells it on the root window; without a window manager the one that
-// has the keyboard. A window is activated as a task bar does it, which focus stealing prevention lets pass.
+// The active window by the window manager's property on the root window; without a window manager, the window
+// that has the keyboard focus. A window is activated with the request that task bars use, because focus
+// stealing prevention accepts that.
 class LinuxForeground : public Foreground {
 public:
     WId ActiveWindow() override;

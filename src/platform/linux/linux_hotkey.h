@@ -6,7 +6,7 @@
 
 namespace paneda {
 
-// The portal's in a Wayland session, else the grab.
+// A PortalHotkey in a Wayland session, else a GrabHotkey.
 std::unique_ptr<Hotkey> MakeHotkey();
 
 } // namespace paneda

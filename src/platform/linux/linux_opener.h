@@ -6,10 +6,10 @@
 
 namespace paneda {
 
-// Looks at targets and starts processes on threads of its own, so that a volume that answers slowly does not
-// hold up the panel. A program that is to be minimized or maximized is followed until its first window is
-// there, and the desktop's opener until it has ended, so that a failure is shown. When the panel ends
-// meanwhile, the process waits for that, 10 s at most, without a window.
+// Examines targets and starts processes on other threads, so that the panel does not wait for a slow volume.
+// A program that is to be minimized or maximized is watched until its first window appears, and the desktop's
+// opener until it ends, so that a failure can be shown. If the panel ends meanwhile, this process stays
+// without a window until that is done, at most 10 s.
 class LinuxOpener : public Opener {
 public:
     LinuxOpener();

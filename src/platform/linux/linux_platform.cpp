@@ -38,8 +38,8 @@ Platform MakePlatform() {
     return platform;
 }
 
-// A panel that places itself, grabs a key and looks at the pointer needs X11, which a Wayland desktop offers
-// through XWayland. A user who names another one in the environment knows why.
+// The panel needs X11 to place itself, grab a key and see the pointer; a Wayland desktop offers it through
+// XWayland. A platform that the user has set in the environment is left as it is.
 QByteArray PreferredToolkitPlatform() {
     const bool hasBoth =
         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsEmpty("DISPLAY");

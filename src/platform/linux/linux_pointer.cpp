@@ -9,7 +9,7 @@ namespace paneda {
 namespace {
 
 constexpr quint32 kMiddleButton = 2;
-// Raw events reach a client whatever has grabbed the mouse only from this version on.
+// From this version on, raw events arrive even while another program has grabbed the mouse.
 constexpr quint16 kInputMajor = 2;
 constexpr quint16 kInputMinor = 2;
 

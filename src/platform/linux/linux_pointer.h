@@ -26,7 +26,7 @@ private:
     std::unique_ptr<X11Connection> server_;
     std::unique_ptr<X11Connection> presses_;
     quint8 inputExtension_ = 0;
-    bool held_ = false; // by the last event
+    bool held_ = false; // as the last event left it
 };
 
 } // namespace paneda

@@ -27,7 +27,7 @@ void LinuxTrayHosts::Begin() {
 }
 
 void LinuxTrayHosts::Tell() {
-    // A copy, should the call end the watch.
+    // A copy, because the call may end the watch and delete the original.
     const std::function<void()> changed = changed_;
     if (changed)
         changed();

@@ -10,7 +10,7 @@
 
 namespace paneda {
 
-// Hosts of status notifiers, else of embedded icons.
+// Hosts of status notifiers; if there are none, hosts of embedded icons.
 //
 // Qt decides once, for its first icon, by which of the two it shows icons. So the kind that was found first
 // is the only one that counts from then on, and no icon may be made before one was found.

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kPlainStrut = 4; // numbers of the older form, which has no stretches
 constexpr quint32 kEndless = 0x7FFF;
 
-// Of the old form each side takes its whole edge.
+// In the older form a dock reserves the whole length of its edge.
 Strut StrutOf(const std::vector<quint32>& partial, const std::vector<quint32>& plain) {
     Strut strut{0, 0, 0, 0, 0, kEndless, 0, kEndless, 0, kEndless, 0, kEndless};
     const std::vector<quint32>& values = partial.size() == strut.size() ? partial : plain;
@@ -22,9 +22,9 @@ Strut StrutOf(const std::vector<quint32>& partial, const std::vector<quint32>& p
     return strut;
 }
 
-// The four strips that a strut takes of the display, in its order of sides.
+// The four strips of the display that a dock reserves: left, right, top, bottom.
 std::array<QRect, 4> StripsOf(const Strut& strut, const QSize& display) {
-    // What no screen holds would not fit into whole numbers either.
+    // Larger values than any screen has could overflow an int.
     const auto at = [&strut](std::size_t i) { return int(std::min(strut[i], kEndless)); };
     return {QRect(QPoint(0, at(4)), QPoint(at(0) - 1, at(5))),
             QRect(QPoint(display.width() - at(1), at(6)), QPoint(display.width() - 1, at(7))),

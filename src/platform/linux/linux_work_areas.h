@@ -11,16 +11,17 @@
 
 namespace paneda {
 
-// What a window keeps free for itself at the edges of the display, in the window manager protocol's order:
-// widths at the left, right, top and bottom, then for each of the four the begin and the end of the stretch,
-// both included. Pixels.
+// The space that a dock reserves at the edges of the display, in pixels and in the order of the window
+// manager protocol: the widths at the left, right, top and bottom, then for each of the four its first and
+// last pixel along the edge.
 using Strut = std::array<quint32, 12>;
 
-// What the windows leave of one screen of a display. One that would leave nothing of it means another screen.
+// The part of one screen of a display that the docks leave free. A dock that would leave nothing of the
+// screen is ignored, because it belongs to another screen.
 QRect WithoutStruts(const QRect& screen, const QSize& display, const std::vector<Strut>& struts);
 
-// Of a single screen Qt knows the work area. For several the window manager tells one that is true of none of
-// them, so there the windows themselves are asked.
+// With a single screen, Qt's own work area is right. With several, the window manager reports one area for
+// all of them together, which is right for none; so the reserved spaces of the docks are read instead.
 class LinuxWorkAreas : public WorkAreas {
 public:
     QRect Of(const QScreen& screen) override;

@@ -16,9 +16,9 @@ constexpr int kBufferFrames = 2048;
 constexpr int kVoices = 32;
 constexpr int kLookEvery = 40;         // ms, while something sounds
 constexpr int kCloseAfter = 5'000;     // ms of silence
-constexpr qint64 kReadWhole = 1 << 20; // bytes of a file, beyond which it is streamed
+constexpr qint64 kReadWhole = 1 << 20; // bytes; a larger file is streamed
 
-// Where the synthesizer finds its instruments, unless the user has named them.
+// Where the synthesizer finds its instruments, unless the user has set them in the environment.
 void ChooseSoundFont(const SdlMixer& mixer) {
     if (!qEnvironmentVariableIsEmpty("SDL_SOUNDFONTS"))
         return;
@@ -31,7 +31,7 @@ void ChooseSoundFont(const SdlMixer& mixer) {
     }
 }
 
-// A tune for the synthesizer would have to be played through before its first note sounds.
+// To read a MIDI file whole, the synthesizer would have to play it to its end before the first note is heard.
 bool IsForStreaming(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) && (file.size() > kReadWhole || file.read(4) == "MThd");
@@ -55,12 +55,12 @@ MixerWorker::~MixerWorker() {
 
 void MixerWorker::Play(const QString& path, const QString& alias, int ticket) {
     Close(alias);
-    // Of several that came in while the thread was busy only the last one is played.
+    // If several calls arrived while the thread was busy, only the last one is played.
     if (!board_->IsWanted(alias, ticket))
         return;
     Voice voice;
     voice.Ticket = ticket;
-    // A pipe or the like would block.
+    // To open a pipe would block.
     if (!QFileInfo(path).isFile() || !OpenDevice() || !Start(path, voice)) {
         End(voice);
         board_->Fail(alias, ticket);
@@ -94,7 +94,7 @@ bool MixerWorker::OpenDevice() {
     }
     if (!mixer_)
         return false;
-    // Signals are the program's own affair.
+    // SDL must not install signal handlers of its own.
     mixer_->SetHint("SDL_NO_SIGNAL_HANDLERS", "1");
     mixer_->SetHint("SDL_APP_NAME", "Paneda Launcher");
     if (mixer_->InitSubSystem(kInitAudio) != 0)

@@ -10,23 +10,23 @@
 
 namespace paneda {
 
-// Sounds by SDL_mixer: MP3, Ogg, FLAC, WAV, and MIDI where there is a sound font. It is one small library,
-// it plays several sounds at once without a process or a cache of plug-ins beside it, and a second one of
-// its kind on the same desktop does not disturb it. The library comes with the first sound; the device is
-// open only while something sounds and for a short time after.
+// Plays sounds with SDL_mixer: MP3, Ogg, FLAC, WAV, and MIDI if there is a sound font. SDL_mixer is small,
+// plays several sounds at once, and needs neither a helper process nor a cache of plug-ins. The library is
+// loaded for the first sound. The device is open only while a sound plays and 5 s longer.
 class MixerWorker final : public SoundWorker {
 public:
     explicit MixerWorker(std::shared_ptr<SoundBoard> board);
     ~MixerWorker() override;
 
     void Play(const QString& path, const QString& alias, int ticket) override;
-    // An alias that stays open keeps nothing here.
+    // Does nothing: an alias that stays open needs no data here.
     void Stop(const QString& alias) override { Close(alias); }
     void Close(const QString& alias) override;
     void CloseAll() override;
 
 private:
-    // A sound that plays: read whole into a channel, or streamed, of which there can be one at a time.
+    // A sound that plays: either read whole into a channel, or streamed. Only one sound can be streamed at a
+    // time.
     struct Voice {
         int Ticket = 0;
         int Channel = -1;
@@ -48,7 +48,7 @@ private:
     std::map<QString, Voice> voices_;
     QTimer look_;
     QTimer close_;
-    bool isLoaded_ = false; // has been tried
+    bool isLoaded_ = false; // true after the first attempt, even if it failed
     bool isOpen_ = false;
 };
 

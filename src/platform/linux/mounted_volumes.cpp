@@ -35,7 +35,7 @@ QStringList MountPointsOf(const QByteArray& table) {
 
 void MountedVolumes::Refresh(DriveMap& map) {
     QFile table(QStringLiteral("/proc/self/mounts"));
-    // Without the table there is the root volume alone.
+    // If the table cannot be read, only the root volume is known.
     const QByteArray bytes = table.open(QIODevice::ReadOnly) ? table.readAll() : QByteArray();
     map.UseMountPoints(MountPointsOf(bytes));
 }

@@ -11,19 +11,20 @@
 
 namespace paneda {
 
-// Mount points in a table of the form of /proc/self/mounts: a line each, fields separated by blanks, the
-// second one the mount point with blanks and the like as three octal digits behind a backslash. Lines of
-// another form are skipped.
+// The mount points in a table like /proc/self/mounts: one line each, with fields separated by blanks. The
+// second field is the mount point, in which a backslash and three octal digits stand for a blank or another
+// special character. Lines of any other form are skipped.
 QStringList MountPointsOf(const QByteArray& table);
 
-// Volumes of the kernel's mount table. Reading it asks no volume, so that one that hangs does no harm.
+// Volumes by the kernel's mount table. To read the table does not access the volumes, so that a volume that
+// hangs does not block the program.
 class MountedVolumes : public Volumes {
 public:
     void Refresh(DriveMap& map) override;
     void Watch(std::function<void()> changed) override;
 
 private:
-    QFile table_; // open as long as it is watched
+    QFile table_; // open while it is watched
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 

@@ -13,7 +13,8 @@ namespace {
 
 const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kPath = QStringLiteral("/StatusNotifierWatcher");
-// The first answer is waited for, since an icon is made by it; a desktop that does not answer has no hosts.
+// The program waits for the first answer, because it decides what kind of icon is made. No answer means no
+// hosts.
 constexpr int kFirstAnswer = 1'000; // ms
 
 QDBusMessage HostQuestion() {
@@ -45,7 +46,7 @@ NotifierHosts::NotifierHosts() : bus_(SessionBus()) {
 }
 
 void NotifierHosts::Ask() {
-    // An owner that has gone gives an error for an answer.
+    // If the watcher has ended, the answer is an error.
     auto* call = new QDBusPendingCallWatcher(bus_->asyncCall(HostQuestion()), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
         call->deleteLater();

@@ -9,8 +9,8 @@
 
 namespace paneda {
 
-// Whether somebody on the session bus shows status notifiers: the bus has their watcher, and the watcher
-// knows of a host.
+// Whether a program on the session bus shows status notifiers. True if the bus has the notifiers' watcher and
+// the watcher reports a host.
 class NotifierHosts : public QObject {
     Q_OBJECT
 

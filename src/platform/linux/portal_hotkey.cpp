@@ -165,12 +165,12 @@ void PortalHotkey::Ask(const QString& method, QVariantList arguments, QVariantMa
         QStringLiteral("paneda_%1_%2").arg(QCoreApplication::applicationPid()).arg(++lastToken_);
     options.insert(QStringLiteral("handle_token"), token);
     arguments.append(options);
-    // The answer may come before the call's own reply, so its path is made up in advance, as portals agree
-    // on.
+    // The result may arrive before the reply to this call. So its path is computed in advance, as the
+    // portals' specification defines it.
     const QString sender = bus_->baseService().mid(1).replace(u'.', u'_');
     request_ = QStringLiteral("%1/request/%2/%3").arg(kPath, sender, token);
     requestSlot_ = slot;
-    // No sender is named: Qt would ask the bus for its owner and wait for the answer.
+    // Without the sender's name, for which Qt would ask the bus and wait for the answer.
     bus_->connect({}, request_, kRequest, kResponse, this, slot);
     QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kShortcuts, method);
     call.setArguments(arguments);
@@ -179,7 +179,7 @@ void PortalHotkey::Ask(const QString& method, QVariantList arguments, QVariantMa
         watcher->deleteLater();
         if (!watcher->isError() || request != request_)
             return;
-        // There is no portal, or none for shortcuts.
+        // The desktop has no portal, or one without shortcuts.
         means_ = Means::None;
         Unregister();
     });

@@ -13,8 +13,9 @@
 namespace paneda {
 
 // A hotkey by the desktop's portal (org.freedesktop.portal.GlobalShortcuts): a session with one shortcut in
-// it. Every step is asked for and answered later; a desktop without the portal ends it at the first one.
-// Registering the same combination again keeps the session, since a new one may ask the user again.
+// it. Each step is a request that the desktop answers later; on a desktop without the portal the first one
+// fails. To register the same combination again keeps the session, because the desktop may ask its user about
+// a new one.
 class PortalHotkey : public QObject, public Hotkey {
     Q_OBJECT
 
@@ -36,7 +37,7 @@ private Q_SLOTS:
 private:
     void CreateSession();
     void BindShortcut();
-    // Calls a method of the portal, with `options` as its last argument. Its real answer comes later, as a
+    // Calls a method of the portal, with `options` as its last argument. The result arrives later, as a
     // signal to `slot`.
     void Ask(const QString& method, QVariantList arguments, QVariantMap options, const char* slot);
     void EndRequest();
@@ -47,7 +48,7 @@ private:
     Answer state_ = Answer::Refused;
     QString trigger_;
     std::function<void()> pressed_;
-    QString request_; // path of the request under way; empty for none
+    QString request_; // path of the request that has no result yet; empty for none
     const char* requestSlot_ = nullptr;
     QString session_; // path of the session; empty for none
     int lastToken_ = 0;

@@ -6,14 +6,14 @@
 
 namespace paneda {
 
-// The part of SDL and its mixer library that is used, with the functions' C types written out: the libraries
-// are loaded while the program runs and are not needed to build it. Their binary interface is frozen.
+// The functions of SDL and its mixer library that we use, with their C types written out: the libraries are
+// loaded at run time, and the build does not need them. Their binary interface no longer changes.
 struct SdlMixer {
     struct RWops;
     struct Chunk;
     struct Music;
 
-    // SDL. What returns int gives 0 for success, unless told otherwise.
+    // SDL. Functions that return int return 0 for success, unless a comment says otherwise.
     int (*SetHint)(const char* name, const char* value);
     int (*InitSubSystem)(quint32 flags);
     void (*QuitSubSystem)(quint32 flags);
@@ -35,7 +35,7 @@ struct SdlMixer {
     int (*HaltMusic)();
     int (*PlayingMusic)(); // whether
 
-    // Null when the libraries are not there. They stay loaded.
+    // Null if the libraries are not installed. They stay loaded.
     static std::unique_ptr<SdlMixer> Load();
 };
 

@@ -6,8 +6,7 @@
 
 namespace paneda {
 
-// The session's message bus. Nothing when there is none; no bus is started for the question, which could take
-// long.
+// The session's message bus; nothing if there is none. Never starts a bus, because that can take long.
 std::optional<QDBusConnection> SessionBus();
 
 } // namespace paneda

@@ -21,7 +21,7 @@ QString VariableIn(const QString& path) {
     return begin > 0 && end > begin ? path.sliced(begin, end - begin) : QString();
 }
 
-// The host path of a path from the shortcut's own folder.
+// The host path of a path that is relative to the shortcut's folder.
 QString Beside(const QString& file, const QString& relative) {
     return QDir::cleanPath(QFileInfo(file).absolutePath() + u'/' + QString(relative).replace(u'\\', u'/'));
 }
@@ -48,7 +48,8 @@ QString WhyMissing(const QString& file, const ShellLink& link, const LaunchPaths
            QStringLiteral("\" is not there. Put the file there, or make a button for one that is here.");
 }
 
-// The shortcut's own folder is what a record without a start folder asks for, and means nothing here.
+// A record without a start folder asks for the folder of its target. For a shortcut that would be the wrong
+// one.
 QString StartFolder(const ShortcutTarget& target, const LaunchRequest& request, const QString& file,
                     const LaunchPaths& paths) {
     const QString told = FindAbsolute(target.Link.WorkingFolder, paths);

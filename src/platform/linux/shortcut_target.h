@@ -7,25 +7,26 @@
 
 namespace paneda {
 
-// More shortcuts that lead from one to the next are taken for a circle.
+// A longer chain of shortcuts is taken for a circle.
 inline constexpr int kMaxShortcutsInARow = 8;
 
-// What a Windows shortcut file leads to on this host.
+// The target of a Windows shortcut file on this host.
 struct ShortcutTarget {
-    QString Path; // host path of what is there; it may be a shortcut again
+    QString Path; // host path of something that exists, perhaps another shortcut
     ShellLink Link;
 };
 
-// Takes the first form of the target that exists here: its path by the drive map, one without environment
-// variables, its network path, its path from the shortcut's own folder. The reason of a failure names the
-// target and says what the user can do.
+// The first of these that exists here: the target's path by the drive map, its path with environment
+// variables replaced, its network path, its path relative to the shortcut's folder. The reason of a failure
+// names the target and says what the user can do.
 tl::expected<ShortcutTarget, FileError> ResolveShortcut(const QString& file, const LaunchPaths& paths);
 
-// The host path of an absolute Windows path; empty when nothing is there, and for any other text.
+// The host path of an absolute Windows path; empty if nothing exists there, and for any other text.
 QString FindAbsolute(const QString& windowsPath, const LaunchPaths& paths);
 
-// The request itself, or, where its target is a shortcut, what that stands for. The shortcut's arguments come
-// first, its working folder goes before the request's, and its show state counts where the request has none.
+// The request itself, or, if its target is a shortcut, a request for the shortcut's target. The shortcut's
+// arguments come before the request's, its working folder replaces the request's, and its show state is used
+// if the request has none.
 tl::expected<LaunchRequest, FileError> FollowShortcuts(LaunchRequest request, const LaunchPaths& paths);
 
 } // namespace paneda

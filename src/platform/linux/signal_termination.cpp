@@ -13,14 +13,14 @@ namespace {
 
 constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler can reach nothing but what is global.
+// A signal handler can only use global variables.
 std::atomic<int> signalPipe{-1};
 static_assert(std::atomic<int>::is_always_lock_free);
 
 void OnSignal(int) {
     const int savedError = errno;
     const char byte = 0;
-    // A full pipe has a wish in it already.
+    // If the pipe is full, a request already waits in it.
     [[maybe_unused]] const ssize_t written = ::write(signalPipe, &byte, 1);
     errno = savedError;
 }
@@ -56,7 +56,7 @@ SignalTermination::~SignalTermination() {
 void SignalTermination::OnRequest(std::function<void()> end) {
     end_ = std::move(end);
     int ends[2];
-    // Without a pipe the signals keep their effect, which ends the program as well.
+    // Without a pipe the signals keep their default effect, which ends the program too.
     if (readEnd_ >= 0 || ::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     readEnd_ = ends[0];
@@ -71,7 +71,7 @@ void SignalTermination::ReadPipe() {
     char bytes[16];
     if (::read(readEnd_, bytes, sizeof bytes) <= 0)
         return;
-    // Not from within the notifier's own call, since the end may well take it away.
+    // Later, because the call may delete the notifier that is calling.
     QMetaObject::invokeMethod(
         &context_,
         [this] {

@@ -9,9 +9,9 @@
 
 namespace paneda {
 
-// The signals TERM, INT and HUP. Each asks once; the second one of a kind has the system's effect, so that a
-// program which hangs can be ended. A signal that was ignored when the program started stays so (nohup).
-// Started programs do not inherit any of it. One object to a process.
+// The signals TERM, INT and HUP. The first one of each kind is a request; the second one ends the process, so
+// that a program that hangs can be ended. A signal that was ignored when the program started stays ignored
+// (nohup). Started programs inherit none of this. At most one object in a process.
 class SignalTermination : public Termination {
 public:
     SignalTermination() = default;

@@ -62,8 +62,8 @@ StartPlan PlanCommand(QStringList words, const QString& folder) {
     return {words.takeFirst(), words, folder, true};
 }
 
-// A command line as Windows programs take it apart, since records may come from there: quotes hold a word
-// together, a doubled one inside of them is a quote, and backslashes mean something only before a quote.
+// Splits a command line as Windows programs do, because records may come from Windows: quotes keep a word
+// together, two quotes inside them are one, and a backslash is special only before a quote.
 QStringList SplitParameter(const QString& line) {
     QStringList words;
     QString word;
@@ -82,7 +82,7 @@ QStringList SplitParameter(const QString& line) {
         }
         inWord = true;
         if (c == u'"') {
-            // Two backslashes before a quote are one; one left over takes the quote as it is.
+            // Each two backslashes before a quote become one; an odd one escapes the quote.
             word.chop((slashes + 1) / 2);
             const bool doubled = slashes % 2 == 0 && quoted && line.mid(i + 1, 1) == u"\"";
             if (slashes % 2 == 1 || doubled)
@@ -104,7 +104,7 @@ StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const Q
     const DesktopEntry entry = ReadDesktopEntry(file);
     if (entry.Type == u"Link")
         return OpenByDesktop(entry.Url, folder);
-    // Where nothing else is told, a program starts at home rather than in the folder of application entries.
+    // Without a start folder a program starts in the home folder, not in the folder of application entries.
     const QString own = QFileInfo(file).absolutePath();
     const QString start = QDir(folder) == QDir(own) ? QDir::homePath() : folder;
     const QString working = QFileInfo(entry.Path).isDir() ? entry.Path : start;
@@ -184,7 +184,7 @@ StartPlan PlanDrive(const QString& letter, const LaunchPaths& paths) {
     return root.isEmpty() ? WithoutDrive({}, drive) : OpenByDesktop(root, root);
 }
 
-// The settings of a store that has been to another system may name "firefox.exe".
+// A store that comes from Windows may name "firefox.exe" in its settings.
 StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
     const QStringList address(request.Parameter.isEmpty() ? QStringList() : QStringList(request.Parameter));
     const QString program = FindTarget(request.Target, paths);

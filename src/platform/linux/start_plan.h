@@ -11,8 +11,8 @@ namespace paneda {
 struct StartPlan {
     QString Program; // empty: nothing to start
     QStringList Arguments;
-    QString WorkingFolder; // empty: as the panel's own
-    // The first window of the process is the target's own, and not one of the desktop's opener.
+    QString WorkingFolder; // empty: that of the panel
+    // The first window of the process belongs to the target and not to the desktop's opener.
     bool OwnsWindow = false;
     ShowCommand Show = ShowCommand::Normal; // of that window
     // Why there is nothing to start, for the user: what was pressed, the path and the reason. Empty when
@@ -23,7 +23,7 @@ struct StartPlan {
 };
 
 // What to start for a request. Documents, folders and addresses go to the desktop's opener. A Windows
-// shortcut stands for what it points to.
+// shortcut is replaced by its target.
 StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths);
 
 // A text for the user about something that cannot be opened: what was pressed, if that has a name, and what

@@ -17,7 +17,7 @@ namespace paneda {
 
 namespace {
 
-// Themes that a bare machine is likely to have, for a desktop that names none.
+// Themes that most machines have, for a desktop that names none.
 void ChooseThemeOnce() {
     static const bool chosen = [] {
         if (QIcon::themeName().isEmpty() || QIcon::themeName() == u"hicolor")
@@ -62,8 +62,8 @@ QIcon AddressIcon() {
 
 QIcon IconFor(const QString& text, const LaunchPaths& paths, int shortcutsSoFar);
 
-// The picture that a shortcut names, where this host has it and can read it, else the icon of its target.
-// Icons within Windows programs are out of reach.
+// The picture that a shortcut names, if it exists here and can be read, else the icon of its target. Icons
+// inside Windows programs cannot be read.
 QIcon ShortcutIcon(const QString& file, const LaunchPaths& paths, int shortcutsSoFar) {
     const auto link = ReadShellLink(file);
     const QString picture = link ? FindAbsolute(link->IconLocation, paths) : QString();
@@ -100,8 +100,8 @@ QIcon IconFor(const QString& text, const LaunchPaths& paths, int shortcutsSoFar)
     return {};
 }
 
-// A picture of exactly this size. A theme that has none takes a larger one made smaller, or a smaller one in
-// the middle.
+// A picture of exactly this size. If the theme has none, a larger picture is scaled down, or a smaller one is
+// centred.
 QImage Sized(const QIcon& icon, int pixels) {
     QImage picture;
     for (int wanted = pixels; wanted <= 4 * pixels; wanted *= 2) {

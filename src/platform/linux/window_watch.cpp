@@ -48,7 +48,7 @@ public:
         return Numbers(root_, Atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW);
     }
 
-    // XCB_NONE as long as the process and those it started have none.
+    // XCB_NONE while neither the process nor its descendants have a window.
     xcb_window_t FirstWindowOf(qint64 processId) const {
         for (const xcb_window_t window : Windows()) {
             if (DescendsFrom(ProcessOf(window), processId))
@@ -57,7 +57,7 @@ public:
         return XCB_NONE;
     }
 
-    // The process that made a window; 0 if it is not known.
+    // The process that made a window; 0 if unknown.
     qint64 ProcessOf(xcb_window_t window) const {
         const std::vector<quint32> process = Numbers(window, Atom("_NET_WM_PID"), XCB_ATOM_CARDINAL);
         if (process.size() == 1)
@@ -93,7 +93,7 @@ private:
         return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
     }
 
-    // A property that holds numbers of 32 bits; empty for any other.
+    // The values of a property of 32-bit numbers; empty for any other property.
     std::vector<quint32> Numbers(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const {
         const auto cookie = xcb_get_property(connection_.get(), 0, window, name, type, 0, kMaxNumbers);
         const ReplyPointer<xcb_get_property_reply_t> reply(
@@ -104,7 +104,7 @@ private:
         return {first, first + std::size_t(xcb_get_property_value_length(reply.get())) / sizeof(quint32)};
     }
 
-    // What the X server knows of a local client that does not tell its process itself.
+    // The X server knows the process of a local client that does not set the property.
     qint64 ClientProcessOf(xcb_window_t window) const {
         const xcb_res_client_id_spec_t what{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
         const auto cookie = xcb_res_query_client_ids(connection_.get(), 1, &what);
@@ -130,7 +130,8 @@ private:
         xcb_send_event(connection_.get(), 0, root_,
                        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                        reinterpret_cast<const char*>(&event));
-        // Waits for an answer: the server forgets what it has not yet read of a client that goes away.
+        // Waits for an answer, because the server drops requests that it has not yet read when a client
+        // disconnects.
         const ReplyPointer<xcb_get_input_focus_reply_t> answer(
             xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
     }
@@ -143,7 +144,7 @@ qint64 ParentOf(qint64 processId) {
     QFile file(QStringLiteral("/proc/%1/stat").arg(processId));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
-    // "pid (name) state parent ...", where the name may hold blanks and brackets.
+    // "pid (name) state parent ...", where the name may contain blanks and brackets.
     const QByteArray line = file.readAll();
     const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
     return fields.size() > 1 ? fields[1].toLongLong() : 0;
@@ -169,7 +170,7 @@ void ShowFirstWindow(qint64 processId, ShowCommand show) {
         if (window == XCB_NONE)
             QThread::msleep(kLookEvery);
     }
-    // A window manager that is still taking the window in may lose the first request.
+    // A window manager that has not finished with the new window may ignore the first request.
     QDeadlineTimer nextAsk(0);
     while (display.IsOpen() && window != XCB_NONE && !end.hasExpired() && !display.Has(window, show)) {
         if (nextAsk.hasExpired()) {

@@ -15,7 +15,7 @@ struct Free {
     void operator()(void* reply) const { std::free(reply); }
 };
 
-// The panel lives on the first screen of its display, as nearly every desktop has one.
+// The first screen of the display: nearly every desktop has only one.
 constexpr char kSelection[] = "_NET_WM_CM_S0";
 
 } // namespace

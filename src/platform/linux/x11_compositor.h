@@ -4,7 +4,7 @@
 
 namespace paneda {
 
-// By the owner of the screen's compositing manager selection.
+// Active if the screen's compositing manager selection has an owner.
 class X11Compositor : public Compositor {
 public:
     bool IsActive() override;

@@ -14,23 +14,23 @@ namespace paneda {
 struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }
 };
-// Replies, events and errors of xcb are the receiver's to free.
+// The receiver has to free the replies, events and errors of xcb.
 template <class Reply>
 using XcbPointer = std::unique_ptr<Reply, FreeReply>;
 
-// A connection to the X server apart from Qt's own, so that what it selects and receives disturbs nobody.
+// A connection to the X server beside Qt's own, so that the events that it selects do not reach Qt.
 class X11Connection {
 public:
-    // Without an X server the connection is not open, and every call is harmless and gives nothing.
+    // Without an X server the connection is not open; all calls are then harmless and return empty values.
     X11Connection();
 
     bool IsOpen() const;
     xcb_connection_t* Get() const { return connection_.get(); }
     xcb_window_t Root() const { return root_; }
-    // Of the screen that the root window belongs to.
+    // The number of the screen that the root window belongs to.
     int ScreenNumber() const { return screenNumber_; }
 
-    // XCB_ATOM_NONE when it cannot be had.
+    // XCB_ATOM_NONE if the server does not answer.
     xcb_atom_t Atom(const char* name) const;
 
     // The first 32-bit value of a window's property; 0 if there is none.

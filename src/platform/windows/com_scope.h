@@ -6,8 +6,8 @@
 
 namespace paneda {
 
-// COM for the calls of the shell on whatever thread they are made. A thread that has it in another form keeps
-// that form, which the shell gets along with.
+// Initializes COM for calls of the shell on the current thread, while the object lives. If the thread has
+// initialized COM in another mode, that mode stays; the shell works with it.
 class ComScope {
 public:
     ComScope() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)) {}

@@ -4,7 +4,7 @@
 
 namespace paneda {
 
-// The system blends a layered window by its alpha whether or not the desktop is composited.
+// Always active: the system blends a layered window by its alpha even if the desktop is not composited.
 class LayeredCompositor : public Compositor {
 public:
     bool IsActive() override { return true; }

@@ -7,14 +7,14 @@
 
 namespace paneda {
 
-// The host's own drive letters, of which the map needs no list.
+// The host's own drive letters; the drive map needs no list of them.
 class LetterVolumes : public Volumes {
 public:
     void Refresh(DriveMap&) override {}
     void Watch(std::function<void()> changed) override;
 
 private:
-    std::unique_ptr<MessageWindow> window_; // while it is watched
+    std::unique_ptr<MessageWindow> window_; // exists while there is a watch
 };
 
 } // namespace paneda

@@ -17,7 +17,7 @@ namespace {
 constexpr int kLookEvery = 20;   // ms, while something sounds: parts of a spoken text follow without a gap
 constexpr UINT kAnswerSize = 64; // characters
 
-// Empty too when the command fails.
+// Also empty if the command fails.
 QString Ask(const QString& command) {
     wchar_t answer[kAnswerSize] = {};
     return mciSendStringW(Wide(command), answer, kAnswerSize, nullptr) == 0 ? QString::fromWCharArray(answer)
@@ -28,7 +28,8 @@ bool Send(const QString& command) {
     return mciSendStringW(Wide(command), nullptr, 0, nullptr) == 0;
 }
 
-// The short form, since commands take no long paths. Where the volume has none the path stays as it is.
+// The short form of a path, because commands accept no long paths. The path itself if the volume has no short
+// forms.
 QString ShortPath(const QString& path) {
     const QString native = QDir::toNativeSeparators(path);
     wchar_t text[MAX_PATH] = {};
@@ -39,7 +40,7 @@ QString ShortPath(const QString& path) {
 bool Open(const QString& path, const QString& alias) {
     const QString file = QStringLiteral("open \"%1\"").arg(ShortPath(path));
     const QString name = QStringLiteral(" alias ") + alias;
-    // A machine without this type may still have one for the file's extension.
+    // A machine that lacks this device type may have one for the file's extension.
     return Send(file + QStringLiteral(" type MPEGVideo") + name) || Send(file + name);
 }
 
@@ -78,7 +79,7 @@ void MciWorker::Close(const QString& alias) {
 }
 
 void MciWorker::CloseAll() {
-    // What plays is stopped first, so that its file is let go at once.
+    // Stopped first, so that the file is closed at once.
     for (const QString& alias : tickets_.keys())
         Close(alias);
     Send(QStringLiteral("close all"));

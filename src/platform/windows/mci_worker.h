@@ -9,8 +9,8 @@
 
 namespace paneda {
 
-// Sounds by the media control interface. It belongs to the thread that opens a device, whose event loop the
-// devices need; so there is one thread for all of it.
+// Plays sounds by the media control interface. A device belongs to the thread that opened it and needs the
+// event loop of that thread; so one thread does everything.
 class MciWorker final : public SoundWorker {
 public:
     explicit MciWorker(std::shared_ptr<SoundBoard> board);
@@ -25,7 +25,7 @@ private:
     void Look();
 
     std::shared_ptr<SoundBoard> board_;
-    QHash<QString, int> tickets_; // of the aliases that play
+    QHash<QString, int> tickets_; // of the aliases whose sounds play
     QTimer look_;
 };
 

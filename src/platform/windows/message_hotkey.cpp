@@ -46,11 +46,11 @@ void MessageHotkey::Unregister() {
 }
 
 void MessageHotkey::OnPress(int id) {
-    // Presses that wait in the queue outlive their registration.
+    // A press may still wait in the queue when its registration has ended.
     if (id != id_ || state_ != Answer::Registered)
         return;
-    // At once, since the right to come to the front is that of the last input; a copy, since the call may
-    // well register anew.
+    // At once, because only the program that got the last input may come to the front. A copy, because the
+    // call may register another function.
     const std::function<void()> pressed = pressed_;
     pressed();
 }

@@ -9,8 +9,8 @@
 
 namespace paneda {
 
-// The hotkey by the system's registration. The combination belongs to one program at a time, and some belong
-// to the system for good.
+// A hotkey by the system's RegisterHotKey. Only one program at a time can register a combination; some are
+// reserved by the system.
 class MessageHotkey : public Hotkey {
 public:
     MessageHotkey() = default;
@@ -27,7 +27,7 @@ private:
 
     std::unique_ptr<MessageWindow> window_;
     std::function<void()> pressed_;
-    // A number of its own for each registration, so that a press of a former one is known for what it is.
+    // Each registration has a new number, so that a press of an earlier one is recognised and ignored.
     int id_ = 0;
     Answer state_ = Answer::Refused;
 };

@@ -27,7 +27,7 @@ MessageWindow::MessageWindow(Reach reach, Handler handler) : handler_(std::move(
     const HWND parent = reach == Reach::Addressed ? HWND_MESSAGE : nullptr;
     window_ = CreateWindowExW(WS_EX_TOOLWINDOW, kClassName, L"", WS_POPUP, 0, 0, 0, 0, parent, nullptr,
                               GetModuleHandleW(nullptr), nullptr);
-    // Not earlier: what a window is told while it is made is for the system.
+    // Not earlier, because the system has to handle the messages during the window's creation.
     if (window_)
         SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }

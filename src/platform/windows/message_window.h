@@ -7,15 +7,15 @@
 
 namespace paneda {
 
-// A window that is never seen and takes messages. Those reach it in every message loop of its thread, that of
-// a menu or a message box included.
+// An invisible window that receives messages, in every message loop of its thread, including those of menus
+// and message boxes.
 class MessageWindow {
 public:
     enum class Reach {
-        Addressed, // only what is sent to this window
-        Everyone,  // also what the system sends to all top-level windows
+        Addressed, // only messages sent to this window
+        Everyone,  // also messages that the system sends to all top-level windows
     };
-    // The answer to a message; nothing for one that the system is to handle.
+    // The answer to a message; nothing if the system is to handle it.
     using Handler = std::function<std::optional<LRESULT>(UINT message, WPARAM wParam, LPARAM lParam)>;
 
     MessageWindow(Reach reach, Handler handler);

@@ -4,7 +4,8 @@
 
 namespace paneda {
 
-// No box of the system asks for a medium while this thread looks at a drive that has none.
+// While the object lives, the system shows no box that asks for a medium when this thread accesses an empty
+// drive.
 class QuietErrors {
 public:
     QuietErrors() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &former_); }

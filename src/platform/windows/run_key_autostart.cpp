@@ -20,7 +20,7 @@ constexpr wchar_t kSwitchKey[] =
 constexpr wchar_t kValue[] = L"Paneda Launcher";
 const QString kProgram = QStringLiteral("paneda.exe");
 
-// Empty where there is no such value.
+// Empty if there is no such value.
 QString RunValue() {
     DWORD size = 0;
     if (RegGetValueW(HKEY_CURRENT_USER, kRunKey, kValue, RRF_RT_REG_SZ, nullptr, nullptr, &size) !=
@@ -33,7 +33,7 @@ QString RunValue() {
     return QString::fromWCharArray(text.data());
 }
 
-// Quotes may have been put around it by hand.
+// A user may have added quotes.
 QString ProgramOf(QString value) {
     return value.remove(u'"');
 }
@@ -42,7 +42,7 @@ bool IsOwn(const QString& value) {
     return SameName(QFileInfo(QDir::fromNativeSeparators(ProgramOf(value))).fileName(), kProgram);
 }
 
-// An odd first byte stands for a start that the user has switched off.
+// An odd first byte means that the user has disabled the entry.
 bool IsSwitchedOff() {
     BYTE bytes[64] = {};
     DWORD size = sizeof bytes;
@@ -70,7 +70,7 @@ FileResult RunKeyAutostart::Set(bool on, const QString& executablePath) {
     const QString path = QDir::toNativeSeparators(QFileInfo(executablePath).absoluteDir().filePath(kProgram));
     const LSTATUS status = RegSetKeyValueW(HKEY_CURRENT_USER, kRunKey, kValue, REG_SZ, Wide(path),
                                            DWORD(path.size() + 1) * sizeof(wchar_t));
-    // Ignored: most often there is no switch to take back.
+    // Ignored: usually the user has not disabled the entry and there is nothing to delete.
     if (status == ERROR_SUCCESS)
         RegDeleteKeyValueW(HKEY_CURRENT_USER, kSwitchKey, kValue);
     return ResultOf(status);

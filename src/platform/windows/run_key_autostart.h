@@ -5,8 +5,8 @@
 namespace paneda {
 
 // Autostart by the value "Paneda Launcher" of the current user's Run key: the path of paneda.exe in the
-// executable's folder, without quotes. An executable that has another name is not started. The task manager's
-// switch for it counts too, and is taken back when the entry is made anew.
+// executable's folder, without quotes. An executable with another name is not started. If the user has
+// disabled the entry in the task manager, it counts as not set; to set it again enables it.
 class RunKeyAutostart : public Autostart {
 public:
     FileResult Set(bool on, const QString& executablePath) override;

@@ -6,8 +6,8 @@
 
 namespace paneda {
 
-// As Qt has them: it asks the system anew whenever that says that they have changed, and turns them into the
-// coordinates of windows.
+// The work areas of Qt, which asks the system again when they change and converts them to the coordinates of
+// windows.
 class ScreenWorkAreas : public WorkAreas {
 public:
     QRect Of(const QScreen& screen) override { return screen.availableGeometry(); }

@@ -33,7 +33,7 @@ std::optional<LRESULT> SessionTermination::Handle(UINT message, WPARAM wParam) {
     }
 }
 
-// The windows of Qt quit the event loop at the end of a session, perhaps before this one has heard of it.
+// At the end of a session Qt's windows quit the event loop, perhaps before this window gets its message.
 void SessionTermination::AskAtQuit() {
     if (sessionEnds_ && !hasAsked_)
         Ask();

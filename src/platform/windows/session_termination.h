@@ -9,10 +9,10 @@
 
 namespace paneda {
 
-// The end of the session, an installer that needs the files, and a wish to close, which reach a hidden window
-// of its own whether the panel is to be seen or not. At the end of the session `end` runs before the system
-// is answered, since the process may be gone right after. A session whose end another program prevents goes
-// on, and so does this one.
+// The end of the session, an installer that needs the files, or a request to close. They reach a hidden
+// window of its own, so that it does not matter whether the panel is visible. At the end of the session `end`
+// runs before the system gets its answer, because the process may be ended right after. If another program
+// prevents the end of the session, this program keeps running.
 class SessionTermination : public Termination {
 public:
     SessionTermination() = default;

@@ -50,7 +50,7 @@ std::optional<int> IndexOf(const QString& path, DWORD attributes, UINT how) {
     return info.iIcon;
 }
 
-// The icon of a kind of file, without a look at one.
+// The icon of a kind of file; no file is read.
 std::optional<int> IndexOfKind(const QString& path, bool isFolder) {
     return IndexOf(path, isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
                    SHGFI_USEFILEATTRIBUTES);
@@ -65,7 +65,7 @@ std::optional<int> IconIndex(const QString& text, const LaunchPaths& paths) {
     if (IsAddress(text))
         return IndexOfKind(QStringLiteral("address.url"), false);
     QString target = HostTarget(text, paths);
-    // Not looked into: a drive without a medium has an icon as well.
+    // By its letter alone: an empty drive has an icon too.
     if (IsDriveRoot(target))
         return HasDrive(target[0]) ? IndexOfExisting(target, true) : std::nullopt;
     if (!target.contains(u'\\'))
@@ -92,8 +92,8 @@ QImage PictureIn(IImageList& list, int index) {
     return picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-// Whether nothing is seen beyond a corner of this size: the largest list shows a file without a large icon
-// as a small one at the top left of an empty picture.
+// Whether the picture is empty outside the top left corner of this size. For a file without a large icon, the
+// largest list gives an empty picture with the small icon in that corner.
 bool FitsInCorner(const QImage& picture, int corner) {
     for (int y = 0; y < picture.height(); ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
@@ -119,7 +119,7 @@ QImage PictureOf(int index, int pixels) {
     return smaller;
 }
 
-// A larger picture is made smaller; a smaller one stands in the middle.
+// A larger picture is scaled down; a smaller one is centred.
 QImage Sized(QImage picture, int pixels) {
     if (picture.width() > pixels || picture.height() > pixels)
         picture = picture.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);

@@ -4,7 +4,7 @@
 
 namespace paneda {
 
-// Icons as the shell shows them, from the system's image lists.
+// The shell's icons, from the system's image lists.
 class ShellIcons : public FileIcons {
 public:
     QImage IconOf(const QString& target, const LaunchPaths& paths, int pixels) override;

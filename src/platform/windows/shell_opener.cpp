@@ -25,7 +25,7 @@ const wchar_t* WideOrNone(const QString& text) {
     return text.isEmpty() ? nullptr : Wide(text);
 }
 
-// By its full path, since a program of that name in the current folder is not meant.
+// By its full path, so that a program of the same name in the current folder is not started instead.
 QString FileManager() {
     wchar_t folder[MAX_PATH] = {};
     const UINT length = GetWindowsDirectoryW(folder, MAX_PATH);
@@ -44,7 +44,8 @@ QString ExistingFolder(const QString& startIn, const QString& target, const Laun
 SHELLEXECUTEINFOW InfoOf(const ShellCall& call) {
     SHELLEXECUTEINFOW info{};
     info.cbSize = sizeof info;
-    // This thread has no message loop that could go on with the start once the call has returned.
+    // The call must not return before the start is complete, because this thread has no message loop to
+    // continue it.
     info.fMask = SEE_MASK_NOASYNC;
     info.lpVerb = WideOrNone(call.Verb);
     info.lpFile = Wide(call.File);
@@ -106,13 +107,13 @@ ShellOpener::ShellOpener() : workers_(std::make_unique<QThreadPool>()) {
 }
 
 ShellOpener::~ShellOpener() {
-    // A call that hangs is left to the end of the process; to destroy the pool would wait for it.
+    // A call that hangs stays until the process ends; to destroy the pool would wait for it.
     if (!workers_->waitForDone(kWaitAtEnd))
         static_cast<void>(workers_.release());
 }
 
 void ShellOpener::Open(const LaunchRequest& request, const LaunchPaths& paths) {
-    // The window under the press, before which the system's own questions are to appear.
+    // The window that was pressed; the system's own questions appear in front of it.
     const HWND owner = GetActiveWindow();
     workers_->start([request, paths, owner] { Start(request, paths, owner); });
 }

@@ -8,7 +8,7 @@
 
 namespace paneda {
 
-// What goes to the shell. An empty text is passed as none.
+// The arguments of the call to the shell. An empty text is passed as null.
 struct ShellCall {
     QString Verb; // empty: the default one of the target
     QString File; // empty: nothing to start
@@ -19,13 +19,13 @@ struct ShellCall {
     friend bool operator==(const ShellCall&, const ShellCall&) = default;
 };
 
-// The shell's call for a request. Looks at the disk: a start folder that is gone is replaced by the target's
-// own one, and left out where that is gone as well.
+// The call to the shell for a request. Reads the disk: a start folder that does not exist is replaced by the
+// target's folder, and left empty if that does not exist either.
 ShellCall PlanShellCall(const LaunchRequest& request, const LaunchPaths& paths);
 
-// Hands targets to the shell on threads of its own, since it may look at a volume that answers slowly and may
-// talk to the program that it starts. When the panel ends meanwhile, the process waits for the shell, 30 s at
-// most, without a window.
+// Passes targets to the shell on other threads, because the shell may access a slow volume and may wait for
+// the program that it starts. If the panel ends meanwhile, this process stays without a window until the
+// shell has finished, at most 30 s.
 class ShellOpener : public Opener {
 public:
     ShellOpener();

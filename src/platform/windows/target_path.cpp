@@ -50,8 +50,8 @@ QString RegisteredProgram(const QString& name) {
 
 } // namespace
 
-// Without a regular expression: Qt's keeps data with its thread, and in a static build by this compiler the
-// release of that data at the end of a thread crashes.
+// No regular expression: Qt keeps data for them in each thread, and in a static build with this compiler the
+// program crashes when a thread that has such data ends.
 bool IsAddress(const QString& target) {
     if (target.startsWith(u"www.", Qt::CaseInsensitive))
         return true;
@@ -66,7 +66,7 @@ bool IsAddress(const QString& target) {
 QString HostTarget(const QString& target, const LaunchPaths& paths) {
     if (IsAddress(target))
         return target;
-    // Else the program's own folder would be what it names.
+    // An empty name would mean the program's own folder.
     if (TrimBlanks(target).isEmpty())
         return {};
     const QString path = QDir::toNativeSeparators(target);

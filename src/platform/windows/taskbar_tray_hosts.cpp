@@ -16,7 +16,7 @@ void TaskbarTrayHosts::Watch(std::function<void()> changed) {
         [this, taskbarCreated](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
             if (message != taskbarCreated)
                 return std::nullopt;
-            // A copy, should the call end the watch.
+            // A copy, because the call may end the watch and delete the original.
             const std::function<void()> call = changed_;
             if (call)
                 call();

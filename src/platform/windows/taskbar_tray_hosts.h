@@ -7,8 +7,8 @@
 
 namespace paneda {
 
-// The notification area of the task bar, which says when it has been made, as it is when the shell starts
-// later than this program or anew. Nothing says that it has gone.
+// The notification area of the task bar. The task bar announces itself when the shell starts later than this
+// program, or starts again. Its end is not announced.
 class TaskbarTrayHosts : public TrayHosts {
 public:
     Kind Present() override;

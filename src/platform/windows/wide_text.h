@@ -4,7 +4,7 @@
 
 namespace paneda {
 
-// A text as the system's wide calls take it; valid as long as `text` is there and unchanged.
+// A text as an argument of the system's wide functions; valid while `text` exists unchanged.
 inline const wchar_t* Wide(const QString& text) {
     return reinterpret_cast<const wchar_t*>(text.utf16());
 }

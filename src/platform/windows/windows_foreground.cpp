@@ -19,7 +19,7 @@ bool ComesAfterInput(HWND window) {
 
 bool ComesWithJoinedQueue(HWND window) {
     const HWND front = GetForegroundWindow();
-    // A queue that is joined to one that hangs hangs as well.
+    // A thread whose input queue is attached to one that hangs would hang too.
     if (!front || IsHungAppWindow(front))
         return false;
     const DWORD own = GetCurrentThreadId();
@@ -31,7 +31,7 @@ bool ComesWithJoinedQueue(HWND window) {
     return came;
 }
 
-// A window may pass others by way of the topmost ones, whoever has the foreground.
+// Every program may raise a window by making it topmost for a moment.
 void Raise(HWND window) {
     constexpr UINT kPlaceStays = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
     SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, kPlaceStays);

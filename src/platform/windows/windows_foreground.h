@@ -4,11 +4,11 @@
 
 namespace paneda {
 
-// The foreground window. The system lets only that program change it which had the last input, or which the
-// user works with; a call by the middle button, of which this program gets no message, gives no such right.
-// So activation tries in turn: the plain call; the same after an input without effect, which makes this
-// program the one with the last input; the same with the input queue of the foreground window's thread joined
-// to its own, unless that hangs. If all fails, the window is at least raised.
+// The foreground window. The system lets only the program change it that got the last input or that the user
+// works with. A call by the middle button gives no such right, because this program gets no message of it. So
+// activation tries in turn: the plain call; the call after an input without effect, which makes this the
+// program with the last input; the call with the input queue of the foreground window's thread attached,
+// unless that thread hangs. If all fail, the window is only raised.
 class WindowsForeground : public Foreground {
 public:
     WId ActiveWindow() override;

@@ -40,7 +40,7 @@ MiddleButtonLook WindowsPointer::LookAtMiddleButton() {
 }
 
 QPoint WindowsPointer::Position() {
-    // Asks the system at once, and turns the place into the units in which windows and screens are measured.
+    // Qt asks the system at each call and converts the place to the coordinates of windows.
     return QCursor::pos();
 }
 

@@ -4,8 +4,8 @@
 
 namespace paneda {
 
-// The mouse by asking the system for the state of its middle button. The system remembers that the button was
-// pressed since the last look, but not how often: two presses between the same two looks count as one.
+// The mouse by the system's key states. The system remembers that the middle button was pressed since the
+// last look, but not how often: two presses between the same two looks count as one.
 class WindowsPointer : public Pointer {
 public:
     bool CanSee() const override { return true; }

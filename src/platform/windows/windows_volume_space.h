@@ -4,7 +4,7 @@
 
 namespace paneda {
 
-// Label and room of a drive. One without a medium is passed over in silence.
+// Label and space of a drive. An empty drive gives empty values; the system shows no message.
 class WindowsVolumeSpace : public DriveSpace {
 public:
     VolumeSpace SpaceOf(const QString& root) override;
