@@ -4,8 +4,6 @@
 
 #include <QTest>
 
-#include <algorithm>
-
 using namespace paneda;
 using namespace Qt::StringLiterals;
 
@@ -14,12 +12,10 @@ class tst_linux_formats : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void entryKeys_data();
     void entryKeys();
     void execLine_data();
     void execLine();
     void mountTable();
-    void struts_data();
     void struts();
 };
 
@@ -32,30 +28,20 @@ QString Keys(const DesktopEntry& entry) {
 
 } // namespace
 
-void tst_linux_formats::entryKeys_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("keys"); // type|name|exec|path|icon|url
-
-    const auto row = [](const char* name, const QByteArray& bytes, const char* keys) {
-        QTest::newRow(name) << bytes << QString::fromUtf8(keys);
-    };
-    row("all keys",
-        "[Desktop Entry]\nType=Application\nName=A\nExec=a\nPath=/p\nIcon=i\nURL=u\nTerminal=true",
-        "Application|A|a|/p|i|u|terminal");
-    row("blanks and CR LF", "[Desktop Entry]\r\n  Name = A b \r\nExec\t=\tx y\r\nTerminal=True\r\n",
-        "|A b|x y|||");
-    row("other groups",
-        "Name=before\n[Desktop Action New]\nExec=no\n[Desktop Entry]\nExec=yes\n"
-        "[Desktop Action Old]\nExec=no\n[desktop entry]\nName=no",
-        "||yes|||");
-    row("escapes", "[Desktop Entry]\nName=a\\sb\\tc\\\\d\\x\\\nPath=/a\\nb", "|a b\tc\\d\\x\\||/a\nb||");
-    row("equals signs", "[Desktop Entry]\nURL=https://a/?b=c=d\n=no\nExec", "|||||https://a/?b=c=d");
-    row("damaged", "[Desktop Entry]\n\xff\xfe=\x80\n=\nTerminal\nIcon=i\n[Desktop Entry", "||||i|");
-}
-
 void tst_linux_formats::entryKeys() {
-    QFETCH(QByteArray, bytes);
-    QTEST(Keys(ParseDesktopEntry(bytes)), "keys");
+    // type|name|exec|path|icon|url
+    const std::pair<QByteArray, const char*> rows[] = {
+        {"[Desktop Entry]\nType=Application\nName=A\nExec=a\nPath=/p\nIcon=i\nURL=u\nTerminal=true",
+         "Application|A|a|/p|i|u|terminal"},
+        {"[Desktop Entry]\r\n  Name = A b \r\nExec\t=\tx y\r\nTerminal=True\r\n", "|A b|x y|||"},
+        {"Name=before\n[Desktop Action New]\nExec=no\n[Desktop Entry]\nExec=yes\n"
+         "[Desktop Action Old]\nExec=no\n[desktop entry]\nName=no",
+         "||yes|||"},
+        {"[Desktop Entry]\nName=a\\sb\\tc\\\\d\\x\\\nPath=/a\\nb", "|a b\tc\\d\\x\\||/a\nb||"},
+        {"[Desktop Entry]\n\xff\xfe=\x80\n=\nTerminal\nIcon=i\n[Desktop Entry", "||||i|"},
+    };
+    for (const auto& [bytes, keys] : rows)
+        QCOMPARE(Keys(ParseDesktopEntry(bytes)), QString::fromUtf8(keys));
 }
 
 void tst_linux_formats::execLine_data() {
@@ -105,34 +91,21 @@ void tst_linux_formats::mountTable() {
     QCOMPARE(MountPointsOf({}), QStringList());
 }
 
-void tst_linux_formats::struts_data() {
-    QTest::addColumn<QList<quint32>>("strut");
-    QTest::addColumn<QRect>("first");  // what is left of a screen of 800 x 1000
-    QTest::addColumn<QRect>("second"); // of one of 600 x 600 at its right, 100 lower
-
+void tst_linux_formats::struts() {
     const QRect first(0, 0, 800, 1000);
     const QRect second(800, 100, 600, 600);
-    using Numbers = QList<quint32>;
-    QTest::newRow("bottom of the first")
-        << Numbers{0, 0, 0, 30, 0, 0, 0, 0, 0, 0, 0, 799} << first.adjusted(0, 0, 0, -30) << second;
-    QTest::newRow("bottom of the second, counted from the display's")
-        << Numbers{0, 0, 0, 330, 0, 0, 0, 0, 0, 0, 800, 1399} << first << second.adjusted(0, 0, 0, -30);
-    QTest::newRow("left of the second, across the first")
-        << Numbers{850, 0, 0, 0, 100, 699, 0, 0, 0, 0, 0, 0} << first << second.adjusted(50, 0, 0, 0);
-    QTest::newRow("right of the second and left of the first")
-        << Numbers{20, 70, 0, 0, 0, 999, 0, 999, 0, 0, 0, 0} << first.adjusted(20, 0, 0, 0)
-        << second.adjusted(0, 0, -70, 0);
-    QTest::newRow("more than the display")
-        << Numbers{4'000'000'000, 0, 0, 0, 0, 4'000'000'000, 0, 0, 0, 0, 0, 0} << first << second;
-}
-
-void tst_linux_formats::struts() {
-    QFETCH(QList<quint32>, strut);
-    Strut numbers;
-    std::copy(strut.begin(), strut.end(), numbers.begin());
-    const QSize display(1400, 1000);
-    QTEST(WithoutStruts({0, 0, 800, 1000}, display, {numbers}), "first");
-    QTEST(WithoutStruts({800, 100, 600, 600}, display, {numbers}), "second");
+    const auto left = [&](const Strut& strut) {
+        const QSize display(1400, 1000);
+        return std::pair(WithoutStruts(first, display, {strut}), WithoutStruts(second, display, {strut}));
+    };
+    QCOMPARE(left({0, 0, 0, 30, 0, 0, 0, 0, 0, 0, 0, 799}), std::pair(first.adjusted(0, 0, 0, -30), second));
+    // Counted from the display's bottom, and across the first screen.
+    QCOMPARE(left({0, 0, 0, 330, 0, 0, 0, 0, 0, 0, 800, 1399}),
+             std::pair(first, second.adjusted(0, 0, 0, -30)));
+    QCOMPARE(left({850, 0, 0, 0, 100, 699, 0, 0, 0, 0, 0, 0}),
+             std::pair(first, second.adjusted(50, 0, 0, 0)));
+    // More than the display has.
+    QCOMPARE(left({4'000'000'000, 0, 0, 0, 0, 4'000'000'000, 0, 0, 0, 0, 0, 0}), std::pair(first, second));
 }
 
 QTEST_GUILESS_MAIN(tst_linux_formats)

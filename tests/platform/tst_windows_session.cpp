@@ -184,8 +184,6 @@ void tst_windows_session::commandsOfOld() {
     QCOMPARE(DdeCommandText(QByteArray("[A]\0x", 5)), u"[A]"_s);
     QCOMPARE(DdeCommandText(QByteArray("[\0A\0\0\0x\0", 8)), u"[A"_s);
     QCOMPARE(DdeCommandText(QByteArray("[\0\xE9\0]", 5)), u"[\u00E9"_s); // cut in the middle
-    QCOMPARE(DdeCommandText(QByteArray("[", 1)), u"["_s);
-    QCOMPARE(DdeCommandText({}), QString());
 }
 
 void tst_windows_session::nextInstanceAnswers() {
@@ -225,13 +223,6 @@ void tst_windows_session::hotkey() {
     keys.Unregister();
     QTest::qWait(200);
     QCOMPARE(presses, 1);
-    // Registered anew from within the call, as a reload of the panel does.
-    const auto again = [&] { keys.Register(kHotkeyCtrl | kHotkeyAlt, kKey, [&presses] { presses += 10; }); };
-    QCOMPARE(keys.Register(kHotkeyCtrl | kHotkeyAlt, kKey, again), Hotkey::Answer::Registered);
-    pressKey();
-    QTest::qWait(200);
-    pressKey();
-    QTRY_COMPARE(presses, 11);
 }
 
 void tst_windows_session::hotkeyAnswers() {
@@ -265,9 +256,6 @@ void tst_windows_session::foreground() {
     ShowWindow(second.get(), SW_MINIMIZE);
     front.Activate(WId(second.get()));
     QTRY_COMPARE(front.ActiveWindow(), WId(second.get()));
-    QVERIFY(!IsIconic(second.get()));
-    front.Activate(0);
-    QCOMPARE(front.ActiveWindow(), WId(second.get()));
 }
 
 void tst_windows_session::taskbarThatComesAnew() {
