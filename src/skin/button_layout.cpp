@@ -94,7 +94,8 @@ LinePlace PlaceLine(const ButtonStyle& style, const ButtonLayout& layout, const 
     const double spareY = size.Height - lineCount * lineHeight;
     const Column column = AlignColumn(style.LabelAlignment);
     const Row row = AlignRow(style.LabelAlignment);
-    double x = column == Column::Left ? 0 : column == Column::Centre ? spareX / 2 : spareX;
+    // Of a line that is too wide the beginning says most.
+    double x = column == Column::Left ? 0 : std::max(column == Column::Centre ? spareX / 2 : spareX, 0.0);
     const double y = row == Row::Top ? 0 : row == Row::Centre ? spareY / 2 : spareY;
     if (style.LabelPosition == LabelPlace::RightOfIcon)
         x += layout.LabelIndent;

@@ -35,7 +35,7 @@ struct LabelFontChoice {
 LabelFontChoice ChooseLabelFont(const ButtonStyle& style);
 
 // The place of one line of a sharp label, in twips from the button's top left corner. `lineWidth` is the
-// line's width in twips.
+// line's width in twips; a line wider than its room begins where the room does.
 struct LinePlace {
     int Left = 0;
     int Top = 0;

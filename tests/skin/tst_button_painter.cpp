@@ -117,6 +117,9 @@ void TestButtonPainter::PlacesSharpLines() {
     QCOMPARE(place(QStringLiteral("3113100261"), 0, 1), QPoint(1560 - 300 - 510, 165));
     QCOMPARE(place(QStringLiteral("3111200321"), 0, 3), QPoint(630, 0));
     QCOMPARE(place(QStringLiteral("3111200341"), 0, 3), QPoint(0, -7));
+    // A line that is too wide begins where its room does.
+    const ButtonStyle narrow = DecodeStyle(u"1111111391");
+    QCOMPARE(PlaceLine(narrow, LayOutButton(narrow, {480, 480}), {480, 480}, 600, 0, 1).Left, 0);
 }
 
 void TestButtonPainter::IconLandsByItsCode() {
