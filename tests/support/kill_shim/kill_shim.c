@@ -8,8 +8,9 @@
  *                       "torn"    as "kill", but the first half of a write reaches the file
  *                       "ENOSPC"  that call alone fails, with this error ("EIO" likewise)
  *                       "ENOSPC+" that call and all behind it fail ("EIO+" likewise)
- *   PANEDA_KILL_NAMED   any text: files without a name (O_TMPFILE) are refused, as by the file systems of
- * sticks PANEDA_KILL_LOG     file outside of the folder, gets a line "number call path" for each counted call
+ *   PANEDA_KILL_NAMED   any text: files without a name (O_TMPFILE) are refused, as on the file systems of
+ *                       sticks
+ *   PANEDA_KILL_LOG     file outside of the folder, gets a line "number call path" for each counted call
  *
  * Counted are, on paths below the folder: open, openat and creat that make or empty a file; write, pwrite and
  * writev; copy_file_range, sendfile and ioctl(FICLONE); fsync and fdatasync; truncate and ftruncate; rename,
