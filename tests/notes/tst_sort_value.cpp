@@ -15,7 +15,6 @@ class tst_sort_value : public QObject {
 private Q_SLOTS:
     void chooses_data();
     void chooses();
-    void evenSortsFitTenDigits();
     void renumberingKeepsTheOrder();
 };
 
@@ -29,8 +28,6 @@ void tst_sort_value::chooses_data() {
     using enum NodePosition;
     const QString two = u"0001000000,0002000000"_s;
     QTest::newRow("first of a tree") << Below << u"0000000000"_s << u""_s << u"0001000000"_s << false;
-    QTest::newRow("append") << Below << u"0002000000"_s << two << u"0003000000"_s << false;
-    QTest::newRow("between, below") << Below << u"0001000000"_s << two << u"0001500000"_s << false;
     QTest::newRow("above the first") << Above << u"0001000000"_s << two << u"0000500000"_s << false;
     QTest::newRow("a half rounds up")
         << Above << u"0000000005"_s << u"0000000005"_s << u"0000000003"_s << false;
@@ -46,7 +43,6 @@ void tst_sort_value::chooses_data() {
         << Below << u"0001000000"_s << u"0001000000,0001000000,0003000000"_s << u"0002000000"_s << false;
     QTest::newRow("absent sorts first") << Below << u""_s << u",0001000000"_s << u"0000500000"_s << false;
     QTest::newRow("above an absent one") << Above << u""_s << u",0001000000"_s << u"-0000000000.5"_s << true;
-    QTest::newRow("last child") << Child << u"0000000001"_s << two << u"0003000000"_s << false;
     QTest::newRow("the last ten digits") << Child << u""_s << u"9998999999"_s << u"9999999999"_s << false;
 }
 
@@ -57,17 +53,6 @@ void tst_sort_value::chooses() {
     const SortChoice choice = ChooseSort(position, base, NeighbourSort(position, base, level.split(u',')));
     QTEST(choice.Sort, "sort");
     QTEST(choice.Renumber, "renumber");
-}
-
-void tst_sort_value::evenSortsFitTenDigits() {
-    QCOMPARE(EvenSorts(3), (QStringList{u"0001000000"_s, u"0002000000"_s, u"0003000000"_s}));
-    for (const int count : {9'999, 10'000, 250'000}) {
-        const QStringList sorts = EvenSorts(std::size_t(count));
-        QCOMPARE(sorts.size(), count);
-        QVERIFY(std::adjacent_find(sorts.begin(), sorts.end(), [](const QString& a, const QString& b) {
-                    return a.size() != 10 || b.size() != 10 || CompareText(a, b) >= 0;
-                }) == sorts.end());
-    }
 }
 
 // Killed behind any write, a level stands in its order, equal texts by place.
