@@ -99,7 +99,7 @@ private:
     // Nothing for a row that is not shown. Expands a collapsed target that gets a child.
     std::optional<Goal> GoalOf(int targetRow, NodePosition position);
     static SortChoice ChooseFor(const Goal& goal, const SiblingScan& scan);
-    // Whether a text is too long to be stored; the user has then been told which.
+    // Whether a text is too long to be stored; if so, the user is shown which one.
     bool IsTooLong(const PendingNode& pending, bool setsLink, const QString& folder) const;
     int AddNode(int targetRow, const PendingNode& pending);
     int PlaceNode(int targetRow, const PendingNode& pending, const MovingNode& moving);
