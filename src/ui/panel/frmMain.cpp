@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace paneda {
 
@@ -159,10 +160,15 @@ void frmMain::CheckStore() {
                  [this](CatalogueList found) { FollowStore(std::move(found)); });
 }
 
-// The store or the skin was changed by hand. The window stays: hidden, shown or with its menu open.
+// The store or the skin was changed by hand. The window stays as it is: hidden, shown or with its menu open.
 void frmMain::FollowStore(CatalogueList catalogue) {
     if (unloaded_)
         return;
+    // Under X11 a minimized window that is resized comes up.
+    if (isMinimized()) {
+        waiting_ = std::move(catalogue);
+        return;
+    }
     const QString opened =
         opened_.Index < 0 ? QString() : state_.Catalogue[std::size_t(opened_.Index)].FolderName;
     state_.Catalogue = std::move(catalogue);
@@ -390,6 +396,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 bool frmMain::event(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange && waiting_ && !isMinimized())
+        FollowStore(*std::exchange(waiting_, std::nullopt));
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         ShowToolTip(help->pos(), help->globalPos());

@@ -30,6 +30,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace paneda {
 
@@ -132,6 +133,7 @@ private:
     QTimer prepare_;      // ticks while pictures are left to prepare
     QTimer drivesChange_; // runs while mounts follow one another
     StoreCheck check_;
+    std::optional<CatalogueList> waiting_; // found while the panel is minimized
     PanelGeometry geometry_;
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;
