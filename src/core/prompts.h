@@ -14,6 +14,10 @@ public:
 
     // A Yes and No question; No is the default button. True for Yes.
     virtual bool Confirm(const QString& text, const QString& title) = 0;
+
+    // Lets the user choose a file that exists, beginning in a folder (host paths; an empty folder stands for
+    // the one of the last choice). Empty when the user chose none.
+    virtual QString ChooseFile(const QString& title, const QString& folder) = 0;
 };
 
 } // namespace paneda

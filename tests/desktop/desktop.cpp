@@ -1,5 +1,7 @@
 #include "desktop/desktop.h"
 
+#include "ui/common/qt_prompts.h"
+
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPixmap>
@@ -129,13 +131,13 @@ QImage WindowPicture(const QString& window) {
 
 QImage PictureOfBox(const QString& title, const QString& text) {
     constexpr int kPainted = 3; // colours; a window that is mapped and not painted has one or two
-    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok);
-    box.show();
-    const QString window = QString::number(box.winId());
+    const auto box = MakeNotice(title, text, nullptr);
+    box->show();
+    const QString window = QString::number(box->winId());
     QImage picture;
     const auto settles = [&] {
         const QImage last = std::exchange(picture, WindowPicture(window));
-        return box.isActiveWindow() && last == picture && CountColours(picture) >= kPainted;
+        return box->isActiveWindow() && last == picture && CountColours(picture) >= kPainted;
     };
     return QTest::qWaitFor(settles, 10'000) ? picture : QImage();
 }

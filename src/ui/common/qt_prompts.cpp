@@ -3,6 +3,8 @@
 #include "core/text/text_rules.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 
 namespace paneda {
@@ -16,11 +18,22 @@ QString WithLineFeeds(QString text) {
 
 } // namespace
 
+std::unique_ptr<QMessageBox> MakeNotice(const QString& title, const QString& text, QWidget* parent) {
+    auto box = std::make_unique<QMessageBox>(QMessageBox::NoIcon, title, WithLineFeeds(text), QMessageBox::Ok,
+                                             parent);
+    box->setTextFormat(Qt::PlainText);
+    // Qt indents the text of a box without an icon.
+    auto* grid = qobject_cast<QGridLayout*>(box->layout());
+    QLayoutItem* first = grid ? grid->itemAtPosition(0, 0) : nullptr;
+    if (first && first->spacerItem()) {
+        first->spacerItem()->changeSize(0, 0);
+        grid->setHorizontalSpacing(0);
+    }
+    return box;
+}
+
 void QtPrompts::Notice(const QString& text, const QString& title) {
-    QMessageBox box(QMessageBox::NoIcon, IfEmpty(title, productName_), WithLineFeeds(text), QMessageBox::Ok,
-                    QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    MakeNotice(IfEmpty(title, productName_), text, QApplication::activeWindow())->exec();
 }
 
 bool QtPrompts::Confirm(const QString& text, const QString& title) {
@@ -29,6 +42,10 @@ bool QtPrompts::Confirm(const QString& text, const QString& title) {
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
+}
+
+QString QtPrompts::ChooseFile(const QString& title, const QString& folder) {
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, folder);
 }
 
 } // namespace paneda

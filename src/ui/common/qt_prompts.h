@@ -4,6 +4,11 @@
 
 #include <QString>
 
+#include <memory>
+
+class QMessageBox;
+class QWidget;
+
 namespace paneda {
 
 // Prompts as message boxes, in front of the active window.
@@ -13,9 +18,13 @@ public:
 
     void Notice(const QString& text, const QString& title) override;
     bool Confirm(const QString& text, const QString& title) override;
+    QString ChooseFile(const QString& title, const QString& folder) override;
 
 private:
     QString productName_;
 };
+
+// The message box of a notice, not shown yet.
+std::unique_ptr<QMessageBox> MakeNotice(const QString& title, const QString& text, QWidget* parent);
 
 } // namespace paneda
