@@ -408,16 +408,15 @@ bool frmMain::event(QEvent* event) {
 
 void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) const {
     const HitArea area = HitTest(hitAreas_, local);
-    if (area.What != HitArea::Kind::Button) {
-        QToolTip::hideText();
-        return;
+    QString tip = SignToolTip(area.What);
+    if (area.What == HitArea::Kind::Button) {
+        const ButtonEntry& button = ButtonAt(area);
+        tip = look_->DriveTip(button.ControlIndex);
+        if (tip.isEmpty())
+            tip = ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
+                                look_->CutsLabel(button, area.Rect.size()));
     }
-    const ButtonEntry& button = ButtonAt(area);
-    QString tip = look_->DriveTip(button.ControlIndex);
-    if (tip.isEmpty())
-        tip = ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
-                            look_->CutsLabel(button, area.Rect.size()));
-    // As text, whatever marks a description holds.
+    // As text, whatever marks a description holds. An empty text hides the tip that is shown.
     QToolTip::showText(global, tip.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")),
                        const_cast<frmMain*>(this), area.Rect);
 }

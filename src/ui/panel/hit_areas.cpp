@@ -24,6 +24,19 @@ std::vector<HitArea> HitAreasOf(const std::vector<QRect>& frame, const PanelGeom
     return areas;
 }
 
+QString SignToolTip(HitArea::Kind area) {
+    switch (area) {
+    case HitArea::Kind::Hide:
+        return QStringLiteral("Hide the panel");
+    case HitArea::Kind::Menu:
+        return QStringLiteral("Menu");
+    case HitArea::Kind::Logo:
+        return QStringLiteral("Paneda on the web");
+    default:
+        return {};
+    }
+}
+
 HitArea HitTest(const std::vector<HitArea>& areas, const QPoint& point) {
     const auto found = std::find_if(areas.rbegin(), areas.rend(),
                                     [&point](const HitArea& area) { return area.Rect.contains(point); });

@@ -4,6 +4,7 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QString>
 
 #include <vector>
 
@@ -26,6 +27,9 @@ struct HitArea {
 // category shows: a piece that reaches into the panel leaves those to be pressed.
 std::vector<HitArea> HitAreasOf(const std::vector<QRect>& frame, const PanelGeometry& geometry,
                                 const OpenedCategory& opened);
+
+// The tool tip of a sign or the logo; empty for every other area.
+QString SignToolTip(HitArea::Kind area);
 
 // The area at a point; one of kind None where there is none. A later area lies above an earlier one.
 HitArea HitTest(const std::vector<HitArea>& areas, const QPoint& point);
