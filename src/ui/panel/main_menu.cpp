@@ -37,26 +37,26 @@ int ItemOfTreeOpacity(double opacity) {
 
 MainMenu::MainMenu(const MenuActions& actions, double treeOpacity, QWidget* parent) : QMenu(parent) {
     setObjectName(QStringLiteral("mnuMenu"));
-    AddItem(*this, QStringLiteral("mnuOrganiseButton"), QStringLiteral("Organize Button"),
+    AddItem(*this, QStringLiteral("mnuOrganiseButton"), QStringLiteral("&Organize Button"),
             actions.OrganiseButton);
-    AddItem(*this, QStringLiteral("mnuSetting"), QStringLiteral("Settings"), actions.Setting);
-    AddItem(*this, QStringLiteral("mnuHelp"), QStringLiteral("Help"), actions.Help);
-    AddItem(*this, QStringLiteral("mnuSkin"), QStringLiteral("Change Skin"), actions.Skin);
+    AddItem(*this, QStringLiteral("mnuSetting"), QStringLiteral("&Settings"), actions.Setting);
+    AddItem(*this, QStringLiteral("mnuHelp"), QStringLiteral("&Help"), actions.Help);
+    AddItem(*this, QStringLiteral("mnuSkin"), QStringLiteral("Change S&kin"), actions.Skin);
     AddTreeOpacity(actions.TreeOpacity, treeOpacity);
-    AddItem(*this, QStringLiteral("mnuCountdown"), QStringLiteral("Countdown"), actions.Countdown);
+    AddItem(*this, QStringLiteral("mnuCountdown"), QStringLiteral("&Countdown"), actions.Countdown);
     AddLine(*this, QStringLiteral("mnuSeparator2"));
-    AddItem(*this, QStringLiteral("mnuAbout"), QStringLiteral("About"), actions.About);
-    AddItem(*this, QStringLiteral("mnuDonate"), QStringLiteral("Donate"), actions.Donate);
-    AddItem(*this, QStringLiteral("mnuClose"), QStringLiteral("Goodbye, Paneda Launcher"), actions.Close);
+    AddItem(*this, QStringLiteral("mnuAbout"), QStringLiteral("&About"), actions.About);
+    AddItem(*this, QStringLiteral("mnuDonate"), QStringLiteral("&Donate"), actions.Donate);
+    AddItem(*this, QStringLiteral("mnuClose"), QStringLiteral("&Goodbye, Paneda Launcher"), actions.Close);
 }
 
 void MainMenu::AddTreeOpacity(const std::function<void(double)>& choose, double treeOpacity) {
-    QMenu* menu = addMenu(QStringLiteral("Tree Opacity"));
+    QMenu* menu = addMenu(QStringLiteral("&Tree Opacity"));
     menu->menuAction()->setObjectName(QStringLiteral("mnuTreeOpacity"));
     menu->menuAction()->setEnabled(bool(choose));
     auto* group = new QActionGroup(menu);
     for (int i = 0; i < kOpacityItems; ++i) {
-        QAction* action = menu->addAction(QStringLiteral("%1 %").arg((kOpacityItems - i) * 10));
+        QAction* action = menu->addAction(QStringLiteral("&%1 %").arg((kOpacityItems - i) * 10));
         action->setObjectName(QStringLiteral("mnuTreeOpacityPercent") + QString::number(i));
         action->setCheckable(true);
         action->setChecked(i == ItemOfTreeOpacity(treeOpacity));
@@ -69,9 +69,9 @@ void MainMenu::AddTreeOpacity(const std::function<void(double)>& choose, double 
 LogoMenu::LogoMenu(const MenuActions& actions, QWidget* parent) : QMenu(parent) {
     setObjectName(QStringLiteral("mnuPanedaCom"));
     setTitle(QStringLiteral("Panedacom"));
-    AddItem(*this, QStringLiteral("mnuHomepage"), QStringLiteral("Paneda Homepage"), actions.Homepage);
-    AddItem(*this, QStringLiteral("mnuWebSearch"), QStringLiteral("Web Search"), actions.WebSearch);
-    AddItem(*this, QStringLiteral("mnuWallpapers"), QStringLiteral("Wallpapers of the Day"),
+    AddItem(*this, QStringLiteral("mnuHomepage"), QStringLiteral("Paneda &Homepage"), actions.Homepage);
+    AddItem(*this, QStringLiteral("mnuWebSearch"), QStringLiteral("Web &Search"), actions.WebSearch);
+    AddItem(*this, QStringLiteral("mnuWallpapers"), QStringLiteral("&Wallpapers of the Day"),
             actions.Wallpapers);
     // At the end of a menu it is not drawn.
     AddLine(*this, QStringLiteral("mnuSeparator1"));
