@@ -38,7 +38,8 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath)
                              .ExecutablePath = executablePath_,
                              .ReloadPanel = [this] { ReloadPanel(); },
                              .Scene = [this] { return Scene(); },
-                             .TrayIcons = {}};
+                             .TrayIcons = {},
+                             .RunsWindowsPrograms = platform_.RunsWindowsPrograms};
     const auto close = [this] {
         state_.Exiting = true;
         panel_->close();
@@ -98,8 +99,12 @@ void MainProgram::ReloadPanel() {
     panel_.reset();
     state_.IgnoreCache = true;
     LoadPanel();
+    // The dialog that changed the store keeps the focus.
+    panel_->setAttribute(Qt::WA_ShowWithoutActivating);
     panel_->ShowAtStart();
-    panel_->Form_LinkExecute({});
+    panel_->showNormal();
+    panel_->raise();
+    panel_->setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 void MainProgram::LoadPanel() {

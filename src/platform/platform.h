@@ -40,6 +40,8 @@ struct Platform {
     std::unique_ptr<paneda::Autostart> Autostart;
     std::unique_ptr<paneda::SoundPlayer> SoundPlayer;
     std::unique_ptr<paneda::Termination> Termination;
+    // Programs made for Windows can be started, which a store that comes from there may name.
+    bool RunsWindowsPrograms = false;
 };
 
 // The one of the system that the program is built for.

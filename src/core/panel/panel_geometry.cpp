@@ -16,13 +16,12 @@ constexpr int kMinHeightWithTree = 1800; // without bars
 constexpr int kHeaderGap = 60;
 constexpr int kUpperLaneOffset = -15;
 constexpr int kLowerLaneOffset = 255;
-constexpr double kNarrowest = 0.5; // units
 
 // At most what the screen can show; what is not a number counts as the narrowest width.
 double HeldButtonsPerRow(const LayoutInput& input) {
     const int room = input.Screen.Width - input.Metrics.Margins.Left - input.Metrics.Margins.Right - kUnitGap;
     const double widest = std::max(std::floor(double(room) / kUnitStep), 1.0);
-    return input.ButtonsPerRow >= kNarrowest ? std::min(input.ButtonsPerRow, widest) : kNarrowest;
+    return input.ButtonsPerRow >= kFewestButtonsPerRow ? std::min(input.ButtonsPerRow, widest) : kFewestButtonsPerRow;
 }
 
 int CountRows(const GroupEntry& group, double buttonsPerRow) {

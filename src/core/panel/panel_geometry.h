@@ -30,6 +30,9 @@ struct ScreenMetrics {
     int WorkAreaTop = 0;
 };
 
+// The narrowest panel, in button units; any smaller number counts as this one.
+inline constexpr double kFewestButtonsPerRow = 0.5;
+
 // What the layout is made from besides the catalogue.
 struct LayoutInput {
     double ButtonsPerRow = 5;

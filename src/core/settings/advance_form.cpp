@@ -25,11 +25,12 @@ BrowserChoice ChoiceOf(const QString& browser) {
 
 } // namespace
 
-AdvanceForm ReadAdvanceForm(const IniText& settings, const AppState& state) {
+AdvanceForm ReadAdvanceForm(const IniText& settings, const AppState& state, bool runsWindowsPrograms) {
     AdvanceForm form;
     form.Browser = ChoiceOf(state.Browser);
     if (form.Browser == BrowserChoice::Other)
         form.OtherBrowser = state.Browser;
+    form.OffersExplorer = runsWindowsPrograms || form.Browser == BrowserChoice::Explorer;
     form.HideOnStartup = settings.Value(setting::kProperties, setting::kHideOnStartup) == u'1';
     const QString icon =
         IfEmpty(settings.Value(setting::kProperties, setting::kSystemTrayIcon), QStringLiteral("1"));

@@ -21,4 +21,8 @@ int KeyOfText(const QString& text);
 // The text of the row of a key; empty if there is none.
 QString TextOfKey(int key);
 
+// True for the keys that are pressed while one types: letters, digits, the number pad, and those that move,
+// delete or end a line. Without Ctrl, Alt or Win a hotkey takes such a key away from all programs.
+bool KeyTypes(int key);
+
 } // namespace paneda

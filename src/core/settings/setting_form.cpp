@@ -49,10 +49,14 @@ ConfigArray DriveValues(const DriveTableFlags& drives) {
     return values;
 }
 
+RecordWrite AutostartRecord(bool on) {
+    return {kRecordAutostart, {qint16(on ? 1 : 0)}};
+}
+
 std::vector<RecordWrite> RecordsOf(const SettingForm& form) {
     return {
         {kRecordDriveTable, DriveValues(form.DriveTable)},
-        {kRecordAutostart, {qint16(form.Autostart ? 1 : 0)}},
+        AutostartRecord(form.Autostart),
         {kRecordButtonsPerRow, {LeadingNumber(form.ButtonsPerRow)}},
         {kRecordHideAfterLaunch, {form.HideAfterLaunch}},
         {kRecordMouseTriggerEnabled, {form.MouseTriggerEnabled}},
@@ -123,25 +127,30 @@ SettingPlan PlanSettings(const SettingForm& form, bool autostartAtLoad) {
     return plan;
 }
 
-std::vector<FileError> WriteSettings(const SettingPlan& plan, const QString& appFolder,
-                                     const AutostartSwitch& setAutostart) {
-    std::vector<FileError> failures;
-    const auto note = [&failures](const FileResult& result) {
+SettingOutcome WriteSettings(const SettingPlan& plan, const QString& appFolder,
+                             const AutostartSwitch& setAutostart) {
+    SettingOutcome outcome;
+    const auto note = [&outcome](const FileResult& result) {
         if (!result)
-            failures.push_back(result.error());
+            outcome.Failures.push_back(result.error());
         return result.has_value();
     };
     const auto writeKey = [&](const KeyWrite& write) {
         note(WriteSetting(appFolder, setting::kProperties, write.Key, write.Value));
     };
+    const QString config = ConfigFilePath(appFolder);
     writeKey(plan.First);
-    if (!note(WriteRecords(plan.Records, ConfigFilePath(appFolder))))
-        return failures;
-    if (plan.Autostart)
-        note(setAutostart(*plan.Autostart));
+    outcome.Written = note(WriteRecords(plan.Records, config));
+    if (!outcome.Written)
+        return outcome;
+    const FileResult switched = plan.Autostart ? setAutostart(*plan.Autostart) : FileResult();
+    if (!switched) {
+        outcome.Autostart = switched.error();
+        note(WriteRecords({AutostartRecord(!*plan.Autostart)}, config));
+    }
     for (const KeyWrite& write : plan.Last)
         writeKey(write);
-    return failures;
+    return outcome;
 }
 
 } // namespace paneda

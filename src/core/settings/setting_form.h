@@ -44,7 +44,7 @@ struct RecordWrite {
     ConfigArray Values;
 };
 
-// What a save does, in this order. `config` is replaced behind its last record.
+// What a save does, in this order. `config` is replaced after its last record.
 struct SettingPlan {
     KeyWrite First;
     std::vector<RecordWrite> Records;
@@ -52,7 +52,16 @@ struct SettingPlan {
     std::vector<KeyWrite> Last;
 };
 
-// Registers the program for the start of the desktop session, or takes it away.
+// What became of a save.
+struct SettingOutcome {
+    bool Written = false;               // the records are in `config`, and the panel has to be reloaded
+    std::vector<FileError> Failures;    // of `config` and setting.ini
+    std::optional<FileError> Autostart; // why the session could not be changed
+
+    bool Complete() const { return Written && Failures.empty() && !Autostart; }
+};
+
+// Adds the program to what the desktop session starts (true), or removes it.
 using AutostartSwitch = std::function<FileResult(bool)>;
 
 // The form as the store has it. A record that `config` lacks is taken from the state.
@@ -60,9 +69,9 @@ SettingForm ReadSettingForm(const ConfigFile& config, const IniText& settings, c
 
 SettingPlan PlanSettings(const SettingForm& form, bool autostartAtLoad);
 
-// Does what the plan says and returns what failed. A failure of `config` ends it; one of setting.ini does
-// not.
-std::vector<FileError> WriteSettings(const SettingPlan& plan, const QString& appFolder,
-                                     const AutostartSwitch& setAutostart);
+// Carries the plan out. It ends when `config` cannot be written; after any other failure it goes on. When the
+// session cannot be changed, record 3 gets its former value back.
+SettingOutcome WriteSettings(const SettingPlan& plan, const QString& appFolder,
+                             const AutostartSwitch& setAutostart);
 
 } // namespace paneda

@@ -35,6 +35,7 @@ Platform MakePlatform() {
     platform.Autostart = std::make_unique<RunKeyAutostart>();
     platform.SoundPlayer = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MciWorker>);
     platform.Termination = std::make_unique<SessionTermination>();
+    platform.RunsWindowsPrograms = true;
     return platform;
 }
 

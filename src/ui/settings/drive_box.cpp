@@ -2,6 +2,8 @@
 
 #include "core/text/twips.h"
 
+#include <QButtonGroup>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -20,10 +22,10 @@ constexpr int kWidth = TwipsToPixels(270);
 
 } // namespace
 
-DriveBox::DriveBox(const QString& text, QWidget* parent) : QAbstractButton(parent) {
+DriveBox::DriveBox(const QString& text, bool tabStop, QWidget* parent) : QAbstractButton(parent) {
     setText(text);
     setCheckable(true);
-    setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -35,6 +37,23 @@ QSize DriveBox::sizeHint() const {
 
 QColor DriveBox::BackColour() const {
     return QColor(isChecked() ? kChosen : kNotChosen);
+}
+
+void DriveBox::keyPressEvent(QKeyEvent* event) {
+    const QList<QAbstractButton*> boxes = group() ? group()->buttons() : QList<QAbstractButton*>{this};
+    qsizetype to = boxes.indexOf(this);
+    if (event->key() == Qt::Key_Left)
+        --to;
+    else if (event->key() == Qt::Key_Right)
+        ++to;
+    else if (event->key() == Qt::Key_Home)
+        to = 0;
+    else if (event->key() == Qt::Key_End)
+        to = boxes.size() - 1;
+    else
+        return QAbstractButton::keyPressEvent(event);
+    // Qt makes the box that has the focus the only tab stop of its group.
+    boxes[std::clamp<qsizetype>(to, 0, boxes.size() - 1)]->setFocus(Qt::OtherFocusReason);
 }
 
 void DriveBox::paintEvent(QPaintEvent*) {

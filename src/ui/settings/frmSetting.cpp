@@ -10,9 +10,9 @@
 #include "ui/settings/setting_words.h"
 #include "ui_frmSetting.h"
 
+#include <QButtonGroup>
 #include <QEvent>
 #include <QStyle>
-#include <QTimer>
 
 namespace paneda {
 
@@ -37,9 +37,12 @@ frmSetting::frmSetting(AppState& state, SettingServices services, QWidget* paren
         ui_->cboOtherKey->addItem(row.Text, row.Key);
     ui_->lblNoHotkey->setText(NoHotkeyText());
     ui_->lblNoHotkey->setVisible(services_.Hotkey.Kind() == Hotkey::Means::None);
-    ui_->lblAdvance->setText(LinkText(QStringLiteral("Please show me the advance settings dialog")));
     connect(ui_->lblSave, &QPushButton::clicked, this, &frmSetting::lblSave_Click);
-    connect(ui_->lblAdvance, &QLabel::linkActivated, this, &frmSetting::lblAdvance_Click);
+    connect(ui_->lblAdvance, &QPushButton::clicked, this, &frmSetting::lblAdvance_Click);
+    replyTimer_.setSingleShot(true);
+    replyTimer_.setInterval(kReplyTime);
+    connect(&replyTimer_, &QTimer::timeout, ui_->lblReply, &QLabel::clear);
+    connect(ui_->txtButtonsPerRow, &QLineEdit::textChanged, this, &frmSetting::ShowHint);
     DressAsPaper();
 }
 
@@ -47,10 +50,14 @@ frmSetting::~frmSetting() = default;
 
 void frmSetting::AddDriveBoxes() {
     QWidget* before = ui_->chkHideAfterLaunch;
-    const auto add = [this, &before](const QString& text, const QString& name, const QString& toolTip) {
-        auto* box = new DriveBox(text, ui_->picPaper);
+    auto* group = new QButtonGroup(this);
+    group->setExclusive(false);
+    const auto add = [&](const QString& text, const QString& name, const QString& toolTip) {
+        auto* box = new DriveBox(text, group->buttons().isEmpty(), ui_->picPaper);
         box->setObjectName(name);
         box->setToolTip(toolTip);
+        box->setAccessibleName(toolTip);
+        group->addButton(box);
         ui_->layDrives->addWidget(box);
         setTabOrder(before, box);
         before = box;
@@ -67,12 +74,16 @@ void frmSetting::AddDriveBoxes() {
             QStringLiteral("Select '9' to show the information of the drive which Paneda located, useful "
                            "for portable drive"));
     ui_->layDrives->addStretch();
+    ui_->lblText8->setBuddy(txtDrive_[1]);
 }
 
 void frmSetting::DressAsPaper() {
     ui_->picPaper->setBackgroundRole(kPaperRole);
     ui_->picPaper->setPalette(PaperPalette(palette()));
     ui_->picPaper->setFont(PaperFont(font(), 1.1));
+    ui_->lblButtonsPerRow->setFont(font());
+    // A style sheet keeps the paper's font out.
+    ui_->lblAdvance->setFont(PaperFont(font(), 1.1));
     ui_->lblDear->setFont(PaperFont(font(), 1.7));
     ui_->lblSave->setMinimumSize(ui_->lblSave->sizeHint() + QSize(28, 8));
     const int digit = ui_->txtButtonsPerRow->fontMetrics().horizontalAdvance(u'0');
@@ -87,6 +98,7 @@ void frmSetting::Form_Load() {
     const ConfigFile config = ConfigFile::Load(ConfigFilePath(state_.AppFolder)).value_or(ConfigFile());
     const SettingForm form = ReadSettingForm(config, ReadIniFile(SettingIniFile(state_.AppFolder)), state_);
     autostartAtLoad_ = form.Autostart;
+    answeredQuestion_ = HotkeyQuestion(form);
     ShowForm(form);
     FitToScreen();
     PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
@@ -97,7 +109,7 @@ void frmSetting::FitToScreen() {
     // The layouts still hold the sizes of the font before.
     ui_->picPaper->layout()->activate();
     ui_->picDesk->layout()->activate();
-    const QSize wanted = ui_->picDesk->sizeHint();
+    const QSize wanted = ui_->picDesk->sizeHint() + QSize(0, ui_->laySave->sizeHint().height());
     const PlaceScene scene = services_.Scene();
     const QSize room = QSize(TwipsToPixels(scene.Screen.Width),
                              TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top)) -
@@ -153,37 +165,56 @@ SettingForm frmSetting::TypedForm() const {
     return form;
 }
 
+void frmSetting::ShowHint() {
+    const NumberHint hint = ButtonsPerRowHint(ui_->txtButtonsPerRow->text());
+    ui_->lblButtonsPerRow->setText(hint.Text);
+    ui_->lblButtonsPerRow->setForegroundRole(hint.Usual ? QPalette::PlaceholderText : QPalette::WindowText);
+}
+
 void frmSetting::lblSave_Click() {
     const SettingForm form = TypedForm();
-    const auto failures = WriteSettings(PlanSettings(form, autostartAtLoad_), state_.AppFolder,
-                                        [this](bool on) { return SetAutoStart(on); });
-    if (!failures.empty()) {
-        services_.Prompts.Notice(QStringLiteral("The change could not be applied:\n\n") +
-                                 FailureText(failures));
+    const QString question = HotkeyQuestion(form);
+    if (!question.isEmpty() && question != answeredQuestion_ && !services_.Prompts.Confirm(question, {}))
+        return;
+    const SettingOutcome outcome = WriteSettings(PlanSettings(form, autostartAtLoad_), state_.AppFolder,
+                                                 [this](bool on) { return SetAutoStart(on); });
+    const QString problem = SaveProblem(outcome, form.Autostart);
+    if (!outcome.Written) {
+        services_.Prompts.Notice(problem);
         return;
     }
-    autostartAtLoad_ = form.Autostart;
+    answeredQuestion_ = question;
+    // Where the session could not be changed the box shows what holds.
+    ui_->chkAutoStart->setChecked(autostartAtLoad_);
     services_.ReloadPanel();
-    ui_->lblReply->setText(QStringLiteral("Done."));
-    QTimer::singleShot(kReplyTime, ui_->lblReply, &QLabel::clear);
-    TellHotkeyProblem(form);
+    // The new panel may lie in front.
+    raise();
+    activateWindow();
+    if (problem.isEmpty()) {
+        ui_->lblReply->setText(QStringLiteral("Done."));
+        replyTimer_.start();
+    }
+    for (const QString& notice : {problem, HotkeyProblemNow(form)}) {
+        if (!notice.isEmpty())
+            services_.Prompts.Notice(notice);
+    }
 }
 
 FileResult frmSetting::SetAutoStart(bool on) {
-    return services_.Autostart.Set(on, services_.ExecutablePath);
+    FileResult result = services_.Autostart.Set(on, services_.ExecutablePath);
+    if (result)
+        autostartAtLoad_ = on;
+    return result;
 }
 
-void frmSetting::TellHotkeyProblem(const SettingForm& form) {
+QString frmSetting::HotkeyProblemNow(const SettingForm& form) const {
     // Where there are no means at all the dialog says so already.
-    if (services_.Hotkey.Kind() == Hotkey::Means::None)
-        return;
-    const QString problem = HotkeyProblem(form, services_.Hotkey.State());
-    if (!problem.isEmpty())
-        services_.Prompts.Notice(problem);
+    return services_.Hotkey.Kind() == Hotkey::Means::None ? QString()
+                                                          : HotkeyProblem(form, services_.Hotkey.State());
 }
 
 void frmSetting::lblAdvance_Click() {
-    auto* advance = new frmSettingAdvance(state_, services_.Prompts, services_.TrayIcons, this);
+    auto* advance = new frmSettingAdvance(state_, services_, this);
     advance->setAttribute(Qt::WA_DeleteOnClose);
     advance->Form_Load();
     advance->open();

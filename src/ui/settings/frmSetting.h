@@ -9,6 +9,7 @@
 
 #include <QDialog>
 #include <QIcon>
+#include <QTimer>
 
 #include <array>
 #include <functional>
@@ -38,10 +39,12 @@ struct SettingServices {
     std::function<PlaceScene()> Scene;
     // The tray pictures, number 1 first.
     std::vector<QIcon> TrayIcons;
+    // Programs made for Windows can be started here.
+    bool RunsWindowsPrograms = false;
 };
 
 // The settings, written on a sheet of paper as sentences with controls in them. The dialog outlives a reload
-// of the panel: a save leaves it open, so that the user sees the changed panel and can go on.
+// of the panel: a save leaves it open and in front, so that the user sees the changed panel and can go on.
 //
 // Of a control array each control is named by the array and its index: txtDrive1 to txtDrive26 for A to Z,
 // optMouseKey0 and optMouseKey1.
@@ -67,18 +70,22 @@ private:
     void AddDriveBoxes();
     void DressAsPaper();
     void FitToScreen();
+    void ShowHint();
     std::vector<FlagBinding> Flags() const;
     void ShowForm(const SettingForm& form);
     SettingForm TypedForm() const;
     FileResult SetAutoStart(bool on);
-    void TellHotkeyProblem(const SettingForm& form);
+    QString HotkeyProblemNow(const SettingForm& form) const;
 
     AppState& state_;
     SettingServices services_;
     std::unique_ptr<Ui::frmSetting> ui_;
     std::array<DriveBox*, 27> txtDrive_{};
     DriveBox* txtDrivePaneda_ = nullptr;
+    // Of the hotkey that the dialog was opened with or that was saved last: asked once is enough.
+    QString answeredQuestion_;
     bool autostartAtLoad_ = false;
+    QTimer replyTimer_;
 };
 
 } // namespace paneda

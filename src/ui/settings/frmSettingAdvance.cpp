@@ -2,8 +2,12 @@
 
 #include "core/files/ini_file.h"
 #include "core/store/store_layout.h"
+#include "ui/settings/frmSetting.h"
 #include "ui_frmSettingAdvance.h"
 
+#include <QButtonGroup>
+#include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QToolButton>
 
@@ -16,12 +20,12 @@ constexpr int kIconSide = 22; // pixels
 
 } // namespace
 
-frmSettingAdvance::frmSettingAdvance(AppState& state, Prompts& messages, const std::vector<QIcon>& trayIcons,
-                                     QWidget* parent)
-    : QDialog(parent), state_(state), messages_(messages), ui_(std::make_unique<Ui::frmSettingAdvance>()) {
+frmSettingAdvance::frmSettingAdvance(AppState& state, const SettingServices& services, QWidget* parent)
+    : QDialog(parent), state_(state), services_(services), ui_(std::make_unique<Ui::frmSettingAdvance>()) {
     ui_->setupUi(this);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
-    AddIcons(trayIcons);
+    AddIcons();
+    connect(ui_->cmdBrowse, &QPushButton::clicked, this, &frmSettingAdvance::cmdBrowse_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmSettingAdvance::cmdSave_Click);
     // Whoever types a program means it.
     connect(ui_->txtBrowserOther, &QLineEdit::textEdited, ui_->optBrowserOther,
@@ -30,27 +34,42 @@ frmSettingAdvance::frmSettingAdvance(AppState& state, Prompts& messages, const s
 
 frmSettingAdvance::~frmSettingAdvance() = default;
 
-void frmSettingAdvance::AddIcons(const std::vector<QIcon>& trayIcons) {
+void frmSettingAdvance::AddIcons() {
+    // Without a group of their own Qt counts them to the browsers, and the Tab key passes them over.
+    auto* group = new QButtonGroup(this);
+    QWidget* before = ui_->chkHideOnStartup;
     for (int i = 0; i < kTrayIconCount; ++i) {
-        const QString number = QString::number(i);
         auto* option = new QRadioButton(ui_->fraTray);
-        option->setObjectName(QStringLiteral("optIcon") + number);
+        option->setObjectName(QStringLiteral("optIcon") + QString::number(i));
         option->setAccessibleName(QStringLiteral("Picture ") + QString::number(i + 1));
-        auto* picture = new QToolButton(ui_->fraTray);
-        picture->setObjectName(QStringLiteral("imgIcon") + number);
-        picture->setAutoRaise(true);
-        picture->setFocusPolicy(Qt::NoFocus);
-        picture->setIconSize({kIconSide, kIconSide});
-        if (std::size_t(i) < trayIcons.size())
-            picture->setIcon(trayIcons[std::size_t(i)]);
-        connect(picture, &QToolButton::clicked, option, &QRadioButton::click);
+        group->addButton(option);
+        setTabOrder(before, option);
+        before = option;
         auto* pair = new QHBoxLayout;
-        pair->setSpacing(0);
+        pair->setSpacing(2);
         pair->addWidget(option);
-        pair->addWidget(picture);
+        pair->addWidget(AddPicture(i, *option));
         ui_->layIcons->addLayout(pair, i / kIconColumns, i % kIconColumns);
         optIcon_.push_back(option);
     }
+}
+
+// The picture of an option, which chooses it too. Its frame shows the choice, since the mark of an option
+// without words is small.
+QToolButton* frmSettingAdvance::AddPicture(int index, QRadioButton& option) {
+    auto* picture = new QToolButton(ui_->fraTray);
+    picture->setObjectName(QStringLiteral("imgIcon") + QString::number(index));
+    picture->setCheckable(true);
+    picture->setFocusPolicy(Qt::NoFocus);
+    picture->setIconSize({kIconSide, kIconSide});
+    if (std::size_t(index) < services_.TrayIcons.size())
+        picture->setIcon(services_.TrayIcons[std::size_t(index)]);
+    connect(&option, &QRadioButton::toggled, picture, &QToolButton::setChecked);
+    connect(picture, &QToolButton::clicked, &option, [picture, &option] {
+        option.click();
+        picture->setChecked(true);
+    });
+    return picture;
 }
 
 QRadioButton* frmSettingAdvance::BrowserOption(BrowserChoice choice) const {
@@ -68,7 +87,9 @@ QRadioButton* frmSettingAdvance::BrowserOption(BrowserChoice choice) const {
 }
 
 void frmSettingAdvance::Form_Load() {
-    const AdvanceForm form = ReadAdvanceForm(ReadIniFile(SettingIniFile(state_.AppFolder)), state_);
+    const AdvanceForm form =
+        ReadAdvanceForm(ReadIniFile(SettingIniFile(state_.AppFolder)), state_, services_.RunsWindowsPrograms);
+    ui_->optBrowserIE->setVisible(form.OffersExplorer);
     BrowserOption(form.Browser)->setChecked(true);
     ui_->txtBrowserOther->setText(form.OtherBrowser);
     ui_->chkHideOnStartup->setChecked(form.HideOnStartup);
@@ -90,12 +111,24 @@ AdvanceForm frmSettingAdvance::TypedForm() const {
     return form;
 }
 
+void frmSettingAdvance::cmdBrowse_Click() {
+    const QString present = state_.Drives.ToHost(ui_->txtBrowserOther->text(), state_.AppPath);
+    const QString folder = present.isEmpty() ? QString() : QFileInfo(present).path();
+    const QString chosen =
+        services_.Prompts.ChooseFile(QStringLiteral("Choose the program of your browser"), folder);
+    if (chosen.isEmpty())
+        return;
+    ui_->txtBrowserOther->setText(QDir::toNativeSeparators(chosen));
+    ui_->optBrowserOther->setChecked(true);
+}
+
 void frmSettingAdvance::cmdSave_Click() {
     const std::vector<FileError> failures = WriteAdvanceForm(TypedForm(), state_);
     if (failures.empty())
         close();
     else
-        messages_.Notice(QStringLiteral("The settings could not be saved:\n\n") + FailureText(failures));
+        services_.Prompts.Notice(QStringLiteral("The settings could not be saved:\n\n") +
+                                 FailureText(failures));
 }
 
 } // namespace paneda

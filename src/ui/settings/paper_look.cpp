@@ -4,8 +4,9 @@ namespace paneda {
 
 namespace {
 
-constexpr int kDarkBelow = 128; // lightness of the ground of a text
-constexpr int kDarkPaper = 125; // percent of the window's lightness
+constexpr int kDarkBelow = 128;        // lightness of the ground of a text
+constexpr int kDarkPaper = 125;        // percent of the window's lightness
+constexpr float kNoteStrength = 0.65F; // of the words beside the sentences
 constexpr QRgb kWarmPaper = qRgb(0xFF, 0xFD, 0xF6);
 
 } // namespace
@@ -15,7 +16,10 @@ QPalette PaperPalette(const QPalette& desktop) {
     const bool dark = desktop.color(QPalette::Base).lightness() < kDarkBelow;
     palette.setColor(kPaperRole,
                      dark ? desktop.color(QPalette::Window).lighter(kDarkPaper) : QColor(kWarmPaper));
-    palette.setColor(QPalette::WindowText, desktop.color(QPalette::Text));
+    QColor text = desktop.color(QPalette::Text);
+    palette.setColor(QPalette::WindowText, text);
+    text.setAlphaF(kNoteStrength);
+    palette.setColor(QPalette::PlaceholderText, text);
     return palette;
 }
 
