@@ -109,7 +109,6 @@ private Q_SLOTS:
     void failedAutostart();
     void hotkeys_data();
     void hotkeys();
-    void failedWriteKeepsTheDialog();
     void smallScreen();
     void browsers_data();
     void browsers();
@@ -228,7 +227,6 @@ void TestSettingsDialogs::hotkeys_data() {
     QTest::addColumn<QString>("modifier"); // a box to press
     QTest::addColumn<Answer>("answer");
     QTest::addColumn<QString>("told"); // a part of the notice or question; empty for none
-    const QString taken = u"is not on this keyboard"_s;
     QTest::newRow("F5") << QString() << Answer::Registered << QString();
     QTest::newRow("A") << QString() << Answer::Registered << u"A can then not be typed in any program"_s;
     QTest::newRow("Space Bar") << u"chkShiftKey"_s << Answer::Registered << u"Shift + Space Bar can then"_s;
@@ -262,24 +260,6 @@ void TestSettingsDialogs::hotkeys() {
     scene.Press("lblSave");
     QCOMPARE(scene.Reloads, 2);
     QCOMPARE(scene.Prompts.Shown.size(), 2);
-}
-
-void TestSettingsDialogs::failedWriteKeepsTheDialog() {
-    Scene scene;
-    scene.Open();
-    // A folder in the place of the file fails for every user, root too.
-    const QString path = ConfigFilePath(scene.State.AppFolder);
-    QVERIFY(QFile::remove(path) && QDir().mkpath(path));
-    scene.Get<QLineEdit>("txtUser")->setText(u"Ada"_s);
-    scene.Press("chkAutoStart");
-    scene.Press("lblSave");
-    QVERIFY(scene.Prompts.Shown.value(0).contains(QDir::toNativeSeparators(path) + u": "_s));
-    QCOMPARE(scene.Reloads, 0);
-    QCOMPARE(scene.Autostart.Asked, QStringList());
-    QVERIFY(QDir(path).removeRecursively());
-    scene.Press("lblSave");
-    QVERIFY(scene.Record(kRecordUserName) == ConfigValue(u"Ada"_s));
-    QCOMPARE(scene.Autostart.Asked.size(), 1);
 }
 
 void TestSettingsDialogs::smallScreen() {
