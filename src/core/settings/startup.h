@@ -19,7 +19,7 @@ struct PanelLoad {
     bool CacheValid = false;
     // The rest of a valid cache. Its pictures may be those of another skin than the one to be shown.
     CacheRecord Cache;
-    // What could not be made or written, for one notice to the user. The load goes on without it.
+    // What could not be made or written. None of it ends the load; the user sees all of it in one notice.
     std::vector<FileError> Failures;
 };
 
@@ -29,11 +29,11 @@ struct PanelLoad {
 PanelLoad LoadPanelState(AppState& state);
 
 // Removes the cache file and writes a new one, with the catalogue of the state. Where no cache can be written
-// every start scans; the user is not told.
+// every start scans; no error is shown.
 void WriteCache(const AppState& state, const PictureRecord& pictures);
 
 // Saves what outlives the program: the panel's place, the selection, opacities and the like. Only the panel's
-// place has a failure to tell.
+// place returns a failure.
 FileResult SaveAtExit(const AppState& state);
 
 } // namespace paneda

@@ -12,8 +12,8 @@ namespace paneda {
 class Satellites;
 class WorkAreas;
 
-// Where the panel's window stands: dragged by its frame, snapped to the work area's edges, its satellites
-// behind it.
+// Where the panel's window stands: dragged by its frame, snapped to the work area's edges, followed by its
+// satellites.
 class PanelMotion {
 public:
     PanelMotion(QWidget& window, AppState& state, WorkAreas& areas, Satellites& satellites);

@@ -32,7 +32,7 @@ struct TrayActions {
     std::function<void()> HostChanged;
 };
 
-// The program's icon in the notification area, made anew whenever one appears.
+// The program's icon in the notification area, made again whenever one appears.
 class TrayPresence : public QObject {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ public:
     TrayPresence(TrayHosts& hosts, TrayActions actions);
     ~TrayPresence() override;
 
-    // Makes the icon, or makes it anew, with what the state says.
+    // Makes the icon, or replaces it, with the picture that the state names.
     void InstallTrayIcons(const AppState& state);
     void RemoveTrayIcons();
 

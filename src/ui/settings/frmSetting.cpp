@@ -94,7 +94,7 @@ void frmSetting::DressAsPaper() {
 }
 
 void frmSetting::Form_Load() {
-    // A `config` that cannot be read leaves the state's values in the form; a save tells why.
+    // A `config` that cannot be read leaves the state's values in the form; a save shows the error.
     const ConfigFile config = ConfigFile::Load(ConfigFilePath(state_.AppFolder)).value_or(ConfigFile());
     const SettingForm form = ReadSettingForm(config, ReadIniFile(SettingIniFile(state_.AppFolder)), state_);
     autostartAtLoad_ = form.Autostart;

@@ -33,7 +33,7 @@ struct SettingServices {
     paneda::Autostart& Autostart;
     paneda::Hotkey& Hotkey;
     QString ExecutablePath; // host path, for the start with the session
-    // Builds the panel anew from the store, before it returns.
+    // Builds the panel again from the store. The new panel is there when it returns.
     std::function<void()> ReloadPanel;
     // The panel and its screen as they are now.
     std::function<PlaceScene()> Scene;
