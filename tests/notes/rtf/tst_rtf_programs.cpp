@@ -128,7 +128,7 @@ void TestRtfPrograms::richTextControl() {
 void TestRtfPrograms::fullWordProcessor() {
     const ReadNote note(Sample(QStringLiteral("word.rtf")));
     QCOMPARE(note.Reading.Losses, QStringList());
-    QCOMPARE(note.Block(QStringLiteral("title")).text(), QStringLiteral("\uFFFCtitle\uFFFC after"));
+    QCOMPARE(note.Block(QStringLiteral("title")).text(), QStringLiteral("\uFFFCtitle\uFFFC\uFFFC after"));
     QCOMPARE(note.Block(QStringLiteral("three")).textList(), note.Block(QStringLiteral("one")).textList());
     QVERIFY(note.Block(QStringLiteral("again")).textList() != note.Block(QStringLiteral("sub")).textList());
     QCOMPARE(note.Block(QStringLiteral("Page")).text(),

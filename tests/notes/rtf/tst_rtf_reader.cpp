@@ -29,6 +29,9 @@ private Q_SLOTS:
     void kept();
     void losses_data();
     void losses();
+    void unknownWords_data();
+    void unknownWords();
+    void hiddenLooks();
     void paragraphs();
     void lists();
     void nestedListsCountAnew();
@@ -94,14 +97,10 @@ void TestRtfReader::texts_data() {
     row("fallback ends with its group", "{\\uc3\\u1078 x}yz", QStringLiteral("\u0436yz"));
     row("no word is a fallback", "\\u1078\\par b", QStringLiteral("\u0436|b"));
     row("surrogates", "\\u-10179?\\u-8704?\\u128512?", QStringLiteral("\U0001F600\U0001F600"));
-    row("characters of Qt's own", "a\\u-560?\\u8233?b\\u-4?c",
-        QStringLiteral("a") + QStringLiteral("\u2028b\uFFFDc"));
     row("unicode alternative", "{\\upr{bad}{\\*\\ud{good}}}", QStringLiteral("good"));
-    row("binary", "a\\bin4 }{\\\\b", QStringLiteral("ab"));
     row("binary as fallback", "\\u1078\\bin1 }b", QStringLiteral("\u0436b"));
     row("marker texts", "{\\pntext\\f3\\'b7\\tab}{\\listtext 1.\\tab}x", QStringLiteral("x"));
     row("marker group closed too late", "{\\listtext\\pard{x}{\\par}}y", QStringLiteral("x|y"));
-    row("unknown words and groups", "\\foo12 a{\\bar b}\\baz-3c", QStringLiteral("abc"));
     row("page break", "\\page a\\par", QStringLiteral("a"));
 }
 
@@ -200,9 +199,9 @@ void TestRtfReader::kept_data() {
     const QByteArray bookmark = "{\\*\\bkmkstart b}";
     row("bookmark", bookmark, bookmark, QString());
     row("neighbours join", bookmark + "{\\*\\bkmkend b}", bookmark + "{\\*\\bkmkend b}", QString());
-    row("unknown destination", "{\\*\\strange{\\i x}}", "{\\*\\strange{\\i x}}", QString());
-    row("8 bits and binary", "{\\*\\strange \xE4\\bin2 \xFF}}", "{\\*\\strange \\'e4 ff7d}", QString());
-    row("sign of 8 bits", "{\\*\\strange \\\xFF z}", "{\\*\\strange  z}", QString());
+    row("data of an unknown kind", "{\\*\\strange{\\i 01ab}}", "{\\*\\strange{\\i 01ab}}", QString());
+    row("8 bits and binary", "{\\*\\xe \xE4\\bin2 \xFF}}", "{\\*\\xe \\'e4 ff7d}", QString());
+    row("sign of 8 bits", "{\\*\\xe \\\xFF z}", "{\\*\\xe  z}", QString());
     row("other fallbacks", "{\\uc0" + bookmark + "}", "{\\uc0{\\*\\bkmkstart b}}", QString());
     row("hidden", "{\\v s\\'e4{}}", "{\\uc1\\v s\\u1076?}", QString());
     row("footnote", "{\\footnote \\pard n\\par}", "{\\footnote \\pard n\\par}", QStringLiteral("[footnote]"));
@@ -245,6 +244,13 @@ void TestRtfReader::losses_data() {
                           << QStringLiteral("groups nested very deeply");
     QTest::newRow("behind") << Note("a") + "{\\rtf1 b}"
                             << QStringLiteral("what stands behind the note's end");
+    QTest::newRow("second font table")
+        << Note("a{\\fonttbl{\\f0 X;}}") << QStringLiteral("a second table of fonts or colours");
+    QTest::newRow("hidden mark") << Note("{\\v a\\par}b") << QStringLiteral("hidden ends of paragraphs");
+    QTest::newRow("marker of no list")
+        << Note("{\\pntext 1.}a\\par") << QStringLiteral("numbers or bullets that belong to no list");
+    QTest::newRow("field of several paragraphs")
+        << Note("{\\field{\\*\\fldinst TOC}{\\fldrslt a\\par b}}") << QStringLiteral("the field TOC");
     QTest::newRow("nothing behind") << Note("a\\deleted0") + QByteArray("\r\n\0", 3) << QString();
 }
 
@@ -252,6 +258,57 @@ void TestRtfReader::losses() {
     QFETCH(QByteArray, rtf);
     QFETCH(QString, loss);
     QCOMPARE(ReadNote(rtf).Reading.Losses, loss.isEmpty() ? QStringList() : QStringList(loss));
+}
+
+void TestRtfReader::unknownWords_data() {
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("loss"); // a part of it
+
+    const auto row = [](const QByteArray& body, const QString& text, const QString& loss) {
+        QTest::newRow(body.constData()) << body << text << loss;
+    };
+    const QString word = QStringLiteral("unknown kind (\\abizoom)");
+    row("a\\abizoom12 b", QStringLiteral("ab"), word);
+    row("a{\\abizoom b}c", QStringLiteral("abc"), word);
+    row("a{b\\abizoom-3c}d", QStringLiteral("abcd"), word);
+    // Words that make something else of a group where they begin one.
+    row("a{b\\listtext c}d", QStringLiteral("abcd"), QStringLiteral("(\\listtext)"));
+    row("a{b\\info c}d", QStringLiteral("abcd"), QStringLiteral("(\\info)"));
+    row("a{\\listtag b}c", QStringLiteral("abc"), QStringLiteral("(\\listtag)"));
+    row("a{\\upr{b}}c", QStringLiteral("abc"), QString());
+    row("a{\\*\\b b}c", QStringLiteral("abc"), QString());
+    row("a{\\*\\strange zz}b", QStringLiteral("a\uFFFCb"),
+        QStringLiteral("text in a part of an unknown kind"));
+    row("a\\bin4 }{\\\\b", QStringLiteral("ab"), QStringLiteral("binary data"));
+    row("a\\u-560?\\u8233?b\\u-4?c", QStringLiteral("a\u2028b\uFFFDc"), QStringLiteral("control characters"));
+    row("a\\protect\\rtlch\\ab b", QStringLiteral("ab"), QString());
+}
+
+// A word that is not understood takes no text with it, and stands in the losses.
+void TestRtfReader::unknownWords() {
+    QFETCH(QByteArray, body);
+    QFETCH(QString, loss);
+    const ReadNote note(Note(body));
+    QTEST(note.Text(), "text");
+    const QString losses = note.Reading.Losses.join(u'|');
+    QVERIFY2(loss.isEmpty() ? losses.isEmpty() : losses.contains(loss), qPrintable(losses));
+    if (body.contains("protect"))
+        QCOMPARE(note.Look(QStringLiteral("b")).stringProperty(RtfCharWords),
+                 QStringLiteral("\\protect\\ab"));
+}
+
+// Hidden text keeps its look: each look is an object of its own.
+void TestRtfReader::hiddenLooks() {
+    const ReadNote note(Note("a{\\v\\b s{\\cf1 t}{\\footnote x}}b"));
+    QList<QTextCharFormat> objects;
+    for (auto it = note.Document.firstBlock().begin(); !it.atEnd(); ++it)
+        if (it.fragment().charFormat().objectType() == kRtfObject)
+            objects.append(it.fragment().charFormat());
+    QCOMPARE(objects.size(), 2);
+    QCOMPARE(objects.at(0).fontWeight(), int(QFont::Bold));
+    QCOMPARE(objects.at(1).foreground().color(), QColor(Qt::red));
+    QCOMPARE(objects.at(1).property(RtfRaw).toByteArray(), QByteArray("{\\uc1\\v t}{\\v{\\footnote x}}"));
 }
 
 void TestRtfReader::paragraphs() {

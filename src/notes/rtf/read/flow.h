@@ -19,6 +19,9 @@ public:
     // Format of the last character of the paragraph that is open; -1 when there is none.
     int LastFormat() const { return paragraph_.Runs.empty() ? -1 : paragraph_.Runs.back().Format; }
 
+    // Whether the paragraph that was ended last is a list item.
+    bool LastIsItem() const { return lastInList_; }
+
     // Whether the note has come to more paragraphs than are read.
     bool IsFull() const { return paragraphs_ >= kMaxParagraphs; }
 

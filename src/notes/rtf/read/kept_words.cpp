@@ -6,9 +6,6 @@ namespace paneda {
 
 namespace {
 
-// Kept words are few; what goes beyond is no formatting that anybody made.
-constexpr qsizetype kMaxWords = 2000;
-
 bool IsName(char c) {
     return c >= 'A';
 }
@@ -38,7 +35,7 @@ void KeepWord(QByteArray& words, const RtfToken& token, bool isToggle) {
     DropWord(words, token.Text);
     if (isToggle && token.HasNumber && token.Number == 0)
         return;
-    if (words.size() < kMaxWords)
+    if (words.size() < kMaxKeptWords)
         words += SourceOfWord(token);
 }
 

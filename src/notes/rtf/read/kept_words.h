@@ -6,6 +6,9 @@
 
 namespace paneda {
 
+// Kept words are few; what goes beyond this many bytes is no formatting that anybody made, and is dropped.
+inline constexpr qsizetype kMaxKeptWords = 2000;
+
 // A token's word as it is written, with backslash and number.
 QByteArray SourceOfWord(const RtfToken& token);
 

@@ -10,7 +10,6 @@ namespace {
 
 // The widest page RTF knows is 22 inches; a measure beyond it would push the text out of reach.
 constexpr int kMaxMeasure = 31680;
-constexpr qsizetype kMaxTabs = 64;
 
 int Measure(const RtfToken& token) {
     return std::clamp(token.Number, -kMaxMeasure, kMaxMeasure);
@@ -25,7 +24,7 @@ qreal Pixels(int twips) {
 }
 
 void AddTab(RtfParagraphState& state, const RtfToken& token) {
-    if (state.Tabs.size() >= kMaxTabs)
+    if (state.Tabs.size() >= kMaxRtfTabs)
         return;
     state.Tabs.append(QTextOption::Tab(Pixels(Measure(token)), state.TabType));
     state.TabType = QTextOption::LeftTab;
@@ -37,7 +36,8 @@ bool ApplyTabWord(RtfParagraphState& state, RtfWord meaning, const RtfToken& tok
         AddTab(state, token);
         break;
     case RtfWord::TabKind:
-        state.TabType = token.Text == "tqr"   ? QTextOption::RightTab
+        state.TabType = token.Text == "tql"   ? QTextOption::LeftTab
+                        : token.Text == "tqr" ? QTextOption::RightTab
                         : token.Text == "tqc" ? QTextOption::CenterTab
                                               : QTextOption::DelimiterTab;
         break;
@@ -48,7 +48,7 @@ bool ApplyTabWord(RtfParagraphState& state, RtfWord meaning, const RtfToken& tok
     default:
         return false;
     }
-    if (state.TabWords.size() < 64 * kMaxTabs)
+    if (state.TabWords.size() < kMaxKeptWords)
         state.TabWords += SourceOfWord(token);
     return true;
 }

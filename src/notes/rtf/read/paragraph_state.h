@@ -10,6 +10,9 @@
 
 namespace paneda {
 
+// Tab stops of a paragraph that are kept at most.
+inline constexpr qsizetype kMaxRtfTabs = 64;
+
 // Paragraph formatting at a place of the source. Measures are twips.
 struct RtfParagraphState {
     Qt::Alignment Alignment = Qt::AlignLeft;

@@ -11,11 +11,18 @@ namespace {
 
 constexpr std::size_t kMaxGroups = 1000;
 constexpr qsizetype kMaxHeadWords = 16000;
-constexpr qsizetype kMaxBorderWords = 2000;
+constexpr int kMaxLostWords = 20;
 
 void Keep(QByteArray& words, const RtfToken& token) {
-    if (words.size() < kMaxBorderWords)
+    if (words.size() < kMaxKeptWords)
         words += SourceOfWord(token);
+}
+
+// A word that makes something else than text of the group it stands in.
+bool NeedsGroupStart(RtfWord meaning, const RtfToken& token) {
+    return (meaning > RtfWord::Ignorable && meaning < RtfWord::Transparent) || meaning == RtfWord::Upr ||
+           meaning == RtfWord::FieldInstruction ||
+           (meaning == RtfWord::Kept && LabelOfRtfObject(token.Text).isEmpty());
 }
 
 } // namespace
@@ -72,6 +79,8 @@ void RtfParser::Take(const RtfToken& token) {
         break;
     }
     case RtfToken::Type::Binary:
+        if (skip_ == 0)
+            content_.Lose(QStringLiteral("binary data in the text"));
         skip_ = std::max(skip_ - 1, 0);
         break;
     case RtfToken::Type::End:
@@ -141,17 +150,34 @@ void RtfParser::TakeWord(const RtfToken& token) {
         !inBody_ && groups_.size() == 1 && token.Text.size() > 1 && meaning < RtfWord::Ignorable;
     if (isHeads && content_.Head.size() < kMaxHeadWords)
         content_.Head += SourceOfWord(token);
+    else
+        LoseWord(token.Text);
+}
+
+// The text around the word is read all the same.
+void RtfParser::LoseWord(QByteArrayView word) {
+    const QString name = QString::fromLatin1(word.first(std::min<qsizetype>(word.size(), 32)));
+    if (lostWords_.contains(name))
+        return;
+    lostWords_.insert(name);
+    content_.Lose(lostWords_.size() <= kMaxLostWords
+                      ? QStringLiteral("formatting of an unknown kind (\\%1)").arg(name)
+                      : QStringLiteral("more formatting of unknown kinds"));
 }
 
 bool RtfParser::TakeGroupWord(RtfWord meaning, const RtfToken& token) {
-    if (TakeDestination(meaning, token))
+    if ((Current().AtStart || !NeedsGroupStart(meaning, token)) && TakeDestination(meaning, token))
         return true;
     // A sign is no destination, whatever stands in front of it.
     const char first = token.Text.isEmpty() ? '\0' : token.Text[0];
     const bool isWord = (first >= 'a' && first <= 'z') || (first >= 'A' && first <= 'Z');
-    if (!Current().AtStart || !Current().HasStar || meaning >= RtfWord::Ignorable || !isWord)
+    if (!Current().AtStart || !Current().HasStar || meaning != RtfWord::Unknown || !isWord)
         return false;
-    TakeObject(token);
+    // One word processor's private marks say again what standard words say.
+    if (token.Text.startsWith("abi"))
+        TakeInside();
+    else
+        TakeUnknownGroup(token);
     return true;
 }
 
@@ -159,6 +185,7 @@ bool RtfParser::TakeFormatWord(RtfWord meaning, const RtfToken& token) {
     if (ApplyCharWord(Current().Char, meaning, token, content_.Tables)) {
         borderIsChars_ = borderIsChars_ || meaning == RtfWord::CharBorder;
         format_ = -1;
+        LoseExcess();
         return true;
     }
     if (meaning == RtfWord::Tracked) {
@@ -170,7 +197,16 @@ bool RtfParser::TakeFormatWord(RtfWord meaning, const RtfToken& token) {
         return true;
     if (meaning == RtfWord::ParagraphDefault)
         RowState().Close();
-    return ApplyParagraphWord(Current().Paragraph, meaning, token);
+    const bool isParagraphs = ApplyParagraphWord(Current().Paragraph, meaning, token);
+    LoseExcess();
+    return isParagraphs;
+}
+
+void RtfParser::LoseExcess() {
+    const RtfParagraphState& paragraph = Current().Paragraph;
+    if (std::max(Current().Char.Words.size(), paragraph.Words.size()) >= kMaxKeptWords ||
+        paragraph.Tabs.size() >= kMaxRtfTabs || paragraph.TabWords.size() >= kMaxKeptWords)
+        content_.Lose(QStringLiteral("a great deal of formatting"));
 }
 
 bool RtfParser::TakeBorderWord(RtfWord meaning, const RtfToken& token) {
@@ -182,6 +218,7 @@ bool RtfParser::TakeBorderWord(RtfWord meaning, const RtfToken& token) {
     if (meaning != RtfWord::BorderDetail)
         return false;
     Keep(borderIsChars_ ? Current().Char.Words : Current().Paragraph.Words, token);
+    LoseExcess();
     format_ = -1;
     return true;
 }
@@ -205,6 +242,7 @@ bool RtfParser::TakeEndWord(RtfWord meaning) {
         FlushUnseen();
         flow_.EndCell(Current().Paragraph, CurrentFormat(),
                       meaning == RtfWord::Cell ? 1 : std::max(depth, 2));
+        LoseMarker();
         return true;
     case RtfWord::Row:
         flow_.EndRow(1, row_.Definition());
@@ -221,7 +259,6 @@ bool RtfParser::TakeNoteWord(RtfWord meaning, const RtfToken& token) {
     switch (meaning) {
     case RtfWord::Version:
     case RtfWord::Ansi:
-    case RtfWord::Dropped:
     case RtfWord::Ignored:
         return true;
     case RtfWord::Macintosh:

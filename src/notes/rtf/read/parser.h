@@ -4,10 +4,14 @@
 #include "notes/rtf/read/tokens.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <vector>
 
 namespace paneda {
+
+// What the user sees in place of a group with this word ("[footnote]"); empty for what shows nothing.
+QString LabelOfRtfObject(QByteArrayView word);
 
 // Walks through a note's RTF and fills its content.
 class RtfParser {
@@ -53,6 +57,8 @@ private:
     bool TakeBorderWord(RtfWord meaning, const RtfToken& token);
     bool TakeEndWord(RtfWord meaning);
     void SetCodePage(int codePage);
+    void LoseWord(QByteArrayView word);
+    void LoseExcess();
     RtfRowState& RowState() { return groups_.back().IsNestedRow ? nestedRow_ : row_; }
     Group& Current() { return groups_.back(); }
 
@@ -63,7 +69,10 @@ private:
     void FlushBytes();
     void AppendText(QString text);
     void AppendVisible(QStringView text, int format);
+    void AppendHidden(const QString& text);
+    void CloseHidden();
     void BeginBody();
+    void LoseMarker();
     void EndParagraph();
     void FlushUnseen();
     int CurrentFormat();
@@ -76,11 +85,14 @@ private:
     bool TakePictureWord(RtfWord meaning, const RtfToken& token);
     void TakeOldList();
     bool HoldsParagraph() const;
+    bool HasUnicodeTwin() const;
     void TakePicture();
     void TakeOtherPicture(const RtfToken& token);
     void BeginField(const RtfToken& token);
     void TakeFieldInstruction(const RtfToken& token);
-    void TakeForeignField(std::size_t field);
+    void TakeForeignField(std::size_t field, const QString& instruction);
+    bool HasLongResult(std::size_t groups) const;
+    void TakeUnknownGroup(const RtfToken& token);
     void TakeObject(const RtfToken& token);
     QByteArray TakeGroup(const RtfToken& token);
     QByteArray SourceFrom(qsizetype begin, qsizetype end) const;
@@ -114,6 +126,12 @@ private:
     // Groups and hidden text that show nothing; they wait for the next thing that does.
     QByteArray unseen_;
     QString hidden_;
+    // Look of the hidden text; -1 for none.
+    int hiddenFormat_ = -1;
+    // The paragraph had a marker of a list in front, which was left out.
+    bool hasMarker_ = false;
+    // Words that are in the losses by name.
+    QSet<QString> lostWords_;
 
     QHash<RtfChar, int> formatOf_;
     int format_ = -1;

@@ -1,3 +1,4 @@
+#include "notes/rtf/read/code_pages.h"
 #include "notes/rtf/read/links.h"
 #include "notes/rtf/read/parser.h"
 #include "notes/rtf/read/pictures.h"
@@ -25,16 +26,16 @@ int NumberOfWord(QByteArrayView source, QByteArrayView word) {
     return 0;
 }
 
-QString LabelOfObject(QByteArrayView word) {
-    if (word == "object")
-        return QStringLiteral("[object]");
-    if (word == "shp" || word == "shpgrp" || word == "do")
-        return QStringLiteral("[drawing]");
-    if (word == "footnote")
-        return QStringLiteral("[footnote]");
-    if (word == "annotation")
-        return QStringLiteral("[comment]");
-    return {};
+// Whether text has ends of paragraphs or cells in it.
+bool HoldsParagraphs(QByteArrayView source) {
+    RtfTokenizer tokens(source);
+    for (RtfToken token = tokens.Next(); token.Kind != RtfToken::Type::End; token = tokens.Next()) {
+        if (token.Kind == RtfToken::Type::Word && (token.Text == "par" || token.Text == "cell"))
+            return true;
+        if (token.Kind == RtfToken::Type::Open && IsApartFromText(tokens))
+            tokens.SkipGroup();
+    }
+    return false;
 }
 
 QSizeF SizeOfObject(QByteArrayView source) {
@@ -45,7 +46,29 @@ QSizeF SizeOfObject(QByteArrayView source) {
     return {std::min(width / kRtfTwipsPerPixel, 2000.0), std::min(height / kRtfTwipsPerPixel, 2000.0)};
 }
 
+// Whether a reader that does not know a group's word could miss text in it. Digits alone are data.
+bool HoldsText(QByteArrayView source) {
+    const QString text = PlainTextOfRtf(source, kRtfAnsiCodePage, kMaxInstruction).simplified();
+    return std::any_of(text.begin(), text.end(), [](QChar c) {
+        return !c.isSpace() && (c.unicode() > 0x7F || HexValue(c.toLatin1()) < 0);
+    });
+}
+
 } // namespace
+
+QString LabelOfRtfObject(QByteArrayView word) {
+    if (word == "object")
+        return QStringLiteral("[object]");
+    if (word == "shp" || word == "shpgrp" || word == "do")
+        return QStringLiteral("[drawing]");
+    if (word == "footnote")
+        return QStringLiteral("[footnote]");
+    if (word == "annotation")
+        return QStringLiteral("[comment]");
+    if (word == "mmath" || word == "moMath" || word == "moMathPara")
+        return QStringLiteral("[formula]");
+    return {};
+}
 
 bool RtfParser::TakeDestination(RtfWord meaning, const RtfToken& token) {
     switch (meaning) {
@@ -60,8 +83,11 @@ bool RtfParser::TakeDestination(RtfWord meaning, const RtfToken& token) {
     case RtfWord::ListText:
         if (HoldsParagraph())
             break;
-        [[fallthrough]];
+        hasMarker_ = HoldsText(TakeInside()) || hasMarker_;
+        return true;
     case RtfWord::Dropped:
+        if (!Current().HasStar && token.Text != "nonesttables")
+            return false;
         TakeInside();
         return true;
     case RtfWord::OldList:
@@ -85,7 +111,7 @@ bool RtfParser::TakeDestination(RtfWord meaning, const RtfToken& token) {
         Current().IsNestedRow = true;
         break;
     case RtfWord::Upr:
-        skipNextGroup_ = true;
+        skipNextGroup_ = HasUnicodeTwin();
         break;
     case RtfWord::Transparent:
     case RtfWord::UprUnicode:
@@ -104,8 +130,10 @@ bool RtfParser::TakeTable(RtfWord meaning, const RtfToken& token) {
     const bool isSecond = meaning == RtfWord::FontTable     ? !content_.FontTable.isEmpty()
                           : meaning == RtfWord::ColourTable ? !content_.ColourTable.isEmpty()
                                                             : false;
-    if (isSecond)
+    if (isSecond) {
+        content_.Lose(QStringLiteral("a second table of fonts or colours"));
         return true;
+    }
     if (meaning == RtfWord::FontTable) {
         content_.FontTable = group;
         content_.Tables.Fonts = ReadFontTable(group, content_.Tables.CodePage);
@@ -152,10 +180,24 @@ bool RtfParser::HoldsParagraph() const {
     return ahead.Position() >= limit;
 }
 
+// Whether the next group has the same text in Unicode behind it.
+bool RtfParser::HasUnicodeTwin() const {
+    RtfTokenizer ahead = tokens_;
+    if (ahead.Next().Kind != RtfToken::Type::Open)
+        return false;
+    ahead.SkipGroup();
+    return ahead.Next().Kind == RtfToken::Type::Open && ahead.Next().Text == "*" && ahead.Next().Text == "ud";
+}
+
 void RtfParser::TakePicture() {
     inBody_ = true;
     const bool isShape = Current().IsShapePicture;
+    const bool isHidden = Current().Char.Hidden;
     const QByteArrayView source = TakeInside();
+    if (isHidden) {
+        KeepUnseen("{\\v{\\pict" + KeptRtf(source) + "}}");
+        return;
+    }
     const QTextImageFormat picture = ReadRtfPicture(source);
     if (picture.property(RtfPictureBytes).toByteArray().isEmpty() ||
         picture.property(RtfPictureKind).toByteArray().isEmpty()) {
@@ -194,15 +236,15 @@ void RtfParser::TakeFieldInstruction(const RtfToken& token) {
     const auto found = std::find_if(groups_.rbegin(), groups_.rend(), isField);
     // An instruction behind the field's text is nobody's: the text stands for itself already.
     if (found == groups_.rend() || found->TextBefore != textRead_) {
-        TakeObject(token);
+        TakeUnknownGroup(token);
         return;
     }
     const auto field = std::size_t(groups_.rend() - found) - 1;
     const QString instruction =
         PlainTextOfRtf(TakeInside(), content_.Tables.CodePage, kMaxInstruction).trimmed();
     const QString address = LinkAddress(instruction);
-    if (address.isEmpty()) {
-        TakeForeignField(field);
+    if (address.isEmpty() || found->Char.Hidden || instruction.size() >= kMaxInstruction - 1) {
+        TakeForeignField(field, instruction);
         return;
     }
     links_.push_back({address, instruction});
@@ -211,9 +253,14 @@ void RtfParser::TakeFieldInstruction(const RtfToken& token) {
     format_ = -1;
 }
 
-// A field that this editor does not work is kept whole; what it last came to stands in its place.
-void RtfParser::TakeForeignField(std::size_t field) {
+// A field that this editor does not update is kept as a whole, and the text that it last gave is shown in its
+// place. A text of several paragraphs, as a table of contents has, is read as text.
+void RtfParser::TakeForeignField(std::size_t field, const QString& instruction) {
     const Group group = groups_[field];
+    if (!group.Char.Hidden && HasLongResult(groups_.size() - field)) {
+        content_.Lose(QStringLiteral("the field %1").arg(instruction.section(u' ', 0, 0)));
+        return;
+    }
     while (groups_.size() > field)
         TakeInside();
     const QByteArray source = SourceFrom(group.Begin, tokens_.Position());
@@ -223,8 +270,11 @@ void RtfParser::TakeForeignField(std::size_t field) {
         return;
     }
     const qsizetype result = source.indexOf("\\fldrslt");
+    // A field that is a place to click has its text behind the name of what it starts.
     const QString label =
-        result < 0 ? QString() : PlainTextOfRtf(source.sliced(result), content_.Tables.CodePage, kMaxLabel);
+        result >= 0 ? PlainTextOfRtf(source.sliced(result), content_.Tables.CodePage, kMaxLabel)
+        : instruction.startsWith(u"MACROBUTTON") ? instruction.simplified().section(u' ', 2).left(kMaxLabel)
+                                                 : QString();
     // Words in front of the field are not in its source, but tell how it looks.
     const RtfChar outer = std::exchange(Current().Char, group.Char);
     format_ = -1;
@@ -233,16 +283,45 @@ void RtfParser::TakeForeignField(std::size_t field) {
     format_ = -1;
 }
 
+// Whether the text of the field that ends with so many open groups is more than a label can show.
+bool RtfParser::HasLongResult(std::size_t groups) const {
+    RtfTokenizer ahead = tokens_;
+    const qsizetype begin = ahead.Position();
+    for (; groups > 0; --groups)
+        ahead.SkipGroup();
+    const QByteArrayView rest = tokens_.Bytes().sliced(begin, ahead.Position() - begin);
+    return HoldsParagraphs(rest) ||
+           PlainTextOfRtf(rest, content_.Tables.CodePage, kMaxLabel).size() >= kMaxLabel;
+}
+
+// A group that only its own kind of program understands is kept and not shown. Text in it could be the
+// user's, so that is said.
+void RtfParser::TakeUnknownGroup(const RtfToken& token) {
+    const QByteArrayView rest = tokens_.Bytes().sliced(tokens_.Position());
+    RtfTokenizer ahead(rest);
+    if (HoldsText(rest.first(ahead.SkipGroup())))
+        content_.Lose(
+            QStringLiteral("text in a part of an unknown kind (\\%1)")
+                .arg(QString::fromLatin1(token.Text.first(std::min<qsizetype>(token.Text.size(), 32)))));
+    TakeObject(token);
+}
+
 void RtfParser::TakeObject(const RtfToken& token) {
-    const QString label = LabelOfObject(token.Text);
+    const QString label = LabelOfRtfObject(token.Text);
     const int fallbacks = Current().Fallbacks;
+    const RtfChar look = Current().Char;
     const QByteArray raw = TakeGroup(token);
+    // Words in front of the token are not in the source that is kept, but tell how it looks.
+    const RtfChar outer = std::exchange(Current().Char, look);
+    format_ = -1;
     if (!inBody_)
         content_.Head += WithFallbacks(raw, fallbacks);
     else if (label.isEmpty())
         KeepUnseen(WithFallbacks(raw, fallbacks));
     else
         KeepSeen(WithFallbacks(raw, fallbacks), label, SizeOfObject(raw));
+    Current().Char = outer;
+    format_ = -1;
 }
 
 // The group that the token's word makes a destination of. The token need not be the group's first.
@@ -274,13 +353,16 @@ QByteArray RtfParser::WithFallbacks(const QByteArray& raw, int fallbacks) const 
 
 void RtfParser::KeepUnseen(const QByteArray& raw) {
     ++textRead_;
-    if (!hidden_.isEmpty())
-        unseen_ += "{\\uc1\\v " + RtfOfText(std::exchange(hidden_, QString())) + '}';
+    CloseHidden();
     unseen_ += raw;
 }
 
 void RtfParser::KeepSeen(const QByteArray& raw, const QString& label, QSizeF size) {
     inBody_ = true;
+    if (Current().Char.Hidden) {
+        KeepUnseen("{\\v" + raw + '}');
+        return;
+    }
     FlushUnseen();
     if (!HasRoomForObject())
         return;

@@ -98,14 +98,16 @@ void RtfParser::TakeUnicode(int number) {
 }
 
 void RtfParser::AppendText(QString text) {
-    if (std::any_of(text.cbegin(), text.cend(), IsSpecial))
+    if (std::any_of(text.cbegin(), text.cend(), IsSpecial)) {
+        content_.Lose(QStringLiteral("control characters"));
         ReplaceSpecials(text);
+    }
     if (text.isEmpty())
         return;
     textRead_ += text.size();
     BeginBody();
     if (Current().Char.Hidden)
-        hidden_ += text;
+        AppendHidden(text);
     else
         AppendVisible(text, CurrentFormat());
 }
@@ -116,6 +118,15 @@ void RtfParser::AppendVisible(QStringView text, int format) {
     pictureFormat_ = -1;
 }
 
+// Hidden text of one look becomes one object that has this look.
+void RtfParser::AppendHidden(const QString& text) {
+    if (const int format = CurrentFormat(); format != hiddenFormat_) {
+        FlushUnseen();
+        hiddenFormat_ = format;
+    }
+    hidden_ += text;
+}
+
 void RtfParser::BeginBody() {
     inBody_ = true;
     RowState().Close();
@@ -124,26 +135,40 @@ void RtfParser::BeginBody() {
 void RtfParser::EndParagraph() {
     BeginBody();
     FlushUnseen();
+    if (Current().Char.Hidden)
+        content_.Lose(QStringLiteral("hidden ends of paragraphs"));
     RtfParagraphState state = Current().Paragraph;
     state.PageBreak = state.PageBreak || std::exchange(pageBreak_, false);
     flow_.EndParagraph(state, CurrentFormat());
+    LoseMarker();
+}
+
+// The editor makes the markers of lists by itself. One that no list accounts for is text.
+void RtfParser::LoseMarker() {
+    if (std::exchange(hasMarker_, false) && !flow_.LastIsItem())
+        content_.Lose(QStringLiteral("numbers or bullets that belong to no list"));
 }
 
 void RtfParser::FlushUnseen() {
-    if (!hidden_.isEmpty())
-        unseen_ += "{\\uc1\\v " + RtfOfText(std::exchange(hidden_, QString())) + '}';
+    CloseHidden();
+    const int look = std::exchange(hiddenFormat_, -1);
     if (unseen_.isEmpty())
         return;
     if (!HasRoomForObject()) {
         unseen_.clear();
         return;
     }
-    QTextCharFormat format = content_.Formats[std::size_t(CurrentFormat())];
+    QTextCharFormat format = content_.Formats[std::size_t(look >= 0 ? look : CurrentFormat())];
     format.setObjectType(kRtfObject);
     format.setProperty(RtfRaw, std::exchange(unseen_, QByteArray()));
     content_.Formats.push_back(format);
     flow_.AppendText(QStringView(u"\uFFFC"), int(content_.Formats.size()) - 1);
     pictureFormat_ = -1;
+}
+
+void RtfParser::CloseHidden() {
+    if (!hidden_.isEmpty())
+        unseen_ += "{\\uc1\\v " + RtfOfText(std::exchange(hidden_, QString())) + '}';
 }
 
 bool RtfParser::HasRoomForObject() {

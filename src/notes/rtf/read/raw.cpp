@@ -2,6 +2,7 @@
 
 #include "notes/rtf/read/code_pages.h"
 #include "notes/rtf/read/tokens.h"
+#include "notes/rtf/read/words.h"
 
 #include <algorithm>
 
@@ -51,6 +52,8 @@ private:
             bytes_.append(char(token.Number));
         else if (token.Kind == RtfToken::Type::Word)
             TakeWord(token);
+        else if (token.Kind == RtfToken::Type::Open && IsApartFromText(tokens_))
+            tokens_.SkipGroup();
     }
 
     void TakeWord(const RtfToken& token) {
@@ -63,6 +66,9 @@ private:
         } else if (token.Text == "par" || token.Text == "line" || token.Text == "tab" ||
                    token.Text == "cell") {
             bytes_.append(' ');
+        } else if (const char16_t unit = CharacterOfRtfWord(token.Text); unit != 0 && Skip(1) == 0) {
+            Decode();
+            text_.append(QChar(unit));
         }
     }
 
@@ -116,6 +122,18 @@ QByteArray KeptRtf(QByteArrayView source) {
     if (depth > 0)
         kept.append(depth, '}');
     return kept;
+}
+
+bool IsApartFromText(RtfTokenizer inside) {
+    RtfToken token = inside.Next();
+    const bool isStarred = token.Kind == RtfToken::Type::Word && token.Text == "*";
+    if (isStarred)
+        token = inside.Next();
+    const RtfWord meaning = token.Kind == RtfToken::Type::Word ? FindRtfWord(token.Text) : RtfWord::Bold;
+    return meaning == RtfWord::Kept || meaning == RtfWord::Head || meaning == RtfWord::Picture ||
+           meaning == RtfWord::FieldInstruction || meaning == RtfWord::ListText ||
+           meaning == RtfWord::OldList || meaning == RtfWord::Dropped ||
+           (isStarred && meaning == RtfWord::Unknown);
 }
 
 QString PlainTextOfRtf(QByteArrayView source, int codePage, qsizetype limit) {

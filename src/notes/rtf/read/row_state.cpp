@@ -11,11 +11,6 @@ namespace {
 constexpr qsizetype kMaxWords = 4000;
 constexpr int kMaxEdge = 200000;
 
-void Keep(QByteArray& words, const RtfToken& token) {
-    if (words.size() < kMaxWords)
-        words += SourceOfWord(token);
-}
-
 int SideOfBorder(QByteArrayView word) {
     if (word == "clbrdrt")
         return 0;
@@ -27,6 +22,13 @@ int SideOfBorder(QByteArrayView word) {
 }
 
 } // namespace
+
+void RtfRowState::Keep(QByteArray& words, const RtfToken& token) {
+    if (words.size() < kMaxWords)
+        words += SourceOfWord(token);
+    else
+        cut_ = true;
+}
 
 RtfRowDefinition& RtfRowState::Row() {
     // Rows that are finished share the definition until a word changes it.
@@ -131,8 +133,7 @@ bool RtfRowState::ApplyRowWord(RtfWord meaning, const RtfToken& token) {
     case RtfWord::KeptRow:
         break;
     default:
-        // \irow, \lastrow and the like tell what the order of the rows tells too.
-        return token.Text == "irow" || token.Text == "irowband" || token.Text == "lastrow";
+        return false;
     }
     Keep(Row().Words, token);
     return true;

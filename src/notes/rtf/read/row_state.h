@@ -60,7 +60,7 @@ public:
 
     std::shared_ptr<const RtfRowDefinition> Definition() const { return row_; }
 
-    // A row has more cells than are kept.
+    // A row has more cells, or more words, than are kept.
     bool IsCut() const { return cut_; }
 
 private:
@@ -69,6 +69,7 @@ private:
     bool ApplyRowWord(RtfWord meaning, const RtfToken& token);
     void ApplyBorder(RtfWord meaning, const RtfToken& token);
     void EndCell(int right);
+    void Keep(QByteArray& words, const RtfToken& token);
 
     std::shared_ptr<RtfRowDefinition> row_ = std::make_shared<RtfRowDefinition>();
     RtfCellDefinition cell_;

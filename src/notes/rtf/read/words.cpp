@@ -1,5 +1,6 @@
 #include "notes/rtf/read/words.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <unordered_map>
@@ -8,142 +9,128 @@ namespace paneda {
 
 namespace {
 
-struct Entry {
-    std::string_view Word;
+struct Row {
     RtfWord Meaning;
+    std::string_view Words; // with blanks between them
 };
 
 // clang-format off
-constexpr std::array kWords{
-    Entry{"plain", RtfWord::Plain}, Entry{"f", RtfWord::Font}, Entry{"fs", RtfWord::FontSize},
-    Entry{"b", RtfWord::Bold}, Entry{"i", RtfWord::Italic}, Entry{"strike", RtfWord::Strike},
-    Entry{"ulnone", RtfWord::UnderlineNone}, Entry{"super", RtfWord::Super}, Entry{"sub", RtfWord::Sub},
-    Entry{"nosupersub", RtfWord::NoSuperSub}, Entry{"up", RtfWord::Up}, Entry{"dn", RtfWord::Down},
-    Entry{"cf", RtfWord::ForeColour}, Entry{"highlight", RtfWord::Highlight}, Entry{"cb", RtfWord::BackColour},
-    Entry{"chcbpat", RtfWord::CharBackColour}, Entry{"scaps", RtfWord::SmallCaps},
-    Entry{"caps", RtfWord::AllCaps}, Entry{"expnd", RtfWord::Spacing}, Entry{"expndtw", RtfWord::SpacingTwips},
-    Entry{"v", RtfWord::Hidden}, Entry{"lang", RtfWord::Language}, Entry{"revised", RtfWord::Tracked},
-    Entry{"deleted", RtfWord::Tracked}, Entry{"chbrdr", RtfWord::CharBorder},
+constexpr std::array kRows{
+    Row{RtfWord::Plain, "plain"}, Row{RtfWord::Font, "f"}, Row{RtfWord::FontSize, "fs"}, Row{RtfWord::Bold, "b"},
+    Row{RtfWord::Italic, "i"}, Row{RtfWord::Strike, "strike"}, Row{RtfWord::UnderlineNone, "ulnone"},
+    Row{RtfWord::Super, "super"}, Row{RtfWord::Sub, "sub"}, Row{RtfWord::NoSuperSub, "nosupersub"},
+    Row{RtfWord::Up, "up"}, Row{RtfWord::Down, "dn"}, Row{RtfWord::ForeColour, "cf"},
+    Row{RtfWord::Highlight, "highlight"}, Row{RtfWord::BackColour, "cb"}, Row{RtfWord::CharBackColour, "chcbpat"},
+    Row{RtfWord::SmallCaps, "scaps"}, Row{RtfWord::AllCaps, "caps"}, Row{RtfWord::Spacing, "expnd"},
+    Row{RtfWord::SpacingTwips, "expndtw"}, Row{RtfWord::Hidden, "v"}, Row{RtfWord::Language, "lang"},
+    Row{RtfWord::Tracked, "revised deleted"}, Row{RtfWord::CharBorder, "chbrdr"},
+    Row{RtfWord::Underline,
+        "ul uld uldash uldashd uldashdd uldb ulhwave ulldash ulth ulthd ulthdash ulthdashd ulthdashdd ulthldash "
+        "ululdbwave uldbwave ulw ulwave uldot ulhair"},
+    Row{RtfWord::KeptCharToggle,
+        "outl shad embo impr striked noproof webhidden accnone accdot acccomma acccircle accunderdot cgrid gridtbl "
+        "nosectexpand protect ol ab ai aul auld auldb aulw astrike acaps ascaps aoutl ashad"},
+    Row{RtfWord::KeptChar,
+        "animtext charscalex kerning cs chshdng chcfpat ulc langfe cchs fittext g gcw expshrtn chbghoriz chbgvert "
+        "chbgfdiag chbgbdiag chbgcross chbgdcross chbgdkhoriz chbgdkvert chbgdkfdiag chbgdkbdiag chbgdkcross "
+        "chbgdkdcross afs aup adn acf aexpnd"},
 
-    Entry{"pard", RtfWord::ParagraphDefault}, Entry{"ql", RtfWord::AlignLeft}, Entry{"qr", RtfWord::AlignRight},
-    Entry{"qc", RtfWord::AlignCentre}, Entry{"qj", RtfWord::AlignJustify}, Entry{"qd", RtfWord::AlignJustify},
-    Entry{"li", RtfWord::LeftIndent}, Entry{"ri", RtfWord::RightIndent}, Entry{"fi", RtfWord::FirstIndent},
-    Entry{"sb", RtfWord::SpaceBefore}, Entry{"sa", RtfWord::SpaceAfter}, Entry{"sl", RtfWord::LineSpacing},
-    Entry{"slmult", RtfWord::LineMultiple}, Entry{"tx", RtfWord::TabStop}, Entry{"tb", RtfWord::TabBar},
-    Entry{"tqr", RtfWord::TabKind}, Entry{"tqc", RtfWord::TabKind}, Entry{"tqdec", RtfWord::TabKind},
-    Entry{"tldot", RtfWord::TabLeader}, Entry{"tlmdot", RtfWord::TabLeader}, Entry{"tlhyph", RtfWord::TabLeader},
-    Entry{"tlul", RtfWord::TabLeader}, Entry{"tlth", RtfWord::TabLeader}, Entry{"tleq", RtfWord::TabLeader},
-    Entry{"cbpat", RtfWord::ParagraphColour}, Entry{"pagebb", RtfWord::PageBreakBefore},
-    Entry{"rtlpar", RtfWord::RightToLeft}, Entry{"ltrpar", RtfWord::LeftToRight}, Entry{"keep", RtfWord::Keep},
-    Entry{"intbl", RtfWord::InTable}, Entry{"itap", RtfWord::NestLevel}, Entry{"ls", RtfWord::ListNumber},
-    Entry{"ilvl", RtfWord::ListLevel},
+    Row{RtfWord::ParagraphDefault, "pard"}, Row{RtfWord::AlignLeft, "ql"}, Row{RtfWord::AlignRight, "qr"},
+    Row{RtfWord::AlignCentre, "qc"}, Row{RtfWord::AlignJustify, "qj qd"}, Row{RtfWord::LeftIndent, "li"},
+    Row{RtfWord::RightIndent, "ri"}, Row{RtfWord::FirstIndent, "fi"}, Row{RtfWord::SpaceBefore, "sb"},
+    Row{RtfWord::SpaceAfter, "sa"}, Row{RtfWord::LineSpacing, "sl"}, Row{RtfWord::LineMultiple, "slmult"},
+    Row{RtfWord::TabStop, "tx"}, Row{RtfWord::TabBar, "tb"}, Row{RtfWord::TabKind, "tql tqr tqc tqdec"},
+    Row{RtfWord::TabLeader, "tldot tlmdot tlhyph tlul tlth tleq"}, Row{RtfWord::ParagraphColour, "cbpat"},
+    Row{RtfWord::PageBreakBefore, "pagebb"}, Row{RtfWord::RightToLeft, "rtlpar"}, Row{RtfWord::LeftToRight, "ltrpar"},
+    Row{RtfWord::Keep, "keep"}, Row{RtfWord::InTable, "intbl"}, Row{RtfWord::NestLevel, "itap"},
+    Row{RtfWord::ListNumber, "ls"}, Row{RtfWord::ListLevel, "ilvl"},
+    Row{RtfWord::KeptParagraph,
+        "s keepn widctlpar nowidctlpar sbauto saauto outlinelevel hyphpar noline contextualspace contextualspacing "
+        "aspalpha aspnum faauto fahang facenter faroman favar fafixed shading cfpat bghoriz bgvert bgfdiag bgbdiag "
+        "bgcross bgdcross bgdkhoriz bgdkvert bgdkfdiag bgdkbdiag bgdkcross bgdkdcross wrapdefault wraparound "
+        "wraptight wrapthrough nowwrap nowrap nooverflow nocwrap nosnaplinegrid toplinepunct adjustright indmirror "
+        "culi curi cufi lisa lisb level sbys absw absh abslock absnoovrlp posx posy posnegx posnegy posxc posxi posxl "
+        "posxo posxr posyb posyc posyil posyin posyout posyt phcol phmrg phpg pvmrg pvpara pvpg dxfrtext dfrmtxtx "
+        "dfrmtxty dropcapli dropcapt overlay subdocument yts spv txbxtwalways txbxtwfirst txbxtwfirstlast txbxtwlast "
+        "txbxtwno frmtxlrtb frmtxtbrl frmtxbtlr frmtxlrtbv frmtxtbrlv pmartabql pmartabqr pmartabqc pindtabql pindtabqr "
+        "pindtabqc ptablnone ptabldot ptablminus ptabluscore ptablmdot"},
+    Row{RtfWord::ParagraphBorder, "brdrt brdrb brdrl brdrr box brdrbtw brdrbar pbrdr"},
 
-    Entry{"trowd", RtfWord::RowDefault}, Entry{"cellx", RtfWord::CellRight}, Entry{"clmgf", RtfWord::MergeFirst},
-    Entry{"clmrg", RtfWord::MergeNext}, Entry{"clvmgf", RtfWord::MergeRowsFirst},
-    Entry{"clvmrg", RtfWord::MergeRowsNext}, Entry{"clcbpat", RtfWord::CellColour},
-    Entry{"clvertalt", RtfWord::CellTop}, Entry{"clvertalc", RtfWord::CellMiddle},
-    Entry{"clvertalb", RtfWord::CellBottom}, Entry{"trleft", RtfWord::RowLeft}, Entry{"trhdr", RtfWord::RowHeader},
-    Entry{"trqc", RtfWord::RowCentre}, Entry{"trqr", RtfWord::RowRight},
+    Row{RtfWord::RowDefault, "trowd"}, Row{RtfWord::CellRight, "cellx"}, Row{RtfWord::MergeFirst, "clmgf"},
+    Row{RtfWord::MergeNext, "clmrg"}, Row{RtfWord::MergeRowsFirst, "clvmgf"}, Row{RtfWord::MergeRowsNext, "clvmrg"},
+    Row{RtfWord::CellColour, "clcbpat"}, Row{RtfWord::CellTop, "clvertalt"}, Row{RtfWord::CellMiddle, "clvertalc"},
+    Row{RtfWord::CellBottom, "clvertalb"}, Row{RtfWord::RowLeft, "trleft"}, Row{RtfWord::RowHeader, "trhdr"},
+    Row{RtfWord::RowCentre, "trqc"}, Row{RtfWord::RowRight, "trqr"},
+    Row{RtfWord::RowBorder, "trbrdrt trbrdrb trbrdrl trbrdrr trbrdrh trbrdrv trbrdr"},
+    Row{RtfWord::CellBorder, "clbrdrt clbrdrb clbrdrl clbrdrr cldglu cldgll"},
+    // Where a frame of a table stands, and the direction and style of a row.
+    Row{RtfWord::KeptRow,
+        "rtlrow taprtl ts tabsnoovrlp tdfrmtxtLeft tdfrmtxtRight tdfrmtxtTop tdfrmtxtBottom tphcol tphmrg tphpg tpvmrg "
+        "tpvpara tpvpg tposx tposy tposnegx tposnegy tposxc tposxi tposxl tposxo tposxr tposyb tposyc tposyil tposyin "
+        "tposyout tposyt"},
 
-    Entry{"par", RtfWord::Paragraph}, Entry{"cell", RtfWord::Cell}, Entry{"nestcell", RtfWord::NestedCell},
-    Entry{"row", RtfWord::Row}, Entry{"nestrow", RtfWord::NestedRow}, Entry{"line", RtfWord::Line},
-    Entry{"lbr", RtfWord::Line}, Entry{"tab", RtfWord::Tab}, Entry{"sect", RtfWord::Section},
-    Entry{"page", RtfWord::PageBreak}, Entry{"column", RtfWord::KeptCharacter},
-    Entry{"u", RtfWord::Unicode}, Entry{"uc", RtfWord::UnicodeSkip},
-    Entry{"chftn", RtfWord::KeptCharacter}, Entry{"chatn", RtfWord::KeptCharacter},
-    Entry{"chdate", RtfWord::KeptCharacter}, Entry{"chtime", RtfWord::KeptCharacter},
-    Entry{"chdpl", RtfWord::KeptCharacter}, Entry{"chdpa", RtfWord::KeptCharacter},
-    Entry{"chpgn", RtfWord::KeptCharacter}, Entry{"sectnum", RtfWord::KeptCharacter},
+    Row{RtfWord::Paragraph, "par"}, Row{RtfWord::Cell, "cell"}, Row{RtfWord::NestedCell, "nestcell"},
+    Row{RtfWord::Row, "row"}, Row{RtfWord::NestedRow, "nestrow"}, Row{RtfWord::Line, "line lbr"},
+    Row{RtfWord::Tab, "tab"}, Row{RtfWord::Section, "sect"}, Row{RtfWord::PageBreak, "page"},
+    Row{RtfWord::Unicode, "u"}, Row{RtfWord::UnicodeSkip, "uc"},
+    Row{RtfWord::KeptCharacter, "column chftn chatn chdate chtime chdpl chdpa chpgn sectnum"},
 
-    Entry{"*", RtfWord::Ignorable}, Entry{"fonttbl", RtfWord::FontTable}, Entry{"colortbl", RtfWord::ColourTable},
-    Entry{"listtable", RtfWord::ListTable}, Entry{"listoverridetable", RtfWord::ListOverrides},
-    Entry{"stylesheet", RtfWord::Head}, Entry{"info", RtfWord::Head}, Entry{"filetbl", RtfWord::Head},
-    Entry{"revtbl", RtfWord::Head}, Entry{"header", RtfWord::Head}, Entry{"headerl", RtfWord::Head},
-    Entry{"headerr", RtfWord::Head}, Entry{"headerf", RtfWord::Head}, Entry{"footer", RtfWord::Head},
-    Entry{"footerl", RtfWord::Head}, Entry{"footerr", RtfWord::Head}, Entry{"footerf", RtfWord::Head},
-    Entry{"ftnsep", RtfWord::Head}, Entry{"ftnsepc", RtfWord::Head}, Entry{"ftncn", RtfWord::Head},
-    Entry{"aftnsep", RtfWord::Head}, Entry{"aftnsepc", RtfWord::Head}, Entry{"aftncn", RtfWord::Head},
-    Entry{"generator", RtfWord::Dropped}, Entry{"listtext", RtfWord::ListText},
-    Entry{"updnprop", RtfWord::Dropped}, Entry{"listtag", RtfWord::Dropped},
-    Entry{"nonesttables", RtfWord::Dropped}, Entry{"pn", RtfWord::OldList}, Entry{"pntext", RtfWord::ListText},
-    Entry{"pict", RtfWord::Picture}, Entry{"shppict", RtfWord::ShapePicture},
-    Entry{"nonshppict", RtfWord::OtherPicture}, Entry{"field", RtfWord::Field},
-    Entry{"fldinst", RtfWord::FieldInstruction}, Entry{"fldrslt", RtfWord::Transparent},
-    Entry{"nesttableprops", RtfWord::NestedRowDefinition}, Entry{"upr", RtfWord::Upr},
-    Entry{"ud", RtfWord::UprUnicode}, Entry{"object", RtfWord::Kept}, Entry{"shp", RtfWord::Kept},
-    Entry{"shpgrp", RtfWord::Kept}, Entry{"do", RtfWord::Kept}, Entry{"footnote", RtfWord::Kept},
-    Entry{"annotation", RtfWord::Kept}, Entry{"atnid", RtfWord::Kept}, Entry{"atnauthor", RtfWord::Kept},
-    Entry{"atrfstart", RtfWord::Kept}, Entry{"atrfend", RtfWord::Kept}, Entry{"bkmkstart", RtfWord::Kept},
-    Entry{"bkmkend", RtfWord::Kept}, Entry{"xe", RtfWord::Kept}, Entry{"tc", RtfWord::Kept},
-    Entry{"tcn", RtfWord::Kept}, Entry{"rxe", RtfWord::Kept}, Entry{"private", RtfWord::Kept},
+    Row{RtfWord::Ignorable, "*"}, Row{RtfWord::FontTable, "fonttbl"}, Row{RtfWord::ColourTable, "colortbl"},
+    Row{RtfWord::ListTable, "listtable"}, Row{RtfWord::ListOverrides, "listoverridetable"},
+    Row{RtfWord::Head,
+        "stylesheet info filetbl revtbl header headerl headerr headerf footer footerl footerr footerf ftnsep ftnsepc "
+        "ftncn aftnsep aftnsepc aftncn rsidtbl pgptbl pgdsctbl pgdscno xmlnstbl latentstyles themedata colorschememapping "
+        "datastore defchp defpap mmathPr userprops docvar listpicture background protusertbl wgrffmtfilter template "
+        "windowcaption writereservation writereservhash passwordhash password hlinkbase keycode fontemb mailmerge "
+        "pnseclvl oldcprops oldpprops oldtprops oldsprops rdf"},
+    Row{RtfWord::Dropped, "generator updnprop listtag nonesttables"}, Row{RtfWord::ListText, "listtext pntext"},
+    Row{RtfWord::OldList, "pn"}, Row{RtfWord::Picture, "pict"}, Row{RtfWord::ShapePicture, "shppict"},
+    Row{RtfWord::OtherPicture, "nonshppict"}, Row{RtfWord::Field, "field"}, Row{RtfWord::FieldInstruction, "fldinst"},
+    Row{RtfWord::Transparent, "fldrslt"}, Row{RtfWord::NestedRowDefinition, "nesttableprops"},
+    Row{RtfWord::Upr, "upr"}, Row{RtfWord::UprUnicode, "ud"},
+    Row{RtfWord::Kept,
+        "object shp shpgrp do footnote annotation atnid atnauthor atndate atnref atnicn atntime atnparent atrfstart "
+        "atrfend bkmkstart bkmkend xe tc tcn rxe private mmath moMath moMathPara protstart protend datafield "
+        "formfield fldtype xmlopen xmlclose"},
 
-    Entry{"rtf", RtfWord::Version}, Entry{"ansi", RtfWord::Ansi}, Entry{"mac", RtfWord::Macintosh},
-    Entry{"pc", RtfWord::Dos}, Entry{"pca", RtfWord::DosMultilingual}, Entry{"ansicpg", RtfWord::AnsiCodePage},
-    Entry{"deff", RtfWord::DefaultFont},
+    Row{RtfWord::Version, "rtf"}, Row{RtfWord::Ansi, "ansi"}, Row{RtfWord::Macintosh, "mac"}, Row{RtfWord::Dos, "pc"},
+    Row{RtfWord::DosMultilingual, "pca"}, Row{RtfWord::AnsiCodePage, "ansicpg"}, Row{RtfWord::DefaultFont, "deff"},
+
+    // What may go without a word, since nobody sees it: which font and language other scripts would have, numbers
+    // of editing sessions, how the writer last broke lines, whether a field is up to date, measures said again in
+    // other terms, signs that mean something in the index only.
+    Row{RtfWord::Ignored,
+        "rtlch ltrch loch hich dbch fcs af alang aulnone langnp langfenp lin rin insrsid charrsid pararsid sectrsid "
+        "tblrsid delrsid styrsid softline softpage softcol softlheight flddirty fldedit fldlock fldpriv ltrrow irow "
+        "irowband lastrow : | '"},
 };
 
-// Words that are kept as they stand, and the borders, which open a list of details.
-constexpr std::array<std::string_view, 19> kUnderlines{
-    "ul", "uld", "uldash", "uldashd", "uldashdd", "uldb", "ulhwave", "ulldash", "ulth", "ulthd",
-    "ulthdash", "ulthdashd", "ulthdashdd", "ulthldash", "ululdbwave", "uldbwave", "ulw", "ulwave", "uldot"};
-constexpr std::array<std::string_view, 15> kKeptToggles{
-    "outl", "shad", "embo", "impr", "striked", "noproof", "webhidden", "accnone", "accdot", "acccomma",
-    "acccircle", "accunderdot", "cgrid", "gridtbl", "nosectexpand"};
-// What scripts of other writing systems look like, and numbers of editing sessions.
-constexpr std::array<std::string_view, 22> kIgnored{
-    "rtlch", "ltrch", "loch", "hich", "dbch", "af", "afs", "ab", "ai", "aul", "alang", "acf", "astrike",
-    "lin", "rin", "insrsid", "charrsid", "pararsid", "sectrsid", "tblrsid", "fcs", "softline"};
-constexpr std::array<std::string_view, 9> kKeptChars{
-    "animtext", "charscalex", "kerning", "cs", "chshdng", "chcfpat", "ulc", "langfe", "cchs"};
-constexpr std::array<std::string_view, 31> kKeptParagraphs{
-    "s", "keepn", "widctlpar", "nowidctlpar", "sbauto", "saauto", "outlinelevel", "hyphpar", "noline",
-    "contextualspacing", "aspalpha", "aspnum", "faauto", "shading", "cfpat", "bgdkdiag", "wrapdefault",
-    "nowwrap", "adjustright", "culi", "curi", "cufi", "lisa", "lisb", "level", "sbys", "absw", "absh",
-    "posx", "posy", "subdocument"};
-constexpr std::array<std::string_view, 8> kParagraphBorders{
-    "brdrt", "brdrb", "brdrl", "brdrr", "box", "brdrbtw", "brdrbar", "pbrdr"};
-constexpr std::array<std::string_view, 7> kRowBorders{
-    "trbrdrt", "trbrdrb", "trbrdrl", "trbrdrr", "trbrdrh", "trbrdrv", "trbrdr"};
-constexpr std::array<std::string_view, 6> kCellBorders{
-    "clbrdrt", "clbrdrb", "clbrdrl", "clbrdrr", "cldglu", "cldgll"};
-
-struct CharacterEntry {
+struct Sign {
     std::string_view Word;
     char16_t Unit;
 };
-constexpr std::array kCharacters{
-    CharacterEntry{"~", 0x00A0}, CharacterEntry{"-", 0x00AD}, CharacterEntry{"_", 0x2011},
-    CharacterEntry{"emdash", 0x2014}, CharacterEntry{"endash", 0x2013}, CharacterEntry{"emspace", 0x2003},
-    CharacterEntry{"enspace", 0x2002}, CharacterEntry{"qmspace", 0x2005}, CharacterEntry{"bullet", 0x2022},
-    CharacterEntry{"lquote", 0x2018}, CharacterEntry{"rquote", 0x2019}, CharacterEntry{"ldblquote", 0x201C},
-    CharacterEntry{"rdblquote", 0x201D}, CharacterEntry{"ltrmark", 0x200E}, CharacterEntry{"rtlmark", 0x200F},
-    CharacterEntry{"zwj", 0x200D}, CharacterEntry{"zwnj", 0x200C}, CharacterEntry{"zwbo", 0x200B},
-    CharacterEntry{"zwnbo", 0x2060},
+constexpr std::array kSigns{
+    Sign{"~", 0x00A0}, Sign{"-", 0x00AD}, Sign{"_", 0x2011}, Sign{"emdash", 0x2014}, Sign{"endash", 0x2013},
+    Sign{"emspace", 0x2003}, Sign{"enspace", 0x2002}, Sign{"qmspace", 0x2005}, Sign{"bullet", 0x2022},
+    Sign{"lquote", 0x2018}, Sign{"rquote", 0x2019}, Sign{"ldblquote", 0x201C}, Sign{"rdblquote", 0x201D},
+    Sign{"ltrmark", 0x200E}, Sign{"rtlmark", 0x200F}, Sign{"zwj", 0x200D}, Sign{"zwnj", 0x200C},
+    Sign{"zwbo", 0x200B}, Sign{"zwnbo", 0x2060},
 };
 // clang-format on
 
 using Meanings = std::unordered_map<std::string_view, RtfWord>;
 
-template <typename Words>
-void Add(Meanings& meanings, const Words& words, RtfWord meaning) {
-    for (const std::string_view word : words)
-        meanings.emplace(word, meaning);
-}
-
 Meanings MakeMeanings() {
     Meanings meanings;
-    for (const Entry& entry : kWords)
-        meanings.emplace(entry.Word, entry.Meaning);
-    for (const CharacterEntry& entry : kCharacters)
-        meanings.emplace(entry.Word, RtfWord::Character);
-    Add(meanings, kUnderlines, RtfWord::Underline);
-    Add(meanings, kKeptToggles, RtfWord::KeptCharToggle);
-    Add(meanings, kIgnored, RtfWord::Ignored);
-    Add(meanings, kKeptChars, RtfWord::KeptChar);
-    Add(meanings, kKeptParagraphs, RtfWord::KeptParagraph);
-    Add(meanings, kParagraphBorders, RtfWord::ParagraphBorder);
-    Add(meanings, kRowBorders, RtfWord::RowBorder);
-    Add(meanings, kCellBorders, RtfWord::CellBorder);
+    for (const Row& row : kRows) {
+        for (std::size_t at = 0; at < row.Words.size();) {
+            const std::size_t end = std::min(row.Words.find(' ', at), row.Words.size());
+            meanings.emplace(row.Words.substr(at, end - at), row.Meaning);
+            at = end + 1;
+        }
+    }
+    for (const Sign& sign : kSigns)
+        meanings.emplace(sign.Word, RtfWord::Character);
     return meanings;
 }
 
@@ -154,9 +141,7 @@ RtfWord FindRtfWord(QByteArrayView word) {
     const std::string_view name(word.data(), std::size_t(word.size()));
     if (const auto found = meanings.find(name); found != meanings.end())
         return found->second;
-    // One word processor's private marks, which say again what standard words say.
-    if (name.starts_with("abi"))
-        return RtfWord::Dropped;
+    // Only where a definition of a row or a border has begun; anywhere else the word is as good as unknown.
     if (name.starts_with("brdr") || name == "brsp")
         return RtfWord::BorderDetail;
     if (name.starts_with("tr") || name.starts_with("tbl"))
@@ -168,10 +153,9 @@ RtfWord FindRtfWord(QByteArrayView word) {
 
 char16_t CharacterOfRtfWord(QByteArrayView word) {
     const std::string_view name(word.data(), std::size_t(word.size()));
-    for (const CharacterEntry& entry : kCharacters)
-        if (entry.Word == name)
-            return entry.Unit;
-    return 0;
+    const auto* found =
+        std::find_if(kSigns.begin(), kSigns.end(), [name](const Sign& s) { return s.Word == name; });
+    return found == kSigns.end() ? char16_t(0) : found->Unit;
 }
 
 } // namespace paneda
