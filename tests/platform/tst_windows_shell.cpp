@@ -1,3 +1,4 @@
+#include "platform/code_pages.h"
 #include "platform/windows/mutex_lock.h"
 #include "platform/windows/run_key_autostart.h"
 #include "platform/windows/shell_icons.h"
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void targetsThatAreMissing();
     void icons();
     void space();
+    void codePages();
     void oneInstance();
     void startsAtLogin();
     void cleanup();
@@ -195,6 +197,14 @@ void tst_windows_shell::space() {
     QVERIFY(own.FreeBytes > 0 && own.FreeBytes <= own.TotalBytes);
     for (const QString& root : {QString(), u"Q:/"_s})
         QCOMPARE(volumes.SpaceOf(root).TotalBytes, quint64(0));
+}
+
+void tst_windows_shell::codePages() {
+    const CodePageDecoder decode = SystemCodePages();
+    QCOMPARE(decode("\x93\xfa\x96\x7b", 932), u"\u65E5\u672C"_s);
+    QCOMPARE(decode("\xb0\xa1", 949), u"\uAC00"_s);
+    QCOMPARE(decode("\x93", 932), std::nullopt);
+    QCOMPARE(decode("a", 12345), std::nullopt);
 }
 
 void tst_windows_shell::oneInstance() {

@@ -17,7 +17,9 @@ enum RtfProperty : int {
     RtfUnderlineWord,
     // int, RtfBackground: which word told the run's background.
     RtfBackgroundWord,
-    // int, half-points: \up (positive) or \dn (negative).
+    // int, twips: how far the run is raised (positive) or lowered (negative). Set and read it with the
+    // functions
+    // below. RTF has only half-points (10 twips), so it is rounded when it is written.
     RtfBaselineShift,
     // int: \lang.
     RtfLanguage,
@@ -98,6 +100,9 @@ enum RtfProperty : int {
     // the writer keeps them and appends behind.
     RtfFontTable,
     RtfColourTable,
+    // QVariantMap, number to name: the families in that font table, where the system's own conversion read
+    // them.
+    RtfFontFamilies,
     // int: \deff.
     RtfDefaultFont,
     // int: the note's code page (\ansicpg; 10000, 437, 850 for \mac, \pc, \pca). Raw groups are in it.
@@ -108,6 +113,12 @@ enum class RtfBackground : int { Highlight, Cb, Chcbpat };
 
 // Object type of inline objects.
 inline constexpr int kRtfObject = QTextFormat::UserObject + 1;
+
+// Raises a run's text by so many twips (negative: lowers it; 0: back to the line). Sets RtfBaselineShift and
+// Qt's own offset, a share of the font's size; `points` is that size.
+void SetBaselineShift(QTextCharFormat& format, int twips, qreal points);
+// By how many twips a run is raised: what SetBaselineShift set, or else what Qt's own offset means.
+int BaselineShiftOf(const QTextCharFormat& format, qreal points);
 
 inline constexpr qreal kRtfTwipsPerPixel = 15;
 // Size of text that no \fs was told for, half-points.

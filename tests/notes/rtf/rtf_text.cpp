@@ -27,7 +27,7 @@ QString TextOf(const QTextFragment& fragment) {
         return fragment.text();
     const QByteArray raw = format.property(RtfRaw).toByteArray();
     if (raw.startsWith("{\\uc1\\v "))
-        return PlainTextOfRtf(raw, 1252, raw.size());
+        return PlainTextOfRtf(raw, {}, raw.size());
     const QString label = format.stringProperty(RtfObjectText);
     // The mark tells that another program may show something else here: a page number, today's date.
     return label.startsWith(u'[') || label == u"#" ? QStringLiteral("\uE000\uE001")

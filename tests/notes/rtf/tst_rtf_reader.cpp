@@ -22,6 +22,7 @@ private Q_SLOTS:
     void refusesOthers();
     void texts_data();
     void texts();
+    void systemCodePages();
     void damage_data();
     void damage();
     void characters();
@@ -117,6 +118,23 @@ void TestRtfReader::texts() {
     QCOMPARE(note.Reading.Losses, QStringList());
 }
 
+// What has no table here is asked of the system, in texts and in names of fonts; what that cannot tell is a
+// loss.
+void TestRtfReader::systemCodePages() {
+    const CodePageDecoder system = [](QByteArrayView bytes, int codePage) -> std::optional<QString> {
+        if (codePage != 1361 || bytes.contains('\xFF'))
+            return std::nullopt;
+        return QStringLiteral("\uD55C");
+    };
+    const QByteArray font = "{\\fonttbl{\\f5\\fcharset130 \\'d0\\'65;}}";
+    QTextDocument document;
+    QCOMPARE(ReadRtf("{\\rtf1" + font + "\\f5\\'d0\\'65\\par}", document, system).Losses, QStringList());
+    QCOMPARE(document.firstBlock().text(), QStringLiteral("\uD55C"));
+    QVERIFY(WriteRtf(document).contains(QByteArray(font + "\r\n")));
+    QCOMPARE(ReadRtf("{\\rtf1" + font + "\\f5\\'ff\\'65\\par}", document, system).Losses,
+             QStringList(QStringLiteral("text in code page 1361")));
+}
+
 void TestRtfReader::damage_data() {
     QTest::addColumn<QByteArray>("rtf");
     QTest::addColumn<QString>("text");
@@ -175,8 +193,8 @@ void TestRtfReader::characters() {
     QVERIFY(note.Look(QStringLiteral("g")).fontStrikeOut());
     QCOMPARE(note.Look(QStringLiteral("h")).verticalAlignment(), QTextCharFormat::AlignSuperScript);
     QCOMPARE(note.Look(QStringLiteral("i")).verticalAlignment(), QTextCharFormat::AlignSubScript);
-    QCOMPARE(note.Look(QStringLiteral("j")).intProperty(RtfBaselineShift), 6);
-    QCOMPARE(note.Look(QStringLiteral("k")).intProperty(RtfBaselineShift), -4);
+    QCOMPARE(note.Look(QStringLiteral("j")).intProperty(RtfBaselineShift), 60);
+    QCOMPARE(note.Look(QStringLiteral("k")).intProperty(RtfBaselineShift), -40);
     QCOMPARE(note.Look(QStringLiteral("l")).fontCapitalization(), QFont::AllUppercase);
     QCOMPARE(note.Look(QStringLiteral("m")).fontCapitalization(), QFont::SmallCaps);
     QCOMPARE(note.Look(QStringLiteral("n")).fontLetterSpacing(), 2.0);
@@ -240,6 +258,7 @@ void TestRtfReader::losses_data() {
     QTest::newRow("tracked") << Note("a{\\deleted b}") << QStringLiteral("tracked changes");
     QTest::newRow("section") << Note("a\\sect b") << QStringLiteral("a section break");
     QTest::newRow("code page") << Note("\\f5\\'88\\'61") << QStringLiteral("text in code page 1361");
+    QTest::newRow("wrong bytes") << Note("\\f2\\'93") << QStringLiteral("text in code page 932");
     QTest::newRow("deep") << Note(QByteArray(3000, '{') + "a" + QByteArray(3000, '}'))
                           << QStringLiteral("groups nested very deeply");
     QTest::newRow("behind") << Note("a") + "{\\rtf1 b}"

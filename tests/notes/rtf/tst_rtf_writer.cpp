@@ -103,7 +103,9 @@ void TestRtfWriter::looks_data() {
         f.setProperty(RtfUnderlineWord, QStringLiteral("uldb"));
     });
     row("xyz", [](QTextCharFormat& f) { f.setProperty(RtfUnderlineWord, QStringLiteral("uldb")); });
-    row("x\\dn6 y\\up0 z", [](QTextCharFormat& f) { f.setProperty(RtfBaselineShift, -6); });
+    row("x\\dn6 y\\up0 z", [](QTextCharFormat& f) { SetBaselineShift(f, -55, 10); });
+    row("x\\up11 y\\up0 z", [](QTextCharFormat& f) { SetBaselineShift(f, 55 + 55, 10); });
+    row("x\\up5 y\\up0 z", [](QTextCharFormat& f) { f.setBaselineOffset(25); });
     row("x\\f1\\fs25 y\\f0\\fs20 z", [](QTextCharFormat& f) {
         f.setFontFamilies({QStringLiteral("Arial")});
         f.setFontPointSize(12.5);

@@ -13,6 +13,8 @@ namespace {
 // Points that Qt can lay out; RTF's own limit is not much above.
 constexpr int kMaxHalfPoints = 3276;
 
+constexpr int kTwipsPerHalfPoint = 10;
+
 bool IsOn(const RtfToken& token) {
     return !token.HasNumber || token.Number != 0;
 }
@@ -29,9 +31,9 @@ void SetBackground(RtfChar& state, RtfBackground word, int colour) {
     state.BackWord = word;
 }
 
-// \up and \dn without a number mean three points.
+// \up and \dn count half-points; without a number they mean three points.
 int ShiftOf(const RtfToken& token) {
-    return std::clamp(token.HasNumber ? token.Number : 6, 0, 1000);
+    return std::clamp(token.HasNumber ? token.Number : 6, 0, 1000) * kTwipsPerHalfPoint;
 }
 
 bool ApplyValueWord(RtfChar& state, RtfWord meaning, const RtfToken& token) {
@@ -132,11 +134,7 @@ void SetMeasures(QTextCharFormat& format, const RtfChar& state) {
         format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
         format.setFontLetterSpacing(state.Spacing / kRtfTwipsPerPixel);
     }
-    if (state.Shift != 0) {
-        format.setProperty(RtfBaselineShift, state.Shift);
-        // Qt wants hundredths of the font's height.
-        format.setBaselineOffset(100.0 * state.Shift / state.HalfPoints);
-    }
+    SetBaselineShift(format, state.Shift, state.HalfPoints / 2.0);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "notes/rtf/properties.h"
+#include "notes/rtf/read/code_pages.h"
 #include "notes/rtf/read/fonts.h"
 #include "notes/rtf/read/tokens.h"
 #include "notes/rtf/read/words.h"
@@ -14,7 +15,11 @@ struct RtfTables {
     RtfFonts Fonts;
     QList<QColor> Colours;
     int DefaultFont = 0;
-    int CodePage = 1252;
+    int CodePage = kRtfAnsiCodePage;
+    // See RtfEncoding.
+    const CodePageDecoder* System = nullptr;
+
+    RtfEncoding Encoding() const { return {CodePage, System}; }
 };
 
 // Character formatting at a place of the source.
@@ -27,7 +32,7 @@ struct RtfChar {
     bool SmallCaps = false;
     bool AllCaps = false;
     bool Hidden = false;
-    // Positive above the line, in half-points.
+    // Positive above the line, in twips.
     int Shift = 0;
     QTextCharFormat::VerticalAlignment Vertical = QTextCharFormat::AlignNormal;
     // Numbers in the colour table. 0 is the automatic colour as a rule, and no background ever.

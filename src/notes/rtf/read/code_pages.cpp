@@ -12,6 +12,8 @@ namespace paneda {
 
 namespace {
 
+constexpr int kUtf8CodePage = 65001;
+
 struct Pair {
     int Charset;
     int CodePage;
@@ -46,11 +48,30 @@ QString DecodeSymbols(QByteArrayView bytes) {
     return text;
 }
 
+// Nothing where Qt was built without the tables, and where the bytes are no text in that code page.
 std::optional<QString> DecodeByName(QByteArrayView bytes, const char* name) {
     QStringDecoder decoder(name, QStringConverter::Flag::Stateless);
     if (!decoder.isValid())
         return std::nullopt;
-    return QString(decoder.decode(bytes));
+    QString text = decoder.decode(bytes);
+    if (decoder.hasError())
+        return std::nullopt;
+    return text;
+}
+
+std::optional<QString> DecodeEastAsian(QByteArrayView bytes, int codePage) {
+    switch (codePage) {
+    case 932:
+        return DecodeByName(bytes, "windows-932");
+    case 936:
+        return DecodeByName(bytes, "windows-936");
+    case 949:
+        return DecodeByName(bytes, "windows-949");
+    case 950:
+        return DecodeByName(bytes, "windows-950");
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -61,28 +82,24 @@ int CodePageOfCharset(int charset, int fallback) {
     return found == kCharsets.end() ? fallback : found->CodePage;
 }
 
-std::optional<QString> DecodeCodePage(QByteArrayView bytes, int codePage) {
-    switch (codePage) {
+std::optional<QString> DecodeBytes(QByteArrayView bytes, const RtfEncoding& encoding) {
+    switch (encoding.CodePage) {
     case kRtfAnsiCodePage:
         return DecodeWindows1252(bytes);
     case kRtfSymbolCodePage:
         return DecodeSymbols(bytes);
-    case 65001:
-        return QString::fromUtf8(bytes);
-    case 932:
-        return DecodeByName(bytes, "windows-932");
-    case 936:
-        return DecodeByName(bytes, "windows-936");
-    case 949:
-        return DecodeByName(bytes, "windows-949");
-    case 950:
-        return DecodeByName(bytes, "windows-950");
+    case kUtf8CodePage:
+        return DecodeByName(bytes, "UTF-8");
     default:
         break;
     }
-    if (const RtfHighHalf* high = FindCodePageTable(codePage))
+    if (const RtfHighHalf* high = FindCodePageTable(encoding.CodePage))
         return DecodeSingleByte(bytes, *high);
-    return std::nullopt;
+    if (encoding.System && *encoding.System) {
+        if (const std::optional<QString> text = (*encoding.System)(bytes, encoding.CodePage))
+            return text;
+    }
+    return DecodeEastAsian(bytes, encoding.CodePage);
 }
 
 } // namespace paneda

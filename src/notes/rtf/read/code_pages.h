@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QByteArrayView>
-#include <QString>
-
-#include <optional>
+#include "core/text/code_page_decoder.h"
 
 namespace paneda {
 
@@ -14,8 +11,15 @@ inline constexpr int kRtfSymbolCodePage = 42;
 // Code page of a font's \fcharset; `fallback` for the numbers that mean "the note's own".
 int CodePageOfCharset(int charset, int fallback);
 
-// Text of bytes in a Windows or DOS code page. Nothing when this system cannot tell: the code page is
-// unknown, or it is an East Asian one and Qt was built without tables for it.
-std::optional<QString> DecodeCodePage(QByteArrayView bytes, int codePage);
+// What bytes of a note mean.
+struct RtfEncoding {
+    int CodePage = kRtfAnsiCodePage;
+    // Asked about code pages that have no table here; may be null.
+    const CodePageDecoder* System = nullptr;
+};
+
+// Text of bytes in a Windows or DOS code page. Nothing when neither the tables here nor the system nor Qt
+// knows the code page, or when the bytes are no text in it.
+std::optional<QString> DecodeBytes(QByteArrayView bytes, const RtfEncoding& encoding);
 
 } // namespace paneda

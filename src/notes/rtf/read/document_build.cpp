@@ -124,11 +124,20 @@ private:
     std::vector<QTextList*> lists_;
 };
 
+QVariantMap Families(const RtfFonts& fonts) {
+    QVariantMap families;
+    for (const auto& [number, font] : fonts)
+        families.insert(QString::number(number), font.Family);
+    return families;
+}
+
 void KeepNoteProperties(const RtfContent& content, QTextDocument& document) {
     QTextFrameFormat format = document.rootFrame()->frameFormat();
     format.setProperty(RtfHead, content.Head);
     format.setProperty(RtfFontTable, content.FontTable);
     format.setProperty(RtfColourTable, content.ColourTable);
+    if (content.Tables.System && *content.Tables.System)
+        format.setProperty(RtfFontFamilies, Families(content.Tables.Fonts));
     format.setProperty(RtfDefaultFont, content.Tables.DefaultFont);
     format.setProperty(RtfCodePage, content.Tables.CodePage);
     document.rootFrame()->setFrameFormat(format);

@@ -11,7 +11,7 @@ namespace {
 
 class FontTableReader {
 public:
-    FontTableReader(QByteArrayView group, int codePage) : tokens_(group), noteCodePage_(codePage) {}
+    FontTableReader(QByteArrayView group, const RtfEncoding& encoding) : tokens_(group), note_(encoding) {}
 
     RtfFonts Read() {
         // Fonts stand in groups of their own, or one behind the other in the table itself; what is nested
@@ -55,13 +55,13 @@ private:
         Finish();
         number_ = number;
         charset_ = -1;
-        codePage_ = noteCodePage_;
+        codePage_ = note_.CodePage;
         open_ = true;
     }
 
     void SetCharset(int charset) {
         charset_ = charset;
-        codePage_ = CodePageOfCharset(charset, noteCodePage_);
+        codePage_ = CodePageOfCharset(charset, note_.CodePage);
     }
 
     void TakeByte(int byte) {
@@ -81,8 +81,8 @@ private:
     }
 
     void Decode() {
-        family_ += DecodeCodePage(name_, codePage_ == kRtfSymbolCodePage ? kRtfAnsiCodePage : codePage_)
-                       .value_or(QString::fromLatin1(name_));
+        const int page = codePage_ == kRtfSymbolCodePage ? kRtfAnsiCodePage : codePage_;
+        family_ += DecodeBytes(name_, {page, note_.System}).value_or(QString::fromLatin1(name_));
         name_.clear();
     }
 
@@ -96,7 +96,7 @@ private:
 
     RtfTokenizer tokens_;
     RtfFonts fonts_;
-    int noteCodePage_;
+    RtfEncoding note_;
     int depth_ = 0;
     int number_ = 0;
     int charset_ = -1;
@@ -109,8 +109,8 @@ private:
 
 } // namespace
 
-RtfFonts ReadFontTable(QByteArrayView group, int codePage) {
-    return FontTableReader(group, codePage).Read();
+RtfFonts ReadFontTable(QByteArrayView group, const RtfEncoding& encoding) {
+    return FontTableReader(group, encoding).Read();
 }
 
 QList<QColor> ReadColourTable(QByteArrayView group) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "notes/rtf/read/code_pages.h"
+
 #include <QByteArrayView>
 #include <QColor>
 #include <QList>
@@ -20,8 +22,8 @@ struct RtfFont {
 // Fonts by their numbers, which need not be in order.
 using RtfFonts = std::unordered_map<int, RtfFont>;
 
-// Reads a whole {\fonttbl...} group. `codePage` is the note's own.
-RtfFonts ReadFontTable(QByteArrayView group, int codePage);
+// Reads a whole {\fonttbl...} group. `encoding` is the note's own.
+RtfFonts ReadFontTable(QByteArrayView group, const RtfEncoding& encoding);
 
 // Reads a whole {\colortbl...} group: the colours by their number. The automatic colour is invalid.
 QList<QColor> ReadColourTable(QByteArrayView group);

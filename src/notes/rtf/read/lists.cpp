@@ -82,8 +82,8 @@ QTextListFormat::Style StyleOfNumberKind(int kind) {
 }
 
 // Text of a \leveltext: a length, then the marker with a byte 0 to 8 for each level's number, then ";".
-QString LevelText(QByteArrayView group, int codePage) {
-    QString text = PlainTextOfRtf(group, codePage, 200);
+QString LevelText(QByteArrayView group, const RtfEncoding& encoding) {
+    QString text = PlainTextOfRtf(group, encoding, 200);
     if (const qsizetype end = text.lastIndexOf(u';'); end >= 0)
         text.truncate(end);
     return text.sliced(std::min<qsizetype>(text.size(), 1));
@@ -107,7 +107,8 @@ void SetLevelText(QTextListFormat& format, const QString& text, int level) {
 
 class ListTableReader {
 public:
-    ListTableReader(QByteArrayView group, int codePage) : tokens_(group), codePage_(codePage) {}
+    ListTableReader(QByteArrayView group, const RtfEncoding& encoding)
+        : tokens_(group), encoding_(encoding) {}
 
     std::unordered_map<int, std::vector<QTextListFormat>> Read() {
         for (RtfToken token = tokens_.Next(); token.Kind != RtfToken::Type::End; token = tokens_.Next())
@@ -142,20 +143,20 @@ private:
         } else if (token.Text == "leveltext") {
             const qsizetype begin = tokens_.Position();
             const qsizetype end = tokens_.SkipGroup();
-            SetLevelText(level, LevelText(tokens_.Bytes().sliced(begin, end - begin), codePage_),
+            SetLevelText(level, LevelText(tokens_.Bytes().sliced(begin, end - begin), encoding_),
                          int(levels_.size()) - 1);
         }
     }
 
     RtfTokenizer tokens_;
-    int codePage_;
+    RtfEncoding encoding_;
     std::vector<QTextListFormat> levels_;
     std::unordered_map<int, std::vector<QTextListFormat>> lists_;
 };
 
 } // namespace
 
-RtfOldList ReadOldList(QByteArrayView source, int codePage) {
+RtfOldList ReadOldList(QByteArrayView source, const RtfEncoding& encoding) {
     RtfOldList list;
     list.Source = KeptRtf(source);
     list.Format = EmptyFormat();
@@ -171,7 +172,7 @@ RtfOldList ReadOldList(QByteArrayView source, int codePage) {
             const qsizetype begin = tokens.Position();
             const qsizetype end = tokens.SkipGroup();
             (token.Text == "pntxtb" ? before : after) =
-                PlainTextOfRtf(source.sliced(begin, end - begin), codePage, kMaxAffix);
+                PlainTextOfRtf(source.sliced(begin, end - begin), encoding, kMaxAffix);
         } else if (const auto style = StyleOfOldWord(token.Text)) {
             list.Format.setStyle(*style);
         } else if (token.Text == "pnlvlblt") {
@@ -193,8 +194,8 @@ RtfOldList ReadOldList(QByteArrayView source, int codePage) {
     return list;
 }
 
-void RtfListTables::ReadTable(QByteArrayView group, int codePage) {
-    lists_ = ListTableReader(group, codePage).Read();
+void RtfListTables::ReadTable(QByteArrayView group, const RtfEncoding& encoding) {
+    lists_ = ListTableReader(group, encoding).Read();
 }
 
 void RtfListTables::ReadOverrides(QByteArrayView group) {

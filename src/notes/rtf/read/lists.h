@@ -1,5 +1,7 @@
 #pragma once
 
+#include "notes/rtf/read/code_pages.h"
+
 #include <QByteArray>
 #include <QTextListFormat>
 
@@ -20,13 +22,13 @@ struct RtfOldList {
 };
 
 // Reads the inner part of a {\*\pn ...} group.
-RtfOldList ReadOldList(QByteArrayView source, int codePage);
+RtfOldList ReadOldList(QByteArrayView source, const RtfEncoding& encoding);
 
 // The note's list tables: formats by \ls and \ilvl.
 class RtfListTables {
 public:
     // A whole {\*\listtable...} or {\*\listoverridetable...} group.
-    void ReadTable(QByteArrayView group, int codePage);
+    void ReadTable(QByteArrayView group, const RtfEncoding& encoding);
     void ReadOverrides(QByteArrayView group);
 
     // nullptr for a list that the tables lack, and for a level without marker.

@@ -48,7 +48,7 @@ QSizeF SizeOfObject(QByteArrayView source) {
 
 // Whether a reader that does not know a group's word could miss text in it. Digits alone are data.
 bool HoldsText(QByteArrayView source) {
-    const QString text = PlainTextOfRtf(source, kRtfAnsiCodePage, kMaxInstruction).simplified();
+    const QString text = PlainTextOfRtf(source, {}, kMaxInstruction).simplified();
     return std::any_of(text.begin(), text.end(), [](QChar c) {
         return !c.isSpace() && (c.unicode() > 0x7F || HexValue(c.toLatin1()) < 0);
     });
@@ -136,7 +136,7 @@ bool RtfParser::TakeTable(RtfWord meaning, const RtfToken& token) {
     }
     if (meaning == RtfWord::FontTable) {
         content_.FontTable = group;
-        content_.Tables.Fonts = ReadFontTable(group, content_.Tables.CodePage);
+        content_.Tables.Fonts = ReadFontTable(group, content_.Tables.Encoding());
         return true;
     }
     if (meaning == RtfWord::ColourTable) {
@@ -145,7 +145,7 @@ bool RtfParser::TakeTable(RtfWord meaning, const RtfToken& token) {
         return true;
     }
     if (meaning == RtfWord::ListTable)
-        lists_.ReadTable(group, content_.Tables.CodePage);
+        lists_.ReadTable(group, content_.Tables.Encoding());
     else
         lists_.ReadOverrides(group);
     content_.Head += group;
@@ -163,7 +163,8 @@ bool RtfParser::TakePictureWord(RtfWord meaning, const RtfToken& token) {
 }
 
 void RtfParser::TakeOldList() {
-    const auto list = std::make_shared<const RtfOldList>(ReadOldList(TakeInside(), content_.Tables.CodePage));
+    const auto list =
+        std::make_shared<const RtfOldList>(ReadOldList(TakeInside(), content_.Tables.Encoding()));
     Current().Paragraph.OldList = list;
 }
 
@@ -241,7 +242,7 @@ void RtfParser::TakeFieldInstruction(const RtfToken& token) {
     }
     const auto field = std::size_t(groups_.rend() - found) - 1;
     const QString instruction =
-        PlainTextOfRtf(TakeInside(), content_.Tables.CodePage, kMaxInstruction).trimmed();
+        PlainTextOfRtf(TakeInside(), content_.Tables.Encoding(), kMaxInstruction).trimmed();
     const QString address = LinkAddress(instruction);
     if (address.isEmpty() || found->Char.Hidden || instruction.size() >= kMaxInstruction - 1) {
         TakeForeignField(field, instruction);
@@ -272,7 +273,7 @@ void RtfParser::TakeForeignField(std::size_t field, const QString& instruction) 
     const qsizetype result = source.indexOf("\\fldrslt");
     // A field that is a place to click has its text behind the name of what it starts.
     const QString label =
-        result >= 0 ? PlainTextOfRtf(source.sliced(result), content_.Tables.CodePage, kMaxLabel)
+        result >= 0 ? PlainTextOfRtf(source.sliced(result), content_.Tables.Encoding(), kMaxLabel)
         : instruction.startsWith(u"MACROBUTTON") ? instruction.simplified().section(u' ', 2).left(kMaxLabel)
                                                  : QString();
     // Words in front of the field are not in its source, but tell how it looks.
@@ -291,7 +292,7 @@ bool RtfParser::HasLongResult(std::size_t groups) const {
         ahead.SkipGroup();
     const QByteArrayView rest = tokens_.Bytes().sliced(begin, ahead.Position() - begin);
     return HoldsParagraphs(rest) ||
-           PlainTextOfRtf(rest, content_.Tables.CodePage, kMaxLabel).size() >= kMaxLabel;
+           PlainTextOfRtf(rest, content_.Tables.Encoding(), kMaxLabel).size() >= kMaxLabel;
 }
 
 // A group that only its own kind of program understands is kept and not shown. Text in it could be the

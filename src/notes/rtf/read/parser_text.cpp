@@ -45,7 +45,7 @@ void RtfParser::FlushBytes() {
     CurrentFormat();
     if (codePage_ != kRtfSymbolCodePage && IsAscii(bytes_)) {
         AppendText(QString::fromLatin1(bytes_));
-    } else if (const std::optional<QString> text = DecodeCodePage(bytes_, codePage_)) {
+    } else if (const std::optional<QString> text = DecodeBytes(bytes_, {codePage_, content_.Tables.System})) {
         AppendText(*text);
     } else {
         content_.Lose(QStringLiteral("text in code page %1").arg(codePage_));

@@ -31,8 +31,8 @@ bool IsOddSign(const RtfToken& token) {
 // Text of a token stream; \u skips its fallback, destinations that no reader shows are left out.
 class PlainText {
 public:
-    PlainText(QByteArrayView source, int codePage, qsizetype limit)
-        : tokens_(source), codePage_(codePage), limit_(limit) {}
+    PlainText(QByteArrayView source, const RtfEncoding& encoding, qsizetype limit)
+        : tokens_(source), encoding_(encoding), limit_(limit) {}
 
     QString Read() {
         for (RtfToken token = tokens_.Next(); token.Kind != RtfToken::Type::End; token = tokens_.Next()) {
@@ -80,12 +80,12 @@ private:
     }
 
     void Decode() {
-        text_ += DecodeCodePage(bytes_, codePage_).value_or(QString::fromLatin1(bytes_));
+        text_ += DecodeBytes(bytes_, encoding_).value_or(QString::fromLatin1(bytes_));
         bytes_.clear();
     }
 
     RtfTokenizer tokens_;
-    int codePage_;
+    RtfEncoding encoding_;
     qsizetype limit_;
     int fallbacks_ = 1;
     int skip_ = 0;
@@ -136,8 +136,8 @@ bool IsApartFromText(RtfTokenizer inside) {
            (isStarred && meaning == RtfWord::Unknown);
 }
 
-QString PlainTextOfRtf(QByteArrayView source, int codePage, qsizetype limit) {
-    return PlainText(source, codePage, limit).Read();
+QString PlainTextOfRtf(QByteArrayView source, const RtfEncoding& encoding, qsizetype limit) {
+    return PlainText(source, encoding, limit).Read();
 }
 
 QByteArray RtfOfText(QStringView text) {

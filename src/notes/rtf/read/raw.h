@@ -1,5 +1,6 @@
 #pragma once
 
+#include "notes/rtf/read/code_pages.h"
 #include "notes/rtf/read/tokens.h"
 
 #include <QByteArray>
@@ -16,8 +17,8 @@ QByteArray KeptRtf(QByteArrayView source);
 bool IsApartFromText(RtfTokenizer inside);
 
 // Text of RTF source without its formatting, for labels and field instructions. At most `limit` characters.
-// `codePage` is that of its 8-bit texts.
-QString PlainTextOfRtf(QByteArrayView source, int codePage, qsizetype limit);
+// `encoding` is that of its 8-bit texts.
+QString PlainTextOfRtf(QByteArrayView source, const RtfEncoding& encoding, qsizetype limit);
 
 // RTF source of a text, one \u with a "?" behind it for each UTF-16 unit outside ASCII. Reads right under
 // \uc1.

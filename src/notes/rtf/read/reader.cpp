@@ -18,11 +18,12 @@ qsizetype BeginOfRtf(const QByteArray& bytes) {
 
 } // namespace
 
-RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document) {
+RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document, const CodePageDecoder& system) {
     const QByteArrayView note = QByteArrayView(bytes).sliced(BeginOfRtf(bytes));
     if (!note.startsWith("{\\rtf"))
         return {QStringLiteral("This is not a rich text note."), {}};
     RtfContent content;
+    content.Tables.System = &system;
     RtfParser(note, content).Run();
     BuildDocument(content, document);
     ShowRtfPictures(document);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/code_page_decoder.h"
+
 #include <QByteArray>
 #include <QStringList>
 
@@ -20,6 +22,8 @@ struct RtfReading {
 // Replaces the document's content by a note in RTF (1.0 to 1.9). Damaged RTF is read as far as it makes
 // sense. Bytes that are no RTF at all leave the document alone. Pictures are decoded when they are first
 // drawn. See rtf_properties.h for what the document holds beside its text.
-RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document);
+// `system` reads code pages that have no table here, the East Asian ones; without it Qt is asked, which knows
+// them on Linux only.
+RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document, const CodePageDecoder& system = {});
 
 } // namespace paneda

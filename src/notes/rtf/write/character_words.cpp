@@ -146,7 +146,7 @@ RtfCharacters CharactersOf(const QTextCharFormat& format, RtfNumbers& numbers, c
     look.SmallCapitals = format.fontCapitalization() == QFont::SmallCaps;
     look.Underline = UnderlineOf(format);
     look.Script = ScriptOf(format);
-    look.Shift = format.intProperty(RtfBaselineShift);
+    look.Shift = qRound(BaselineShiftOf(format, look.HalfPoints / 2.0) / 10.0);
     look.Spacing = SpacingOf(format);
     if (format.foreground().style() != Qt::NoBrush)
         look.Colour = numbers.Colour(format.foreground().color());

@@ -46,7 +46,10 @@ RtfNumbers::RtfNumbers(const QTextDocument& document) : defaultFamily_(document.
     const int codePage = root.hasProperty(RtfCodePage) ? root.intProperty(RtfCodePage) : kRtfAnsiCodePage;
     fontTable_ = Opened(root.property(RtfFontTable).toByteArray(), "{\\fonttbl");
     colourTable_ = Ended(Opened(root.property(RtfColourTable).toByteArray(), "{\\colortbl;"));
-    fonts_ = ReadFontTable(fontTable_, codePage);
+    fonts_ = ReadFontTable(fontTable_, {codePage});
+    const QVariantMap families = root.property(RtfFontFamilies).toMap();
+    for (auto it = families.begin(); it != families.end(); ++it)
+        fonts_[it.key().toInt()].Family = it.value().toString();
     QList<int> numbers;
     for (const auto& [number, font] : fonts_)
         numbers.append(number);

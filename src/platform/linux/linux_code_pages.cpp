@@ -1,0 +1,9 @@
+#include "platform/code_pages.h"
+
+namespace paneda {
+
+CodePageDecoder SystemCodePages() {
+    return {};
+}
+
+} // namespace paneda
