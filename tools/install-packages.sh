@@ -16,7 +16,7 @@ packages_of() {
                   "libxcb-xinput0 libsdl2-mixer-2.0-0 timgm6mb-soundfont" ;;
         test) echo "python3 clang lld libclang-rt-14-dev clang-format clang-tidy xvfb openbox picom hsetroot" \
                    "dbus-daemon dbus-bin xdotool wmctrl xterm x11-utils x11-xkb-utils x11-xserver-utils trayer imagemagick" \
-                   "libsdl2-mixer-2.0-0 timgm6mb-soundfont libglib2.0-bin zip unzip p7zip-full unrtf" \
+                   "libsdl2-mixer-2.0-0 timgm6mb-soundfont libglib2.0-bin zip unzip p7zip-full" \
                    "libreoffice-writer-nogui abiword" ;;
         windows) echo "cmake ninja-build qt6-base-dev libexpected-dev g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine" \
                       "wine64 xz-utils python3 fonts-dejavu-core" ;;

@@ -19,7 +19,6 @@ private Q_SLOTS:
     void officeLists();
     void richTextControl();
     void fullWordProcessor();
-    void oldMacintosh();
 };
 
 namespace {
@@ -141,15 +140,6 @@ void TestRtfPrograms::fullWordProcessor() {
     const QByteArray head = note.Root().property(RtfHead).toByteArray();
     QVERIFY(head.contains("{\\header\\pard\\plain\\ql Head\\par}") &&
             head.contains("{\\*\\bkmkstart") == false);
-}
-
-void TestRtfPrograms::oldMacintosh() {
-    const ReadNote note(Sample(QStringLiteral("old.rtf")));
-    QCOMPARE(note.Text(), QStringLiteral("caf\u00E9 \u201Cquoted\u201D|second\titplain|\uFFFC\uFFFCthird"));
-    QCOMPARE(note.Look(QStringLiteral("caf")).fontFamilies().toStringList(),
-             QStringList(QStringLiteral("Mona\u00E9co")));
-    QCOMPARE(note.Look(QStringLiteral("plain")).fontFamilies().toStringList(),
-             QStringList(QStringLiteral("Geneva")));
 }
 
 QTEST_MAIN(TestRtfPrograms)

@@ -1,7 +1,6 @@
+#include "notes/rtf/links.h"
 #include "notes/rtf/properties.h"
-#include "notes/rtf/read/links.h"
-#include "notes/rtf/view/object_view.h"
-#include "notes/rtf/view/picture_view.h"
+#include "notes/rtf/view/view.h"
 #include "notes/rtf/write/writer.h"
 #include "read_note.h"
 
@@ -38,12 +37,10 @@ private Q_SLOTS:
     void nestedListsCountAnew();
     void linkAddresses_data();
     void linkAddresses();
-    void links();
     void pictureSizes_data();
     void pictureSizes();
     void pictures();
-    void objectsTakeRoom();
-    void limits();
+    void wrappedPictures();
 };
 
 namespace {
@@ -440,16 +437,6 @@ void TestRtfReader::linkAddresses() {
     QTEST(LinkAddress(instruction), "address");
 }
 
-void TestRtfReader::links() {
-    const ReadNote note(Note(
-        "a{\\field\\flddirty{\\*\\fldinst{HYPERLINK \"http://x/\"}}{\\fldrslt{\\ul b\\par c\\plain}d}}e"));
-    for (const QString& text : {QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")})
-        QCOMPARE(note.Look(text).anchorHref(), QStringLiteral("http://x/"));
-    QCOMPARE(note.Look(QStringLiteral("c")).stringProperty(RtfLinkInstruction),
-             u"HYPERLINK \"http://x/\""_qs);
-    QVERIFY(!note.Look(QStringLiteral("a")).isAnchor() && !note.Look(QStringLiteral("e")).isAnchor());
-}
-
 void TestRtfReader::pictureSizes_data() {
     QTest::addColumn<QByteArray>("words");
     QTest::addColumn<QSizeF>("size");
@@ -504,36 +491,39 @@ void TestRtfReader::pictures() {
              QSize(20, 20));
 }
 
-void TestRtfReader::objectsTakeRoom() {
-    const ReadNote note(Note("{\\object\\objw300\\objh150 x}a{\\footnote x}b{\\*\\bkmkstart x}"));
-    RtfObjectView view;
-    QList<QTextFormat> objects;
-    for (auto it = note.Document.firstBlock().begin(); !it.atEnd(); ++it)
-        if (it.fragment().charFormat().objectType() == kRtfObject)
-            objects.append(it.fragment().charFormat());
-    QCOMPARE(objects.size(), 3);
-    QCOMPARE(view.intrinsicSize(nullptr, 0, objects.at(0)), QSizeF(20, 10));
-    QVERIFY(view.intrinsicSize(nullptr, 0, objects.at(1)).width() > 20);
-    QCOMPARE(view.intrinsicSize(nullptr, 0, objects.at(2)), QSizeF(0, 0));
-    QImage picture(20, 10, QImage::Format_RGB32);
-    picture.fill(Qt::white);
-    QPainter painter(&picture);
-    view.drawObject(&painter, picture.rect(), nullptr, 0, objects.at(0));
-    QCOMPARE(picture.pixelColor(0, 0), QColor(Qt::black));
-}
+// What rich text controls keep: metafiles around one bitmap, and objects with a picture of themselves.
+void TestRtfReader::wrappedPictures() {
+    const auto words = [](std::initializer_list<int> numbers) {
+        QByteArray bytes;
+        for (const int number : numbers)
+            bytes.append(char(number)).append(char(number >> 8));
+        return bytes;
+    };
+    // 1 x 1, 24 bits, blue green red.
+    const QByteArray dib = QByteArray::fromHex("280000000100000001000000010018000000000004000000000000000000"
+                                               "000000000000000000000a141e00");
+    const QByteArray stretch = words({36, 0, 0x0F43, 0x20, 0xCC, 0, 1, 1, 0, 0, 1, 1, 0, 0}) + dib;
+    const QByteArray wmf = words({1, 9, 0x300, 0, 0, 0, 0, 0, 0}) + words({4, 0, 0x0103, 8}) + stretch;
+    const QByteArray end = words({3, 0, 0});
+    QCOMPARE(RtfPicture(wmf + end, "wmetafile8").pixelColor(0, 0), QColor(30, 20, 10));
+    QVERIFY(RtfPicture(wmf + words({5, 0, 0x0213, 0, 0}) + end, "wmetafile8").isNull()); // a line as well
+    QVERIFY(RtfPicture(wmf.chopped(20), "wmetafile8").isNull());
+    QByteArray emf = words({1, 0, 8, 0, 81, 0, 124, 0}) + QByteArray(40, '\0') +
+                     words({80, 0, 40, 0, 120, 0, 4, 0}) + QByteArray(16, '\0') + dib;
+    QCOMPARE(RtfPicture(emf, "emfblip").pixelColor(0, 0), QColor(30, 20, 10));
+    emf[8 + 49] = '\x7F'; // a bitmap that begins behind the record
+    QVERIFY(RtfPicture(emf, "emfblip").isNull());
 
-void TestRtfReader::limits() {
-    QByteArray objects;
-    for (int i = 0; i < 25000; ++i)
-        objects += "a{\\*\\x}";
-    const ReadNote many(Note(objects));
-    QCOMPARE(many.Reading.Losses, QStringList(QStringLiteral("a great many embedded things")));
-    QCOMPARE(many.Text().count(u'a'), 25000);
-    QByteArray looks;
-    for (int i = 0; i < 21000; ++i)
-        looks += "\\lang" + QByteArray::number(i) + " a";
-    QCOMPARE(ReadNote(Note(looks)).Reading.Losses,
-             QStringList(QStringLiteral("a great many kinds of formatting")));
+    const ReadNote note(Note("{\\object\\objemb{\\*\\objdata 01}{\\result{\\pict\\wmetafile8\\picwgoal150"
+                             "\\pichgoal150 " +
+                             QByteArray(wmf + end).toHex() + "}}}"));
+    const QTextCharFormat object = note.Look(QStringLiteral("\uFFFC"));
+    QImage picture(10, 10, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    RtfObjectView view;
+    QCOMPARE(view.intrinsicSize(nullptr, 0, object), QSizeF(10, 10));
+    view.drawObject(&painter, picture.rect(), const_cast<QTextDocument*>(&note.Document), 0, object);
+    QCOMPARE(picture.pixelColor(5, 5), QColor(30, 20, 10));
 }
 
 QTEST_MAIN(TestRtfReader)

@@ -322,7 +322,6 @@ private Q_SLOTS:
     void office();
     void wordProcessor_data() { Samples(); }
     void wordProcessor();
-    void plainConverter();
 
 private:
     static void Samples();
@@ -401,27 +400,6 @@ void TestRtfReaders::wordProcessor() {
     QTextDocument document;
     MakeSample(name, document);
     QCOMPARE(Words(QString::fromUtf8(file.readAll())), Words(document.toPlainText()));
-}
-
-void TestRtfReaders::plainConverter() {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("unrtf"));
-    if (program.isEmpty())
-        QSKIP("There is no unrtf here.");
-    const auto html = [&](const char* name) {
-        return QString::fromUtf8(Output(
-            program, {QStringLiteral("--html"), Path(QString::fromLatin1(name), QStringLiteral(".rtf"))}));
-    };
-    const QString looks = html("looks");
-    for (const char* part :
-         {"<font face=\"Verdana\"><font size=\"2\">bold</font></font></b>", "<i>italic</i>",
-          "<u>underlined</u>", "<s>struck</s>", "<sup>raised</sup>", "<sub>lowered</sub>",
-          "<font color=\"#ff0000\">red</font>", "<font face=\"Courier New\">other</font>",
-          "<span style=\"background:#ffff00\">marked</span>"})
-        QVERIFY2(looks.contains(QLatin1StringView(part)), qPrintable(QLatin1StringView(part) + u' ' + looks));
-    const QString characters = html("characters");
-    for (const char* part : {"braces {} and \\, caf&eacute; &euro;, &#1103;, &#20013;"})
-        QVERIFY2(characters.contains(QLatin1StringView(part)), qPrintable(characters));
-    QVERIFY(html("tables").contains(QLatin1StringView("<td>c3</td>")));
 }
 
 QTEST_MAIN(TestRtfReaders)

@@ -1,6 +1,6 @@
 #include "notes/rtf/read/char_state.h"
 
-#include "notes/rtf/read/kept_words.h"
+#include "notes/rtf/read/raw.h"
 
 #include <QBrush>
 

@@ -10,7 +10,7 @@
 
 namespace paneda {
 
-// What a note's tables say.
+// The note's tables of fonts and colours, and what its bytes mean.
 struct RtfTables {
     RtfFonts Fonts;
     QList<QColor> Colours;
@@ -22,7 +22,7 @@ struct RtfTables {
     RtfEncoding Encoding() const { return {CodePage, System}; }
 };
 
-// Character formatting at a place of the source.
+// Formatting of the current text while a note is read.
 struct RtfChar {
     int Font = 0;
     int HalfPoints = kRtfDefaultHalfPoints;
@@ -43,7 +43,7 @@ struct RtfChar {
     int Spacing = 0;
     // -1 for none.
     int Language = -1;
-    // Number of the link the text belongs to, from 1; 0 for none. No word changes it.
+    // Number of the link that the text belongs to, from 1; 0 for none. No control word changes it.
     int Link = 0;
     // Empty for none.
     QByteArray Underline;
@@ -60,7 +60,7 @@ bool ApplyCharWord(RtfChar& state, RtfWord meaning, const RtfToken& token, const
 // Without the link.
 QTextCharFormat ToCharFormat(const RtfChar& state, const RtfTables& tables);
 
-// A colour of the table; invalid for the automatic one and for a number that it lacks.
+// A colour of the table; invalid for the automatic colour and for numbers that are not in the table.
 QColor RtfColour(const RtfTables& tables, int number);
 
 } // namespace paneda

@@ -1,4 +1,4 @@
-#include "notes/rtf/read/code_page_tables.h"
+#include "notes/rtf/read/code_pages.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,6 @@
 #include "notes/rtf/read/code_pages.h"
 
 #include "core/text/windows_1252.h"
-#include "notes/rtf/read/code_page_tables.h"
 
 #include <QStringDecoder>
 

@@ -9,9 +9,12 @@
 #include <memory>
 #include <vector>
 
+class QTextDocument;
+
 namespace paneda {
 
-// A note between its RTF and its QTextDocument, which wants to know a table's size before its first cell.
+// What has been read of a note before it is put into a QTextDocument. This step is needed since a table in Qt
+// is made with its full size, and RTF only shows it at the table's end.
 
 // Characters of a paragraph's text that share a format.
 struct RtfRun {
@@ -22,7 +25,7 @@ struct RtfRun {
 
 struct RtfParagraph {
     QTextBlockFormat Format;
-    // Format of the paragraph's mark, which is that of an empty paragraph.
+    // Format of the paragraph's end; an empty paragraph is as high as its font.
     int MarkFormat = 0;
     // Number in RtfContent::Lists; -1 for none.
     int List = -1;
@@ -32,7 +35,7 @@ struct RtfParagraph {
 
 struct RtfTable;
 
-// A paragraph, or a table if there is one.
+// A table if Table is set, otherwise a paragraph.
 struct RtfItem {
     RtfParagraph Paragraph;
     std::unique_ptr<RtfTable> Table;
@@ -51,14 +54,14 @@ struct RtfTable {
 
 struct RtfContent {
     RtfTables Tables;
-    // As the properties of the root frame tell them.
+    // See the properties of the same names (RtfHead, RtfFontTable, RtfColourTable).
     QByteArray Head;
     QByteArray FontTable;
     QByteArray ColourTable;
     RtfItems Items;
     std::vector<QTextCharFormat> Formats;
     std::vector<QTextListFormat> Lists;
-    // What a save would lose; each is told once.
+    // What a save would lose, each only once.
     QStringList Losses;
 
     void Lose(const QString& what) {
@@ -66,5 +69,9 @@ struct RtfContent {
             Losses.append(what);
     }
 };
+
+// Replaces a document's whole content. Its undo history is empty afterwards, and on or off as before. Adds to
+// the content's losses what the document cannot hold.
+void BuildDocument(RtfContent& content, QTextDocument& document);
 
 } // namespace paneda

@@ -112,7 +112,7 @@ int RtfFlow::ListOf(const RtfParagraphState& state) {
 }
 
 int RtfFlow::TableListOf(const QTextListFormat& format, int number, int level) {
-    // An item makes the levels below it count anew.
+    // After an item the levels below it start again at their first number.
     tableLists_.erase(tableLists_.upper_bound({number, level}), tableLists_.lower_bound({number + 1, 0}));
     const auto [place, isNew] = tableLists_.try_emplace({number, level}, int(content_.Lists.size()));
     if (isNew) {

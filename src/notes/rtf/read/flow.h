@@ -7,7 +7,7 @@
 
 namespace paneda {
 
-// Puts paragraphs, cells and rows together as their ends come in the source.
+// Collects text into paragraphs, cells, rows and tables. RTF marks only where each of them ends.
 class RtfFlow {
 public:
     RtfFlow(RtfContent& content, const RtfListTables& lists) : content_(content), lists_(lists) {}
@@ -22,16 +22,17 @@ public:
     // Whether the paragraph that was ended last is a list item.
     bool LastIsItem() const { return lastInList_; }
 
-    // Whether the note has come to more paragraphs than are read.
+    // Whether the note has more paragraphs than are read.
     bool IsFull() const { return paragraphs_ >= kMaxParagraphs; }
 
-    // Ends the paragraph; it stands in as many tables as its state tells.
+    // Ends the paragraph. state.Depth says how many tables it is in.
     void EndParagraph(const RtfParagraphState& state, int markFormat);
-    // Ends the paragraph and its cell in a table of that depth, 1 for one that stands in no other.
+    // Ends the paragraph and its cell. `depth` is 1 for a table that is in no other table, 2 for a table in
+    // it, ...
     void EndCell(const RtfParagraphState& state, int markFormat, int depth);
     void EndRow(int depth, const std::shared_ptr<const RtfRowDefinition>& definition);
 
-    // The note's end: closes tables that are open. A note without any paragraph gets one.
+    // To be called at the end of the note: closes the open tables, and gives an empty note its one paragraph.
     void Finish(const RtfParagraphState& state, int markFormat,
                 const std::shared_ptr<const RtfRowDefinition>& definition);
 
@@ -67,7 +68,7 @@ private:
     std::shared_ptr<const RtfOldList> oldList_;
     int oldListNumber_ = -1;
 
-    // The last paragraph's state and format: most paragraphs are like the one before.
+    // State and format of the last paragraph, to be used again: most paragraphs look like the one before.
     RtfParagraphState lastState_;
     bool lastInList_ = false;
     QTextBlockFormat lastFormat_;

@@ -12,9 +12,9 @@
 namespace paneda {
 
 struct RtfFont {
-    // Without the semicolon. Empty when the table names none.
+    // Name without the semicolon; empty where the table has none.
     QString Family;
-    // \fcharset; -1 when the table tells none.
+    // \fcharset; -1 where the table has none.
     int Charset = -1;
     int CodePage = 0;
 };

@@ -17,7 +17,7 @@ struct RtfOldList {
     // The group without "{\*\pn" and "}".
     QByteArray Source;
     QTextListFormat Format;
-    // \pnlvlcont: the paragraph belongs to an item and has no marker of its own.
+    // \pnlvlcont: the paragraph continues an item and has no marker.
     bool IsContinued = false;
 };
 

@@ -1,6 +1,6 @@
 #include "notes/rtf/read/paragraph_state.h"
 
-#include "notes/rtf/read/kept_words.h"
+#include "notes/rtf/read/raw.h"
 
 #include <algorithm>
 

@@ -13,7 +13,7 @@ namespace paneda {
 // Tab stops of a paragraph that are kept at most.
 inline constexpr qsizetype kMaxRtfTabs = 64;
 
-// Paragraph formatting at a place of the source. Measures are twips.
+// Formatting of the current paragraph while a note is read. Measures are twips.
 struct RtfParagraphState {
     Qt::Alignment Alignment = Qt::AlignLeft;
     int Left = 0;
@@ -32,10 +32,10 @@ struct RtfParagraphState {
     // Kind of the next tab stop.
     QTextOption::TabType TabType = QTextOption::LeftTab;
     QByteArray TabWords;
-    // Tab words say more than Tabs.
+    // TabWords say more than Tabs can.
     bool TabWordsCount = false;
     QByteArray Words;
-    // How many tables the paragraph stands in.
+    // How many tables the paragraph is in; 0 for none.
     int Depth = 0;
     // \ls and \ilvl, and the old form of a list; 0 and null for none.
     int ListNumber = 0;

@@ -1,7 +1,7 @@
 #include "notes/rtf/read/parser.h"
 
 #include "notes/rtf/read/code_pages.h"
-#include "notes/rtf/read/kept_words.h"
+#include "notes/rtf/read/raw.h"
 
 #include <algorithm>
 

@@ -5,15 +5,23 @@
 
 #include <QHash>
 #include <QSet>
+#include <QTextImageFormat>
 
 #include <vector>
 
 namespace paneda {
 
+// Reads the inside of a {\pict ...} group: the picture's bytes, kind, words and shown size, and a name that
+// no other picture has.
+QTextImageFormat ReadRtfPicture(QByteArrayView source);
+
 // What the user sees in place of a group with this word ("[footnote]"); empty for what shows nothing.
 QString LabelOfRtfObject(QByteArrayView word);
 
-// Walks through a note's RTF and fills its content.
+// Goes through the RTF of a note once and fills its content. Every control word has one of these fates: it
+// changes the formatting, makes text or an object, is kept as it is, is on the list of words that may be
+// ignored, or is added to the losses by name. None of them takes text with it, except words that begin a
+// group of a known other kind.
 class RtfParser {
 public:
     // `bytes` begins with "{\rtf".
@@ -22,7 +30,7 @@ public:
     void Run();
 
 private:
-    // What a group inherits from the group around it, and what it is itself.
+    // State of a group in braces. It begins as a copy of the state of the group around it.
     struct Group {
         RtfChar Char;
         RtfParagraphState Paragraph;
@@ -31,12 +39,13 @@ private:
         bool IsShapePicture = false;
         bool IsNestedRow = false;
 
-        // Place of its brace; of \field, where a field's group holds something in front of it.
+        // Where the group begins in the source: at its brace, or at \field if something is in front of \field
+        // in its group.
         qsizetype Begin = 0;
         bool AtStart = true;
         bool HasStar = false;
         bool IsField = false;
-        // A field's: what had been read of the text when it began.
+        // For a field: textRead_ when it began.
         qint64 TextBefore = 0;
     };
 
@@ -45,7 +54,7 @@ private:
         QString Instruction;
     };
 
-    // --- rtf_parser.cpp: tokens, groups and words that set a state
+    // --- parser.cpp: tokens, groups and words that set a state
     void LookBehind();
     void Take(const RtfToken& token);
     void OpenGroup(const RtfToken& token);
@@ -62,7 +71,7 @@ private:
     RtfRowState& RowState() { return groups_.back().IsNestedRow ? nestedRow_ : row_; }
     Group& Current() { return groups_.back(); }
 
-    // --- rtf_parser_text.cpp: characters
+    // --- parser_text.cpp: characters
     void TakeBytes(QByteArrayView bytes);
     bool TakeTextWord(RtfWord meaning, const RtfToken& token);
     void TakeUnicode(int number);
@@ -79,7 +88,7 @@ private:
     int MakeFormat();
     bool HasRoomForObject();
 
-    // --- rtf_parser_groups.cpp: destinations and objects
+    // --- parser_groups.cpp: destinations and objects
     bool TakeDestination(RtfWord meaning, const RtfToken& token);
     bool TakeTable(RtfWord meaning, const RtfToken& token);
     bool TakePictureWord(RtfWord meaning, const RtfToken& token);
@@ -100,7 +109,9 @@ private:
     QByteArrayView TakeInside();
     QByteArray WithFallbacks(const QByteArray& raw, int fallbacks) const;
     void KeepUnseen(const QByteArray& raw);
-    void KeepSeen(const QByteArray& raw, const QString& label, QSizeF size = QSizeF());
+    // `picture` is shown in place of the label; without a name there is none.
+    void KeepSeen(const QByteArray& raw, const QString& label, QSizeF size = QSizeF(),
+                  const QTextImageFormat& picture = QTextImageFormat());
 
     RtfTokenizer tokens_;
     RtfContent& content_;
@@ -111,19 +122,20 @@ private:
     std::vector<Group> groups_;
     std::vector<Link> links_;
 
-    // Bytes that wait to be decoded together, since a character may have two.
+    // Bytes that are not decoded yet, since a character may have two.
     QByteArray bytes_;
     // Characters of a fallback that are still to be passed over.
     int skip_ = 0;
     bool skipNextGroup_ = false;
-    // The text, or the like, has begun; what came before is the note's head.
+    // The text has begun; what came before is the note's head.
     bool inBody_ = false;
     bool borderIsChars_ = false;
     bool pageBreak_ = false;
-    // How much there is to be written so far: characters, ends of paragraphs and cells, objects.
+    // Counts characters, ends of paragraphs and cells, and objects; shows whether anything was read since.
     qint64 textRead_ = 0;
 
-    // Groups and hidden text that show nothing; they wait for the next thing that does.
+    // Kept groups and hidden text, which are not shown. They are collected until something that is shown
+    // follows, and then become one object.
     QByteArray unseen_;
     QString hidden_;
     // Look of the hidden text; -1 for none.

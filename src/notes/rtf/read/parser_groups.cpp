@@ -1,7 +1,6 @@
+#include "notes/rtf/links.h"
 #include "notes/rtf/read/code_pages.h"
-#include "notes/rtf/read/links.h"
 #include "notes/rtf/read/parser.h"
-#include "notes/rtf/read/pictures.h"
 #include "notes/rtf/read/raw.h"
 
 #include <QSizeF>
@@ -36,6 +35,23 @@ bool HoldsParagraphs(QByteArrayView source) {
             tokens.SkipGroup();
     }
     return false;
+}
+
+// The picture that an object's program last made of it; without a name where there is none.
+QTextImageFormat ResultPicture(QByteArrayView source) {
+    RtfTokenizer tokens(source);
+    bool inResult = false;
+    for (RtfToken token = tokens.Next(); token.Kind != RtfToken::Type::End; token = tokens.Next()) {
+        if (token.Kind != RtfToken::Type::Word)
+            continue;
+        inResult = inResult || token.Text == "result";
+        if (inResult && token.Text == "pict") {
+            const qsizetype begin = tokens.Position();
+            const qsizetype end = tokens.SkipGroup();
+            return ReadRtfPicture(source.sliced(begin, end - begin));
+        }
+    }
+    return {};
 }
 
 QSizeF SizeOfObject(QByteArrayView source) {
@@ -126,7 +142,7 @@ bool RtfParser::TakeDestination(RtfWord meaning, const RtfToken& token) {
 bool RtfParser::TakeTable(RtfWord meaning, const RtfToken& token) {
     const QByteArray group = TakeGroup(token);
     format_ = -1;
-    // Text that was read refers to the first table; there is to be no other.
+    // The text so far refers to the numbers of the first table.
     const bool isSecond = meaning == RtfWord::FontTable     ? !content_.FontTable.isEmpty()
                           : meaning == RtfWord::ColourTable ? !content_.ColourTable.isEmpty()
                                                             : false;
@@ -235,7 +251,7 @@ void RtfParser::BeginField(const RtfToken& token) {
 void RtfParser::TakeFieldInstruction(const RtfToken& token) {
     const auto isField = [](const Group& group) { return group.IsField; };
     const auto found = std::find_if(groups_.rbegin(), groups_.rend(), isField);
-    // An instruction behind the field's text is nobody's: the text stands for itself already.
+    // After the text of a field its instruction has no use any more.
     if (found == groups_.rend() || found->TextBefore != textRead_) {
         TakeUnknownGroup(token);
         return;
@@ -320,7 +336,7 @@ void RtfParser::TakeObject(const RtfToken& token) {
     else if (label.isEmpty())
         KeepUnseen(WithFallbacks(raw, fallbacks));
     else
-        KeepSeen(WithFallbacks(raw, fallbacks), label, SizeOfObject(raw));
+        KeepSeen(WithFallbacks(raw, fallbacks), label, SizeOfObject(raw), ResultPicture(raw));
     Current().Char = outer;
     format_ = -1;
 }
@@ -358,7 +374,8 @@ void RtfParser::KeepUnseen(const QByteArray& raw) {
     unseen_ += raw;
 }
 
-void RtfParser::KeepSeen(const QByteArray& raw, const QString& label, QSizeF size) {
+void RtfParser::KeepSeen(const QByteArray& raw, const QString& label, QSizeF size,
+                         const QTextImageFormat& picture) {
     inBody_ = true;
     if (Current().Char.Hidden) {
         KeepUnseen("{\\v" + raw + '}');
@@ -371,6 +388,12 @@ void RtfParser::KeepSeen(const QByteArray& raw, const QString& label, QSizeF siz
     format.setObjectType(kRtfObject);
     format.setProperty(RtfRaw, raw);
     format.setProperty(RtfObjectText, label);
+    if (!picture.name().isEmpty()) {
+        for (const int property : {int(QTextFormat::ImageName), int(RtfPictureBytes), int(RtfPictureKind)})
+            format.setProperty(property, picture.property(property));
+        if (size.isEmpty())
+            size = picture.property(RtfPictureShown).toSizeF();
+    }
     if (!size.isEmpty())
         format.setProperty(RtfObjectSize, size);
     content_.Formats.push_back(format);

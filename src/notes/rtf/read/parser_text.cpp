@@ -87,7 +87,8 @@ bool RtfParser::TakeTextWord(RtfWord meaning, const RtfToken& token) {
 }
 
 void RtfParser::TakeUnicode(int number) {
-    // Numbers above 32767 are to come negative; some programs write them, or whole code points, as they are.
+    // Numbers above 32767 should be written as negative ones; some programs write them, or whole code points,
+    // as they are.
     if (number > 0xFFFF && number <= 0x10FFFF) {
         const char32_t point = char32_t(number);
         AppendText(QString::fromUcs4(&point, 1));

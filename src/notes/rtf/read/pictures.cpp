@@ -1,7 +1,6 @@
-#include "notes/rtf/read/pictures.h"
+#include "notes/rtf/read/parser.h"
 
 #include "notes/rtf/properties.h"
-#include "notes/rtf/read/kept_words.h"
 #include "notes/rtf/read/raw.h"
 #include "notes/rtf/read/tokens.h"
 

@@ -8,8 +8,8 @@
 
 namespace paneda {
 
-// RTF source made fit to be kept: 7-bit, with binary data turned into hex digits (picture and object data
-// read the same), and balanced where the end of the note was missing.
+// RTF source in a form that can be kept and written back: in 7 bits, with hex digits in place of binary data
+// (pictures and objects may have either), and with the closing braces that a cut note lacks.
 QByteArray KeptRtf(QByteArrayView source);
 
 // Whether the group that the tokenizer has just entered is no part of the text around it: a starred one, a
@@ -20,8 +20,18 @@ bool IsApartFromText(RtfTokenizer inside);
 // `encoding` is that of its 8-bit texts.
 QString PlainTextOfRtf(QByteArrayView source, const RtfEncoding& encoding, qsizetype limit);
 
-// RTF source of a text, one \u with a "?" behind it for each UTF-16 unit outside ASCII. Reads right under
-// \uc1.
+// RTF source of a text: \u and "?" for each UTF-16 unit outside ASCII. To be written where \uc1 holds.
 QByteArray RtfOfText(QStringView text);
+
+// Words that are kept for one place, in bytes at most. Nobody has so much formatting; what goes beyond is a
+// loss.
+inline constexpr qsizetype kMaxKeptWords = 2000;
+
+// A token's word as it is written, with backslash and number.
+QByteArray SourceOfWord(const RtfToken& token);
+
+// Adds a word to a list of words ("\outl\kerning10"). It replaces a word of the same name; a toggle that is
+// turned off ("\outl0") is only removed.
+void KeepWord(QByteArray& words, const RtfToken& token, bool isToggle);
 
 } // namespace paneda

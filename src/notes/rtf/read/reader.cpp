@@ -1,8 +1,8 @@
 #include "notes/rtf/read/reader.h"
 
-#include "notes/rtf/read/document_build.h"
+#include "notes/rtf/read/content.h"
 #include "notes/rtf/read/parser.h"
-#include "notes/rtf/view/picture_view.h"
+#include "notes/rtf/view/view.h"
 
 namespace paneda {
 

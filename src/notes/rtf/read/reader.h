@@ -10,18 +10,18 @@ class QTextDocument;
 namespace paneda {
 
 struct RtfReading {
-    // Why nothing was read, for the user; empty when something was.
+    // Why nothing was read, for the user; empty after success.
     QString Error;
-    // What a save of the document would lose, in short words ("tracked changes"). When there is anything, the
-    // note is to be opened read-only.
+    // What a save of the document would lose, in short words ("tracked changes"). Unless this is empty, the
+    // note should be opened read-only.
     QStringList Losses;
 
     bool IsRtf() const { return Error.isEmpty(); }
 };
 
 // Replaces the document's content by a note in RTF (1.0 to 1.9). Damaged RTF is read as far as it makes
-// sense. Bytes that are no RTF at all leave the document alone. Pictures are decoded when they are first
-// drawn. See rtf_properties.h for what the document holds beside its text.
+// sense. If the bytes are no RTF at all, the document is not changed. Pictures are decoded when they are
+// first drawn. properties.h describes what the document holds beside its text.
 // `system` reads code pages that have no table here, the East Asian ones; without it Qt is asked, which knows
 // them on Linux only.
 RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document, const CodePageDecoder& system = {});

@@ -12,7 +12,7 @@ namespace paneda {
 // More cells than any program writes in a row; what comes behind them is put into the last one.
 inline constexpr int kMaxRtfRowCells = 500;
 
-// A border's words in short.
+// What the words of a border say.
 struct RtfBorder {
     bool IsSet = false;
     // Twips.
@@ -24,7 +24,7 @@ struct RtfBorder {
 };
 
 struct RtfCellDefinition {
-    // Twips from the left margin; of use from \cellx on.
+    // Right edge in twips from the left margin; known when \cellx has been read.
     int Right = 0;
     bool MergeFirst = false;
     bool MergeNext = false;
@@ -35,11 +35,11 @@ struct RtfCellDefinition {
     QTextCharFormat::VerticalAlignment Vertical = QTextCharFormat::AlignTop;
     // Top, left, bottom, right.
     RtfBorder Borders[4];
-    // As they stood, without the merge words.
+    // As read, but for the words that merge cells.
     QByteArray Words;
 };
 
-// The definition of a row as \trowd begins it.
+// A row's definition, which begins with \trowd.
 struct RtfRowDefinition {
     int Left = 0;
     bool IsHeader = false;
@@ -48,11 +48,11 @@ struct RtfRowDefinition {
     std::vector<RtfCellDefinition> Cells;
 };
 
-// Takes the words of row definitions. What a finished row refers to is not changed by a later word.
+// Reads the definitions of rows. Rows that follow each other share a definition until a word changes it.
 class RtfRowState {
 public:
-    // False if the word has nothing to do with rows here: only \trowd begins a definition, and words that
-    // merely look like it are a row's while one is open.
+    // Takes a word; false if it belongs to no row. Only \trowd begins a definition, and words that merely
+    // look like a row's count only while a definition is open.
     bool Apply(RtfWord meaning, const RtfToken& token);
 
     // The definition ends where text or a paragraph's words begin.
@@ -73,7 +73,7 @@ private:
 
     std::shared_ptr<RtfRowDefinition> row_ = std::make_shared<RtfRowDefinition>();
     RtfCellDefinition cell_;
-    // Side of the cell whose border is told; -1 for none.
+    // Side of the cell whose border the next words describe, as in Borders; -1 for none.
     int side_ = -1;
     bool borderIsCells_ = false;
     bool open_ = false;

@@ -7,11 +7,11 @@ namespace paneda {
 
 namespace {
 
-// Twips: edges nearer than this are the same edge, drawn by an unsteady hand.
+// Twips. Edges nearer to each other than this are taken for one, since programs round them.
 constexpr int kSameEdge = 10;
 constexpr int kDefaultWidth = 1440;
 constexpr qint64 kMaxGridCells = 300000;
-// Each cell that spans makes Qt count the whole grid anew.
+// For each cell that spans others, Qt goes through the whole grid again.
 constexpr qint64 kMaxSpanWork = 50000000;
 
 // A cell of a row, its merged neighbours included.

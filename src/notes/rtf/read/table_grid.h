@@ -13,13 +13,13 @@ struct RtfGridCell {
     int Column = 0;
     int Rows = 1;
     int Columns = 1;
-    // Twips: the right edge as the note tells it.
+    // Right edge in twips, as in the note.
     int Right = 0;
     const RtfCellDefinition* Definition = nullptr;
     std::vector<RtfItems*> Contents;
 };
 
-// RTF's rows have edges of their own each; Qt's tables are a grid with cells that span.
+// In RTF each row has its own cell edges; Qt's tables are one grid, in which cells span rows and columns.
 struct RtfGrid {
     // Twips, growing; one more than there are columns.
     std::vector<int> Edges;
@@ -28,7 +28,7 @@ struct RtfGrid {
     int ColumnCount() const { return int(Edges.size()) - 1; }
 };
 
-// Nothing when the grid would be too large for the cells that are in it.
+// Nothing if the grid would be far larger than the number of cells in it.
 std::optional<RtfGrid> MakeRtfGrid(RtfTable& table);
 
 } // namespace paneda

@@ -22,20 +22,20 @@ struct RtfToken {
     // Number of a word; held to the range of int.
     int Number = 0;
     bool HasNumber = false;
-    // Where the token stands in the input: from Begin up to End.
+    // Place of the token in the input: from Begin up to, and without, End.
     qsizetype Begin = 0;
     qsizetype End = 0;
 };
 
-// Cuts RTF into tokens. Whatever the bytes are, it makes progress with every token and never reads past them.
+// Cuts RTF into tokens. With any input, each call goes forward, and nothing behind the bytes is read.
 class RtfTokenizer {
 public:
     explicit RtfTokenizer(QByteArrayView bytes) : bytes_(bytes) {}
 
     RtfToken Next();
 
-    // Goes behind the } that ends the group that the next token stands in, and returns the position of that
-    // }; the end of the input where it is missing. Looks at no more than each byte once.
+    // Skips the rest of the current group with the } that ends it. Returns the position of that }, or the end
+    // of the input where it is missing.
     qsizetype SkipGroup();
 
     QByteArrayView Bytes() const { return bytes_; }

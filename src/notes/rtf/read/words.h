@@ -4,8 +4,8 @@
 
 namespace paneda {
 
-// What a control word means to the reader. The groups stand in the order in which they are told apart:
-// characters, paragraphs, rows of tables, text, destinations, the rest.
+// What a control word means to the reader. The order matters where meanings are compared: characters,
+// paragraphs, rows of tables, text, groups of other kinds, the rest.
 // clang-format off
 enum class RtfWord {
     Unknown,
@@ -27,7 +27,7 @@ enum class RtfWord {
     // Destinations
     Ignorable, FontTable, ColourTable, ListTable, ListOverrides, Head, Dropped, OldList, ListText, Transparent,
     Picture, ShapePicture, OtherPicture, Field, FieldInstruction, Kept, NestedRowDefinition, Upr, UprUnicode,
-    // The note as a whole, and words that tell this editor nothing
+    // The note as a whole, and words that may be ignored
     Version, Ansi, Macintosh, Dos, DosMultilingual, AnsiCodePage, DefaultFont, Ignored
 };
 // clang-format on
@@ -35,7 +35,7 @@ enum class RtfWord {
 // Meaning of a word without backslash and number.
 RtfWord FindRtfWord(QByteArrayView word);
 
-// The character that a word of the meaning Character or a sign stands for; 0 for none.
+// The character for a word or sign of the meaning Character; 0 for any other word.
 char16_t CharacterOfRtfWord(QByteArrayView word);
 
 } // namespace paneda

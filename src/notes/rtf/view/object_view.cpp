@@ -1,4 +1,4 @@
-#include "notes/rtf/view/object_view.h"
+#include "notes/rtf/view/view.h"
 
 #include "notes/rtf/properties.h"
 
@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextDocument>
+#include <QUrl>
 
 namespace paneda {
 
@@ -23,8 +24,14 @@ QSizeF RtfObjectView::intrinsicSize(QTextDocument* document, int position, const
 
 void RtfObjectView::drawObject(QPainter* painter, const QRectF& place, QTextDocument* document, int position,
                                const QTextFormat& format) {
-    Q_UNUSED(document);
     Q_UNUSED(position);
+    if (const QString name = format.stringProperty(QTextFormat::ImageName); document && !name.isEmpty()) {
+        const QImage picture = document->resource(QTextDocument::ImageResource, QUrl(name)).value<QImage>();
+        if (!picture.isNull()) {
+            painter->drawImage(place, picture);
+            return;
+        }
+    }
     const QString label = format.stringProperty(RtfObjectText);
     const QTextCharFormat look = format.toCharFormat();
     painter->save();

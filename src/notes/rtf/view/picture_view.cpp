@@ -1,4 +1,4 @@
-#include "notes/rtf/view/picture_view.h"
+#include "notes/rtf/view/view.h"
 
 #include "notes/rtf/properties.h"
 
@@ -60,19 +60,18 @@ QImage Placeholder(QSize size) {
     return picture;
 }
 
-QTextImageFormat FindFormat(const QTextDocument& document, const QString& name) {
+QTextFormat FindFormat(const QTextDocument& document, const QString& name) {
     const QList<QTextFormat> formats = document.allFormats();
     for (const QTextFormat& format : formats) {
-        if (format.isImageFormat() && format.hasProperty(RtfPictureBytes) &&
-            format.toImageFormat().name() == name)
-            return format.toImageFormat();
+        if (format.hasProperty(RtfPictureBytes) && format.stringProperty(QTextFormat::ImageName) == name)
+            return format;
     }
     return {};
 }
 
 } // namespace
 
-QImage RtfPicture(const QByteArray& bytes, const QByteArray& kind, QSize size) {
+QImage RtfPicture(const QByteArray& bytes, const QByteArray& kind) {
     QImage picture;
     if (kind == "pngblip")
         picture = QImage::fromData(bytes, "PNG");
@@ -80,17 +79,21 @@ QImage RtfPicture(const QByteArray& bytes, const QByteArray& kind, QSize size) {
         picture = QImage::fromData(bytes, "JPG");
     else if (kind.startsWith("dibitmap"))
         picture = QImage::fromData(BitmapFile(bytes), "BMP");
-    return picture.isNull() ? Placeholder(size) : picture;
+    else if (kind.startsWith("wmetafile") || kind == "emfblip")
+        picture = QImage::fromData(BitmapFile(BitmapOfMetafile(bytes, kind)), "BMP");
+    return picture;
 }
 
 void ShowRtfPictures(QTextDocument& document) {
     document.setResourceProvider([&document](const QUrl& url) -> QVariant {
-        const QTextImageFormat format = FindFormat(document, url.toString());
-        if (!format.isValid() || !format.hasProperty(RtfPictureBytes))
+        const QTextFormat format = FindFormat(document, url.toString());
+        if (!format.isValid())
             return {};
-        const QImage picture = RtfPicture(format.property(RtfPictureBytes).toByteArray(),
-                                          format.property(RtfPictureKind).toByteArray(),
-                                          QSizeF(format.width(), format.height()).toSize());
+        QImage picture = RtfPicture(format.property(RtfPictureBytes).toByteArray(),
+                                    format.property(RtfPictureKind).toByteArray());
+        // An object has a label to show instead.
+        if (const QTextImageFormat image = format.toImageFormat(); picture.isNull() && format.isImageFormat())
+            picture = Placeholder(QSizeF(image.width(), image.height()).toSize());
         document.addResource(QTextDocument::ImageResource, url, picture);
         return picture;
     });

@@ -16,8 +16,9 @@ class RtfOutput;
 // The item numbers as readers show them: "iv", "D", "4". Empty for a bullet.
 QString ListNumberText(int number, int style);
 
-// The list side of the paragraphs, which have to be given in their order: in the old \pn form, which every
-// reader knows, and with the number of the note's own list table where the list is still what that says.
+// Makes what RTF has in front of the text of list items: the old \pn form, which every reader knows, and the
+// number in the note's list table, if the list has not been changed since. The paragraphs have to come in
+// their order.
 class RtfListWriter {
 public:
     explicit RtfListWriter(RtfNumbers& numbers) : numbers_(numbers) {}
@@ -27,7 +28,7 @@ public:
         QByteArray Group; // {\*\pn...} and words behind \pard
     };
 
-    // An item without texts for a block that is in no list.
+    // Both texts are empty for a block that is in no list.
     Item Next(const QTextBlock& block);
 
 private:
@@ -36,10 +37,10 @@ private:
     int BulletFont(const QTextListFormat& format);
 
     RtfNumbers& numbers_;
-    // Counted here, as Qt looks for an item's place from the start of its list.
+    // Items so far in each list. Qt could say that too, but looks through the whole list each time.
     QHash<const QTextList*, int> counts_;
     const QTextList* last_ = nullptr;
-    int start_ = 1; // first number of the run of items that stand one behind the other
+    int start_ = 1; // number of the first item since the list was last interrupted
 };
 
 } // namespace paneda

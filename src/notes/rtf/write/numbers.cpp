@@ -17,7 +17,7 @@ constexpr int kHighestFontNumber = 32767;
 constexpr int kAnsiCharset = 0;
 constexpr int kSymbolCharset = 2;
 
-// These draw signs in place of letters, which readers have to be told.
+// Fonts of signs instead of letters need a character set of their own in the table.
 int CharsetOf(const QString& family) {
     static const QStringList symbolFonts{QStringLiteral("symbol"), QStringLiteral("wingdings"),
                                          QStringLiteral("wingdings 2"), QStringLiteral("wingdings 3"),

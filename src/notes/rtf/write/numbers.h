@@ -15,29 +15,28 @@ namespace paneda {
 
 class RtfOutput;
 
-// Numbers of fonts and colours while a note is being written. The tables that the note was read with stay as
-// they are; what they lack goes behind.
+// Numbers of fonts and colours while a note is being written. The tables that were read stay as they are; new
+// fonts and colours are added at their end.
 class RtfNumbers {
 public:
     explicit RtfNumbers(const QTextDocument& document);
 
-    // Font that a format names, for its family alone or for RtfFontNumber; the document's own for one that
-    // names none.
+    // Number of a format's font, by RtfFontNumber or by its family; without either, of the document's font.
     int Font(const QTextFormat& format);
     int FontNamed(const QString& family);
 
-    // 0, the automatic colour, for an invalid one. Colours are opaque.
+    // Number of a colour, whose alpha is not used; 0, the automatic colour, for an invalid one.
     int Colour(const QColor& colour);
 
     int DefaultFont() const { return defaultFont_; }
 
-    // Once all numbers have been asked for.
+    // To be called when all numbers have been asked for, since those are the entries.
     void WriteTables(RtfOutput& out) const;
 
 private:
     int AddFont(const QString& family);
 
-    // The groups as read, still open.
+    // The groups as read, without the closing brace.
     QByteArray fontTable_;
     QByteArray colourTable_;
     RtfFonts fonts_;

@@ -5,11 +5,11 @@
 
 namespace paneda {
 
-// Puts RTF together: 7 bits, a blank behind a control word where text follows it, texts escaped.
+// Puts RTF together in 7 bits: escapes texts, and puts a blank between a control word and text.
 class RtfOutput {
 public:
-    // With 1252 (or 0) the characters of that code page get their byte as fallback for readers that know no
-    // Unicode; with any other only a question mark.
+    // For readers without Unicode each \u has a fallback: with code page 1252 (or 0) the byte of the
+    // character, with any other code page a question mark.
     explicit RtfOutput(int codePage = 1252) : hasBytes_(codePage == 1252 || codePage == 0) {}
 
     void Open();
@@ -20,14 +20,14 @@ public:
     void Word(QByteArrayView word);
     void Word(QByteArrayView word, int value);
 
-    // A text of one paragraph; a line separator is a new line within it. What Qt marks frames and objects
-    // with is left out.
+    // Text of one paragraph; a line separator becomes \line. The characters that Qt uses for frames and
+    // objects are left out.
     void Text(QStringView text);
 
-    // Words or balanced groups as they are.
+    // Words, or complete groups, as they are.
     void Raw(QByteArrayView rtf);
 
-    // Where a reader has to see a delimiter and nothing else; keeps the lines of the file short.
+    // A line end, which readers ignore; keeps the lines of the file short.
     void LineEnd();
 
     // Binary data as hex digits, in lines.

@@ -1,4 +1,4 @@
-#include "notes/rtf/write/pictures.h"
+#include "notes/rtf/write/runs.h"
 
 #include "notes/rtf/properties.h"
 #include "notes/rtf/read/tokens.h"

@@ -1,9 +1,8 @@
 #include "notes/rtf/write/runs.h"
 
+#include "notes/rtf/links.h"
 #include "notes/rtf/properties.h"
-#include "notes/rtf/write/links.h"
 #include "notes/rtf/write/output.h"
-#include "notes/rtf/write/pictures.h"
 
 #include <QTextBlock>
 #include <QTextDocument>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "notes/rtf/write/character_words.h"
+#include "notes/rtf/write/words.h"
 
 #include <QHash>
 
@@ -8,14 +8,21 @@ class QTextBlock;
 class QTextCharFormat;
 class QTextDocument;
 class QTextFragment;
+class QTextImageFormat;
 
 namespace paneda {
+
+class RtfOutput;
+
+// Writes a picture: the bytes that it was read with, or those of the document's resource (as PNG, if they are
+// neither PNG nor JPEG). Without any bytes its alternative text is written.
+void WritePicture(RtfOutput& out, const QTextImageFormat& format, const QTextDocument& document);
 
 class RtfNumbers;
 class RtfOutput;
 
-// Writes what stands in paragraphs: runs, links, pictures and kept groups. Looks are written as changes, so
-// the paragraphs have to come in their order.
+// Writes the inside of paragraphs: text, links, pictures and kept groups. Only changes of the look are
+// written, so the paragraphs have to come in their order.
 class RtfRunWriter {
 public:
     RtfRunWriter(RtfOutput& out, RtfNumbers& numbers, const QTextDocument& document)
@@ -35,7 +42,7 @@ private:
     const QTextDocument& document_;
     QHash<int, RtfCharacters> looks_; // by index of the format in the document
     RtfCharacters look_;
-    RtfCharacters outerLook_; // in front of the link that is open
+    RtfCharacters outerLook_; // the look before the open link began
     bool linkIsOpen_ = false;
 };
 

@@ -10,16 +10,16 @@ namespace paneda {
 
 class RtfNumbers;
 
-// A cell as it stands in one row of RTF, where a cell that goes over several rows stands in each of them.
+// A cell of one row. In RTF a cell that spans several rows is repeated in each of them.
 struct RtfRowCell {
     QTextTableCell Cell;
-    // The cell began in a row above: here it is empty.
+    // The cell began in a row above and is empty here.
     bool IsContinued = false;
     // Right edge in twips.
     int Right = 0;
 };
 
-// The cells of a row from left to right, with edges that grow.
+// The cells of a row from left to right; each Right is greater than the one before.
 QList<RtfRowCell> CellsOfRow(const QTextTable& table, int row);
 
 // \trowd and what follows it, with a \cellx for each of the cells.

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QFont>
 
+class QTextBlock;
 class QTextCharFormat;
 
 namespace paneda {
@@ -10,8 +11,8 @@ namespace paneda {
 class RtfNumbers;
 class RtfOutput;
 
-// How a run looks, in the terms of RTF. As it is made, it is the look of text behind \plain, but for the font
-// and the size, which differ from any, so that they are always told.
+// How text looks, in the terms of RTF. The default values are the look after \plain, but for font and size,
+// which are always written since no value equals them.
 struct RtfCharacters {
     int Font = -1;
     int HalfPoints = -1;
@@ -28,15 +29,21 @@ struct RtfCharacters {
     QByteArray BackgroundWord; // "highlight", "cb", "chcbpat"; empty for no background
     int Background = 0;
     int Language = -1; // -1: as before
-    QByteArray Words;  // kept ones, which can only be taken back by \plain
+    QByteArray Words;  // kept ones; only \plain ends them
 
     bool operator==(const RtfCharacters&) const = default;
 };
 
-// `defaults` stands in for a family or size that the format lacks.
+// `defaults` is used for a family or size that the format does not have.
 RtfCharacters CharactersOf(const QTextCharFormat& format, RtfNumbers& numbers, const QFont& defaults);
 
-// Writes the words that lead from one look to the other, and returns the look that is then reached.
+// Writes the words that change one look to the other. Returns the look that a reader then has: `to`, with the
+// language before where it has none.
 RtfCharacters WriteChange(RtfOutput& out, const RtfCharacters& from, const RtfCharacters& to);
+
+class RtfNumbers;
+
+// The words that make a paragraph's look from that after \pard, without words of lists and tables.
+QByteArray ParagraphWords(const QTextBlock& block, RtfNumbers& numbers);
 
 } // namespace paneda
