@@ -38,8 +38,8 @@ enum RtfProperty : int {
     // QSizeF, pixels: room that the object takes. Without it: as much as its text needs.
     RtfObjectSize,
 
-    // --- Pictures (QTextImageFormat; its name is "rtf-picture:" and a hash of the bytes. An inline object that
-    // has a picture has the name, the bytes and the kind too.)
+    // --- Pictures (QTextImageFormat; its name is "rtf-picture:" and a hash of the bytes. An inline object
+    // that has a picture has the name, the bytes and the kind too.)
     // QByteArray: the picture's bytes as read.
     RtfPictureBytes,
     // QByteArray: its kind, the RTF word with parameter and without backslash: "pngblip", "jpegblip",
@@ -67,8 +67,8 @@ enum RtfProperty : int {
     // written while it is empty; with text in it, it is an ordinary paragraph.
     RtfFiller,
 
-    // --- Lists (QTextListFormat. Lists that were read have indent() 0, since the left margin of a block is its
-    // whole \li; any other list adds indent() * 40 pixels.)
+    // --- Lists (QTextListFormat. Lists that were read have indent() 0, since the left margin of a block is
+    // its whole \li; any other list adds indent() * 40 pixels.)
     // int, from 1: \ls, the number in the note's list tables. Lists of the old \pn form have none. Valid as
     // long as style() is RtfListReadStyle.
     RtfListNumber = QTextFormat::UserProperty + 0x180,
