@@ -125,7 +125,8 @@ void TestRtfReader::systemCodePages() {
     };
     const QByteArray font = "{\\fonttbl{\\f5\\fcharset130 \\'d0\\'65;}}";
     QTextDocument document;
-    QCOMPARE(ReadRtf("{\\rtf1" + font + "\\f5\\'d0\\'65\\par}", document, system).Losses, QStringList());
+    QCOMPARE(ReadRtf("{\\rtf1\\deff5" + font + "\\f5\\'d0\\'65\\par}", document, system).Losses,
+             QStringList());
     QCOMPARE(document.firstBlock().text(), QStringLiteral("\uD55C"));
     QVERIFY(WriteRtf(document).contains(QByteArray(font + "\r\n")));
     QCOMPARE(ReadRtf("{\\rtf1" + font + "\\f5\\'ff\\'65\\par}", document, system).Losses,
