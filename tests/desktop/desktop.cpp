@@ -157,7 +157,7 @@ QString ChildrenOf(qint64 processId) {
 }
 
 TreePicture PictureOfTree(const QString& folder) {
-    const QString text = u"cd '%1' && find . -mindepth 1 '(' -type f -exec md5sum '{}' ';' ')' -o "
+    const QString text = u"cd '%1' && find . -mindepth 1 '(' -type f -exec md5sum '{}' + ')' -o "
                          "-printf '%y  %p\\n'"_s.arg(folder);
     TreePicture picture;
     for (const QString& line : ToolOutput(u"sh"_s, {u"-c"_s, text}).split(u'\n', Qt::SkipEmptyParts))

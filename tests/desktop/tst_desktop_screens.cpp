@@ -1,7 +1,6 @@
 #include "core/settings/config_settings.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
-#include "desktop/setting_window.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -67,10 +66,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void centredAtTheMouse();
-    void savedPlace_data();
-    void savedPlace();
     void screenThatGoes();
-    void dialogBesideThePanel();
 };
 
 void tst_desktop_screens::init() {
@@ -112,32 +108,6 @@ void tst_desktop_screens::centredAtTheMouse() {
     QVERIFY(program.Close());
 }
 
-void tst_desktop_screens::savedPlace_data() {
-    QTest::addColumn<QPoint>("saved");
-    QTest::addColumn<QPoint>("fromRight"); // corner of the panel, as it is short of the second screen's end
-    QTest::newRow("on the second screen") << QPoint(820, 130) << QPoint(-1, -1);
-    QTest::newRow("beyond its end") << QPoint(1270, 690) << QPoint(0, 0);
-    QTest::newRow("on a third one") << QPoint(2000, 300) << QPoint(0, -1);
-}
-
-void tst_desktop_screens::savedPlace() {
-    QFETCH(QPoint, saved);
-    QFETCH(QPoint, fromRight);
-    InstalledProgram program;
-    program.CompleteStore();
-    program.SetPlace(saved);
-    QVERIFY(program.Start());
-    QVERIFY(program.ShowPanel());
-    const QSize size = WindowRect(program.Panel()).size();
-    QPoint expected = saved;
-    if (fromRight.x() >= 0)
-        expected.setX(kRight.right() + 1 - size.width());
-    if (fromRight.y() >= 0)
-        expected.setY(kRight.bottom() + 1 - size.height());
-    QTRY_COMPARE(test::WindowPlace(program.Panel()), expected);
-    QVERIFY(program.Close());
-}
-
 void tst_desktop_screens::screenThatGoes() {
     InstalledProgram program;
     program.CompleteStore();
@@ -157,20 +127,6 @@ void tst_desktop_screens::screenThatGoes() {
     // The saved place is kept for the day when the screen is back.
     QVERIFY(program.Close());
     QVERIFY(program.Record(kRecordPanelPlace) == (ConfigArray{150 * 15.0, 900 * 15.0}));
-}
-
-void tst_desktop_screens::dialogBesideThePanel() {
-    InstalledProgram program;
-    program.CompleteStore();
-    program.SetPlace({820, 130});
-    QVERIFY(program.Start());
-    SettingWindow settings(program);
-    QVERIFY(settings.Open());
-    const QRect dialog = WindowRect(settings.Window());
-    QVERIFY2(kRight.contains(dialog),
-             qPrintable(
-                 u"%1,%2 %3x%4"_s.arg(dialog.x()).arg(dialog.y()).arg(dialog.width()).arg(dialog.height())));
-    QVERIFY(program.Close());
 }
 
 QTEST_MAIN(tst_desktop_screens)

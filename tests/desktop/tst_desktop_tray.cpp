@@ -1,10 +1,7 @@
 #include "core/settings/config_settings.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
-#include "platform/linux/linux_tray_hosts.h"
-#include "ui/panel/tray_presence.h"
 
-#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
@@ -46,9 +43,9 @@ public:
         process_.waitForFinished();
     }
 
-    // The icon that a program of this name shows in it; an empty rectangle without one.
-    static QRect Icon(const QString& program) {
-        const QRect icon = RectOf(u"\"%1\": (\"%1\" \"%1\")"_s.arg(program));
+    // The program's icon in it; an empty rectangle without one.
+    static QRect Icon() {
+        const QRect icon = RectOf(u"\"paneda\": (\"paneda\" \"paneda\")"_s);
         return RectOf(u"\"panel\": (\"panel\" \"trayer\")"_s).contains(icon) ? icon : QRect();
     }
 
@@ -142,23 +139,20 @@ class tst_desktop_tray : public QObject {
 private Q_SLOTS:
     void init() { QVERIFY2(IsPrivateDesktop(), "run this through tools/with-desktop"); }
     void embedded();
-    void presses_data();
-    void presses();
     void notifier();
 };
 
 void tst_desktop_tray::embedded() {
-    const auto icon = [] { return Trayer::Icon(u"paneda"_s); };
     InstalledProgram program;
     PrepareHidden(program);
     QVERIFY(program.Start());
     // Without a tray the panel stays in the list of windows; a tray that comes late takes it from there.
     QVERIFY(program.PanelBecomes(kMinimized));
     Trayer trayer;
-    QTRY_VERIFY(icon().width() >= 16 && icon().height() >= 16);
+    QTRY_VERIFY(Trayer::Icon().width() >= 16 && Trayer::Icon().height() >= 16);
     QVERIFY(program.PanelBecomes(kHidden));
-    QTRY_VERIFY(ColoursAt(icon()) > 8);
-    ClickAt(icon().center(), 1);
+    QTRY_VERIFY(ColoursAt(Trayer::Icon()) > 8);
+    ClickAt(Trayer::Icon().center(), 1);
     QVERIFY(program.PanelBecomes(kShown));
 
     // The tray dies while the panel is hidden, and comes back.
@@ -167,16 +161,16 @@ void tst_desktop_tray::embedded() {
     trayer.End();
     QVERIFY(program.PanelBecomes(kMinimized));
     trayer.Start();
-    QTRY_VERIFY(icon().width() >= 16);
+    QTRY_VERIFY(Trayer::Icon().width() >= 16);
     QVERIFY(program.PanelBecomes(kHidden));
-    ClickAt(icon().center(), 1);
+    ClickAt(Trayer::Icon().center(), 1);
     QVERIFY(program.PanelBecomes(kShown));
     // A press is no toggle: it brings the panel to the front.
-    ClickAt(icon().center(), 1);
+    ClickAt(Trayer::Icon().center(), 1);
     QVERIFY(program.ShowPanel());
 
     // The tip comes by itself over the icon.
-    const QRect place = icon();
+    const QRect place = Trayer::Icon();
     const auto hasTip = [] {
         const QString windows = ToolOutput(u"xwininfo"_s, {u"-root"_s, u"-tree"_s});
         return windows.contains(
@@ -188,48 +182,7 @@ void tst_desktop_tray::embedded() {
     MoveMouse(place.center());
     QTRY_VERIFY(hasTip());
     QVERIFY(program.Close());
-    QTRY_VERIFY(icon().isEmpty());
-}
-
-void tst_desktop_tray::presses_data() {
-    QTest::addColumn<bool>("hasCountdown");
-    QTest::addColumn<int>("button");
-    QTest::addColumn<QString>("key"); // for the menu that comes, if one does
-    QTest::addColumn<QString>("outcome");
-
-    // In turns, since two presses of one button in a row would count as a double click.
-    QTest::newRow("right") << true << 3 << QString() << u"countdown"_s;
-    QTest::newRow("left") << true << 1 << QString() << u"show"_s;
-    QTest::newRow("right, without countdown") << false << 3 << u"Down"_s << u"show"_s;
-}
-
-void tst_desktop_tray::presses() {
-    QFETCH(bool, hasCountdown);
-    QFETCH(int, button);
-    QFETCH(QString, key);
-    Trayer trayer;
-    LinuxTrayHosts hosts;
-    QStringList outcome;
-    TrayActions actions{[&outcome] { outcome.append(u"show"_s); }, {}, {}};
-    if (hasCountdown)
-        actions.Countdown = [&outcome] { outcome.append(u"countdown"_s); };
-    TrayPresence presence(hosts, actions);
-    presence.InstallTrayIcons(AppState());
-    QTRY_VERIFY(presence.IsSeen());
-    const auto icon = [] { return Trayer::Icon(u"tst_desktop_tray"_s); };
-    QTRY_VERIFY(!icon().isEmpty());
-    QTRY_VERIFY(ColoursAt(icon()) > 8);
-    MoveMouse(icon().center());
-    Xdotool({u"mousedown"_s, QString::number(button)});
-    if (!key.isEmpty())
-        QTRY_VERIFY(QApplication::activePopupWidget());
-    Xdotool({u"mouseup"_s, QString::number(button)});
-    if (!key.isEmpty()) {
-        PressKey(key);
-        PressKey(u"Return"_s);
-    }
-    QTRY_COMPARE(outcome.size(), 1);
-    QTEST(outcome[0], "outcome");
+    QTRY_VERIFY(Trayer::Icon().isEmpty());
 }
 
 void tst_desktop_tray::notifier() {
