@@ -29,6 +29,7 @@ public:
         qFatal("%s %s", qPrintable(title), qPrintable(text));
     }
     bool Confirm(const QString&, const QString&) override { return true; }
+    QString ChooseFile(const QString&, const QString&) override { return {}; }
 };
 
 void MakeNode(const QString& folder, int number) {
