@@ -165,8 +165,8 @@ void PortalHotkey::Ask(const QString& method, QVariantList arguments, QVariantMa
         QStringLiteral("paneda_%1_%2").arg(QCoreApplication::applicationPid()).arg(++lastToken_);
     options.insert(QStringLiteral("handle_token"), token);
     arguments.append(options);
-    // The result may arrive before the reply to this call. So its path is computed in advance, as the
-    // portals' specification defines it.
+    // The result may arrive before the reply to this call. So its path is computed in advance, by the
+    // rule that the portals document.
     const QString sender = bus_->baseService().mid(1).replace(u'.', u'_');
     request_ = QStringLiteral("%1/request/%2/%3").arg(kPath, sender, token);
     requestSlot_ = slot;
