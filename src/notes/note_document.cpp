@@ -31,8 +31,8 @@ void AddNotice(QString& notice, const QString& line) {
 
 } // namespace
 
-NoteDocument::NoteDocument(QTextDocument& document, NoteDisk& disk, DiskWork work)
-    : document_(document), disk_(disk), work_(std::move(work)) {}
+NoteDocument::NoteDocument(QTextDocument& document, NoteDisk& disk, CodePageDecoder codePages, DiskWork work)
+    : document_(document), disk_(disk), codePages_(std::move(codePages)), work_(std::move(work)) {}
 
 void NoteDocument::RunWork(const std::function<void()>& work) const {
     if (work_)
@@ -44,7 +44,7 @@ void NoteDocument::RunWork(const std::function<void()>& work) const {
 void NoteDocument::ShowText(const QByteArray& rtf, const NoteSession& session, NoteView& view) {
     document_.clear();
     SetDefaultFont(document_, session.Settings);
-    const RtfReading reading = rtf.isEmpty() ? RtfReading() : ReadRtf(rtf, document_);
+    const RtfReading reading = rtf.isEmpty() ? RtfReading() : ReadRtf(rtf, document_, codePages_);
     document_.setModified(false);
     view.Losses = reading.Losses;
     if (!reading.IsRtf())

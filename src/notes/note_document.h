@@ -5,6 +5,8 @@
 #include "notes/note_load.h"
 #include "notes/note_save.h"
 
+#include "core/text/code_page_decoder.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -34,8 +36,10 @@ struct NoteView {
 // save.
 class NoteDocument {
 public:
-    // All three outlive this. Called on the thread of the document; `work` runs the parts that use the disk.
-    NoteDocument(QTextDocument& document, NoteDisk& disk, DiskWork work = {});
+    // The document and the disk outlive this. Called on the thread of the document; `work` runs the parts
+    // that use the disk, at once when it is empty. `codePages` converts East Asian texts; empty where Qt
+    // knows them all.
+    NoteDocument(QTextDocument& document, NoteDisk& disk, CodePageDecoder codePages, DiskWork work = {});
 
     // Opens a note; an empty NoteFolder closes the one that is open. Fails, and changes nothing, when the
     // note that was open has changed and cannot be saved.
@@ -66,6 +70,7 @@ private:
 
     QTextDocument& document_;
     NoteDisk& disk_;
+    CodePageDecoder codePages_;
     DiskWork work_;
     NotePlace place_;
     NoteOnDisk onDisk_;

@@ -43,7 +43,7 @@ void tst_note_document::keepsWhatTheEditorDoesNotHold() {
     NoteMaker note;
     note.Put(kRtf, text);
     QTextDocument document(u"what was there"_s);
-    NoteDocument editor(document, note.Disk);
+    NoteDocument editor(document, note.Disk, {});
     const auto view = editor.Open(note.Place, note.Session);
     QVERIFY(view && view->State == NoteState::Shown);
     QTEST(view->ReadOnly, "readOnly");
@@ -64,7 +64,7 @@ void tst_note_document::opensAnotherNote() {
     const NotePlace other{note.Store.Path(kParent), note.Place.TreeRoot, false};
     QTextDocument document;
     int works = 0;
-    NoteDocument editor(document, note.Disk, [&works](const std::function<void()>& work) {
+    NoteDocument editor(document, note.Disk, {}, [&works](const std::function<void()>& work) {
         ++works;
         work();
     });
@@ -88,7 +88,7 @@ void tst_note_document::firstEditAndUndo() {
     NoteMaker note(true);
     note.Put(kRtf, "{\\rtf1 words}");
     QTextDocument document;
-    NoteDocument editor(document, note.Disk);
+    NoteDocument editor(document, note.Disk, {});
     QVERIFY(editor.Open(note.Place, note.Session));
     note.SetKey(u"Editing"_s, u"2026-11-21 06:00:00 Bob"_s);
     QTextCursor(&document).insertText(u"x"_s);
