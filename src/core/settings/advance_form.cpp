@@ -12,7 +12,8 @@ namespace {
 constexpr QStringView kDefaultBrowser = u"default";
 constexpr QStringView kExplorer = u"iexplore.exe";
 constexpr QStringView kFirefox = u"firefox.exe";
-// Not the text that a save writes: a saved choice comes back as "other", which starts the same program.
+// Only this text is read as Internet Explorer. A save writes the name above, which is read as "other" and
+// starts the same program.
 constexpr QStringView kExplorerWhenRead = u"iexplorer.exe";
 
 BrowserChoice ChoiceOf(const QString& browser) {
@@ -60,7 +61,7 @@ std::vector<FileError> WriteAdvanceForm(const AdvanceForm& form, AppState& state
             failures.push_back(result.error());
     };
     const QString browser = BrowserText(form);
-    // As the next start reads an empty text.
+    // An empty text means the default browser, now and at the next start.
     state.Browser = IfEmpty(browser, kDefaultBrowser.toString());
     write(u"browser", browser);
     write(setting::kHideOnStartup, form.HideOnStartup ? QStringLiteral("1") : QStringLiteral("0"));

@@ -10,27 +10,27 @@ namespace paneda {
 
 enum class BrowserChoice { Default, Explorer, Firefox, Other };
 
-// Numbers of tray icons, from 1.
+// How many pictures there are for the tray icon. They are numbered from 1.
 inline constexpr int kTrayIconCount = 12;
 
-// What the dialog of advanced settings shows.
+// What the dialog of the advanced settings shows.
 struct AdvanceForm {
     BrowserChoice Browser = BrowserChoice::Default;
     QString OtherBrowser;        // as typed
-    bool OffersExplorer = false; // Internet Explorer is among the choices
+    bool OffersExplorer = false; // whether Internet Explorer is offered
     bool HideOnStartup = false;
     int TrayIcon = 1; // 1 to kTrayIconCount
 };
 
-// The form of the state's browser and the keys of setting.ini. Where no program for Windows can be started,
-// Internet Explorer is a choice only if it is the stored one.
+// Reads the form from the state's browser and the keys of setting.ini. If `runsWindowsPrograms` is false,
+// Internet Explorer is offered only if it is the stored browser.
 AdvanceForm ReadAdvanceForm(const IniText& settings, const AppState& state, bool runsWindowsPrograms);
 
 // The text that is stored for the form's browser.
 QString BrowserText(const AdvanceForm& form);
 
-// Writes the form and puts the browser into the state, where it counts at once; the rest counts at the next
-// start. Returns what failed.
+// Writes the form to setting.ini. The browser also goes into the state and is used from now on; the other
+// settings take effect at the next start. Returns what could not be written.
 std::vector<FileError> WriteAdvanceForm(const AdvanceForm& form, AppState& state);
 
 } // namespace paneda

@@ -4,7 +4,7 @@ namespace paneda {
 
 namespace {
 
-// The address stands for the product's home until it has one of its own; ".example" is reserved for that.
+// The product has no address of its own yet. Names that end in ".example" are reserved for such cases.
 constexpr QStringView kHomepage = u"https://paneda.example";
 constexpr QStringView kOtherHomepage = u"https://corvalin.example";
 

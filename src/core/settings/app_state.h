@@ -8,7 +8,7 @@
 
 namespace paneda {
 
-// The keys of setting.ini that the notes and the countdown own.
+// Settings of the notes, kept in setting.ini.
 struct NoteSettings {
     int Width = 500;  // pixels, at least 500
     int Height = 500; // pixels, at least 500
@@ -17,6 +17,7 @@ struct NoteSettings {
     double FontSize = 10; // points
 };
 
+// Settings of the countdown, kept in setting.ini.
 struct CountdownSettings {
     int IconType = 2;
     int MessageIcon = 3;
@@ -30,23 +31,24 @@ struct CountdownSettings {
     QString Message;
 };
 
-// The one record that the whole process shares. Main makes it and passes it on by reference.
+// The one state of the program. Main makes it and passes it by reference to everything that needs it.
 struct AppState {
-    // Main: set once, before the panel is made.
+    // Set once by Main, before the panel is made.
 
-    // Folder of the executable in the stored form, without a trailing backslash unless it is a drive's root.
+    // Folder of the executable in the stored form. It ends with a backslash only if it is the root of a
+    // drive.
     QString AppPath;
-    // The same folder as the host names it.
+    // The same folder as a host path.
     QString AppFolder;
-    bool CoBrand = false; // another edition's name and address; no build sets it
+    bool CoBrand = false; // true for the other edition, with its own name and address; no build sets it
     QString ProductName;
     QString ProductVersion;
     QDate BuildDate;
     QString HomepageAddress;
 
-    // The panel: what it loads and shows, and the windows that reload or end it.
+    // Set by the panel, and by the windows that reload it or end the program.
 
-    // Turns stored paths into host paths. Knows more volumes after each launch.
+    // Turns stored paths into host paths. New volumes are added at each launch.
     DriveMap Drives;
     bool Exiting = false;     // the user has chosen to end the program
     bool IgnoreCache = false; // the next load scans the store
@@ -55,10 +57,10 @@ struct AppState {
     int PanelTop = 0;         // twips; as PanelLeft in `config`
     int PanelLeft = 0;        // twips
 
-    // The settings dialogs: kept in `config`.
+    // Set by the settings dialogs and kept in `config`.
     DriveTableFlags DriveTable{};
     bool Autostart = false;
-    double ButtonsPerRow = 5; // units
+    double ButtonsPerRow = 5; // in widths of a full-size button
     QString SkinName;
     bool HideAfterLaunch = false;
     bool MouseTriggerEnabled = false;
@@ -68,21 +70,22 @@ struct AppState {
     bool HotkeyAlt = false;
     bool HotkeyShift = false;
     bool HotkeyWin = false;
-    int HotkeyKey = 0; // virtual key code
+    int HotkeyKey = 0; // virtual key code; 0 for no key
     QString UserName;
-    bool ShowFeed = true; // kept, no effect
-    int FeedHeight = 0;   // twips; kept, no effect
+    bool ShowFeed = true; // stored, without effect
+    int FeedHeight = 0;   // twips; stored, without effect
     QString UserId;
 
-    // The settings dialogs: kept in setting.ini.
+    // Set by the settings dialogs and kept in setting.ini.
     QString Browser;             // "default", or the program that opens web addresses
-    bool DriveOfProgram = false; // a button for the drive that the program runs from
+    bool DriveOfProgram = false; // whether the drive that the program runs from has a button
     bool HideOnStartup = false;
     int SystemTrayIcon = 1;   // number of its picture, from 1
-    int MouseShowCenter = 1;  // not 0: called by the mouse, the panel comes up at the cursor
-    int HotkeyShowCenter = 1; // not 0: likewise for the hotkey
+    int MouseShowCenter = 1;  // not 0: a call by the mouse shows the panel at the cursor
+    int HotkeyShowCenter = 1; // not 0: a call by the hotkey does the same
 
-    // Trees and notes: kept in setting.ini. `AtLoad` is what the file holds: only a change is written.
+    // Trees and notes, kept in setting.ini. `AtLoad` is the value in the file; at exit only changed values
+    // are written.
     double TreeOpacity = 1; // fraction above 0
     double TreeOpacityAtLoad = 1;
     int RecentChangeIndicator = 0;
@@ -92,14 +95,14 @@ struct AppState {
     bool NoteMaximizedAtLoad = false;
     NoteSettings Note;
 
-    // The countdown: kept in setting.ini.
+    // The countdown.
     CountdownSettings Countdown;
 };
 
-// Copies the row of the edition into the product fields.
+// Sets name, version, date and address of the product for the edition that CoBrand names.
 void FillEdition(AppState& state);
 
-// What a scan of this store needs to know.
+// The options of a scan of this store.
 ScanOptions ScanOptionsOf(const AppState& state);
 
 } // namespace paneda

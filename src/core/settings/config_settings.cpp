@@ -13,7 +13,7 @@ namespace paneda {
 namespace {
 
 constexpr double kFeedHeight = 70; // pixels
-// Places beyond this come from a damaged record; the panel is then brought back into view.
+// A place further away than this comes from a damaged record.
 constexpr double kMaxTwips = 10'000'000;
 
 ConfigArray DefaultDriveTable() {

@@ -9,7 +9,7 @@ namespace paneda {
 
 // Record numbers of the file `config`.
 enum ConfigRecordNumber : int {
-    kRecordDriveTable = 1,    // 27 small integers, 1 shows the drive; subscript 0 unused
+    kRecordDriveTable = 1,    // 27 small integers, 1 shows the drive; element 0 is unused, 1 is A, 26 is Z
     kRecordPanelPlace = 2,    // two reals in twips, top first
     kRecordAutostart = 3,     // small integer 0 or 1
     kRecordButtonsPerRow = 4, // real, units
@@ -22,23 +22,23 @@ enum ConfigRecordNumber : int {
     kRecordHotkeyAlt = 11,
     kRecordHotkeyShift = 12,
     kRecordHotkeyWin = 13,
-    kRecordHotkeyKey = 14, // small integer, virtual key
+    kRecordHotkeyKey = 14, // small integer, virtual key code; 0 for no key
     kRecordUserName = 15,
-    kRecordShowFeed = 16,   // kept, no effect
-    kRecordFeedHeight = 17, // real, pixels; kept, no effect
+    kRecordShowFeed = 16,   // stored, without effect
+    kRecordFeedHeight = 17, // real, pixels; stored, without effect
     kRecordUserId = 18,
 };
 
-// Fills the state from the records, giving each missing one of 4 to 18 its default; a file of no records also
-// gets 1 to 3. A record 1 to 3 that cannot be read counts as its default and stays as it is. Changes the
-// records in memory alone.
+// Fills the state from the records. Missing records 4 to 18 are added with their defaults; to an empty file
+// 1 to 3 are added too. For a record 1 to 3 that cannot be read the state gets the default, and the record is
+// left as it is. Only the records in memory are changed.
 void ReadConfigRecords(ConfigFile& file, AppState& state);
 
-// Reads `config` below state.AppFolder and lets it grow its missing records. When it cannot be read the state
-// holds the defaults and the file is left alone.
+// Reads `config` below state.AppFolder and writes its missing records. If the file cannot be read, the state
+// gets the defaults and the file is not changed. Returns what could not be read or written.
 std::vector<FileError> LoadConfig(AppState& state);
 
-// Writes the panel's place into record 2.
+// Writes the panel's place from the state into record 2.
 FileResult SavePanelPlace(const AppState& state);
 
 } // namespace paneda

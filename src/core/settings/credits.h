@@ -6,13 +6,13 @@
 
 namespace paneda {
 
-// The screens of the credits in their order, each of one to three lines joined by CR LF. The last is empty.
+// The screens of the credits in their order. Each has one to three lines, joined by CR LF; the last is empty.
 QStringList CreditScreens(const AppState& state);
 
-// The number, from 1, of the screen that is held longest and starts the music.
+// The number, counted from 1, of the screen that is shown longest and starts the music.
 inline constexpr int kCreditMusicScreen = 4;
 
-// Where the credits stand.
+// How far the credits have run.
 struct CreditFade {
     enum class Phase { FadeIn, FadeOut };
 
@@ -22,15 +22,15 @@ struct CreditFade {
     bool MusicStarted = false;
 };
 
-// What one tick asks for besides the text and the brightness.
+// What the window does after a tick, besides showing text and brightness.
 struct CreditStep {
     int Interval = 0; // milliseconds to the next tick
     bool StartMusic = false;
-    bool Finished = false; // the last screen has gone; the next tick begins with the first one
+    bool Finished = false; // the last screen has ended; the next tick shows the first one
 };
 
-// One tick of the credits: the brightness moves by 25, and at its ends the screen is held or the next one
-// comes.
+// One tick of the credits. Changes the brightness by 25. At full brightness the screen is shown for a while;
+// when it is dark again the next screen follows.
 CreditStep TickCredits(CreditFade& fade, int screenCount);
 
 } // namespace paneda

@@ -71,7 +71,8 @@ QString TextOfKey(int key) {
 bool KeyTypes(int key) {
     constexpr int kF1 = 112;
     constexpr int kF11 = 122;
-    constexpr int kOthers[] = {0, 19, 20, 44, 144, 145}; // no key, Pause, the three locks, Prt Scr
+    // No key, Pause, Caps Lock, Print Screen, Num Lock, Scroll Lock.
+    constexpr int kOthers[] = {0, 19, 20, 44, 144, 145};
     return (key < kF1 || key > kF11) &&
            std::find(std::begin(kOthers), std::end(kOthers), key) == std::end(kOthers);
 }

@@ -10,7 +10,7 @@ namespace paneda {
 
 namespace {
 
-// Element 0 of a record; nothing is written for a record that is missing or of another type.
+// Element 0 of a record; `fallback` if the record is missing or of another type. Does not change the file.
 template <class Value>
 Value RecordOr(const ConfigFile& file, int record, const Value& fallback) {
     const auto values = file.Read(record);
@@ -28,12 +28,12 @@ DriveTableFlags ReadDrives(const ConfigFile& config, const AppState& state) {
     return drives;
 }
 
-// An accessor's number; a missing key counts as 1.
+// Whether the number is not 0; a missing key counts as 1.
 bool NumberIsSet(const IniText& settings, QStringView key) {
     return LeadingInt(IfEmpty(settings.Value(setting::kProperties, key), QStringLiteral("1"))) != 0;
 }
 
-// With all digits that a user may have typed.
+// 15 digits are as many as a double keeps of a typed number.
 QString NumberText(double number) {
     return QString::number(number, 'g', 15);
 }

@@ -14,17 +14,17 @@ namespace paneda {
 struct SettingForm {
     DriveTableFlags DriveTable{};
     bool DriveOfProgram = false;
-    QString ButtonsPerRow; // as typed; the number at its start counts
+    QString ButtonsPerRow; // as typed; the number at the start of the text is used
     bool HideAfterLaunch = false;
     bool MouseTriggerEnabled = false;
-    bool MouseClick = false; // a single click is enough; else a double click or a hold
+    bool MouseClick = false; // a single click calls the panel; otherwise a double click or a long press
     bool MouseShowCenter = false;
     bool HotkeyEnabled = false;
     bool HotkeyCtrl = false;
     bool HotkeyAlt = false;
     bool HotkeyShift = false;
     bool HotkeyWin = false;
-    int HotkeyKey = 0; // virtual key, 0 for none
+    int HotkeyKey = 0; // virtual key code; 0 for no key
     bool HotkeyShowCenter = false;
     bool Autostart = false;
     QString UserName;
@@ -44,33 +44,34 @@ struct RecordWrite {
     ConfigArray Values;
 };
 
-// What a save does, in this order. `config` is replaced after its last record.
+// The steps of a save, in this order. All records are written to `config` in one step.
 struct SettingPlan {
     KeyWrite First;
     std::vector<RecordWrite> Records;
-    std::optional<bool> Autostart; // nothing when it stays as it was
+    std::optional<bool> Autostart; // empty if it does not change
     std::vector<KeyWrite> Last;
 };
 
-// What became of a save.
+// The result of a save.
 struct SettingOutcome {
-    bool Written = false;               // the records are in `config`, and the panel has to be reloaded
-    std::vector<FileError> Failures;    // of `config` and setting.ini
-    std::optional<FileError> Autostart; // why the session could not be changed
+    bool Written = false;               // `config` is written, so the panel has to be reloaded
+    std::vector<FileError> Failures;    // in writing `config` and setting.ini
+    std::optional<FileError> Autostart; // why autostart could not be changed
 
     bool Complete() const { return Written && Failures.empty() && !Autostart; }
 };
 
-// Adds the program to what the desktop session starts (true), or removes it.
+// Switches autostart on (true) or off: whether the program starts with the desktop session.
 using AutostartSwitch = std::function<FileResult(bool)>;
 
-// The form as the store has it. A record that `config` lacks is taken from the state.
+// Reads the form from the store. Values whose record is missing in `config` come from the state.
 SettingForm ReadSettingForm(const ConfigFile& config, const IniText& settings, const AppState& state);
 
+// Decides what a save of the form has to write. `autostartAtLoad`: whether autostart is on now.
 SettingPlan PlanSettings(const SettingForm& form, bool autostartAtLoad);
 
-// Carries the plan out. It ends when `config` cannot be written; after any other failure it goes on. When the
-// session cannot be changed, record 3 gets its former value back.
+// Carries out the plan. If `config` cannot be written, the remaining steps are skipped; after any other
+// failure they are still done. If autostart cannot be changed, its former value is written back to record 3.
 SettingOutcome WriteSettings(const SettingPlan& plan, const QString& appFolder,
                              const AutostartSwitch& setAutostart);
 

@@ -28,7 +28,7 @@ public:
         return value.isEmpty() ? fallback : LeadingInt(value);
     }
     bool IsOne(QStringView key) const { return text_.Value(section_, key) == u'1'; }
-    // A percentage as a fraction; `fallback` where it is missing or not above 0.
+    // Reads a percentage as a fraction, at most 1; `fallback` if it is missing or not above 0.
     double Fraction(QStringView key, double fallback) const {
         const double value = std::min(LeadingNumber(text_.Value(section_, key)) / 100, 1.0);
         return value > 0 ? value : fallback;
@@ -101,7 +101,7 @@ FileResult WriteSetting(const QString& appFolder, QStringView section, QStringVi
 
 void SaveSettingsAtExit(const AppState& state) {
     const auto write = [&state](QStringView section, QStringView key, const QString& value) {
-        // Ignored: a store that cannot be written keeps its settings, and the program ends all the same.
+        // Ignored: the program ends even if its settings cannot be written.
         (void)WriteSetting(state.AppFolder, section, key, value);
     };
     if (state.TreeOpacity != state.TreeOpacityAtLoad)

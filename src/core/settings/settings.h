@@ -8,7 +8,7 @@
 
 namespace paneda {
 
-// Keys of setting.ini that more than one place reads or writes.
+// Sections and keys of setting.ini that more than one place reads or writes.
 namespace setting {
 inline constexpr QStringView kProperties = u"Properties";
 inline constexpr QStringView kTree = u"Tree";
@@ -24,15 +24,17 @@ inline constexpr QStringView kOpacityPercent = u"opacity percent";
 inline constexpr QStringView kWindowState = u"window state";
 } // namespace setting
 
-// Fills the state from the text of setting.ini. A missing key takes its default; numbers are read by their
-// leading number and held to their limits. The values "at load" are set to what was read.
+// Fills the state from the text of setting.ini. A missing or empty key gives the default. Of a value that
+// should be a number the digits at its start count; numbers beyond their limits are replaced by the limit.
+// The fields named AtLoad get the values that were read.
 void ReadSettings(const IniText& settings, AppState& state);
 
-// Writes one key of setting.ini below the program's folder.
+// Writes one key of setting.ini in the program's folder (host path).
 FileResult WriteSetting(const QString& appFolder, QStringView section, QStringView key, const QString& value);
 
-// What is written at exit besides the panel's place: opacities and the note's window state where they changed
-// since the load, the selection, and the tree that each tree category shows. Results are not looked at.
+// Writes what is kept at exit besides the panel's place: opacities and the note's window state if they have
+// changed since the load, the selected category, and the tree that each tree category shows. Errors are
+// ignored.
 void SaveSettingsAtExit(const AppState& state);
 
 } // namespace paneda

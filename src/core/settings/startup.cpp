@@ -27,7 +27,7 @@ void TakeCache(AppState& state, PanelLoad& load) {
 } // namespace
 
 QString FolderProblem(const AppState& state) {
-    // Only a path without a stored form stays as the host has it.
+    // A path that begins with a slash here could not be turned into the stored form.
     if (!state.AppPath.startsWith(u'/'))
         return {};
     return state.ProductName + QStringLiteral(" cannot work in the folder\n\n") + state.AppFolder +
@@ -50,8 +50,7 @@ PanelLoad LoadPanelState(AppState& state) {
 
 void WriteCache(const AppState& state, const PictureRecord& pictures) {
     const QString path = CacheFilePath(state.AppFolder);
-    // Ignored: a file that stays is replaced by the write below or, failing that, is as old as this start
-    // found it.
+    // Ignored: the write below replaces a file that could not be removed.
     QFile::remove(path);
     // Ignored, as the header says.
     (void)SaveCache(path,

@@ -8,32 +8,33 @@
 
 namespace paneda {
 
-// Why the program cannot work in its folder, for the user; empty when it can. state.AppPath and AppFolder
-// have to be set. A folder with a backslash in its path has no stored form, so no button in it could be
-// started.
+// A text for the user that says why the program cannot work in its folder; empty if it can. A folder with a
+// backslash in its path has no stored form, so no button in it could be started. state.AppPath and AppFolder
+// have to be set.
 QString FolderProblem(const AppState& state);
 
-// What a load of the panel found, besides what it put into the state.
+// What LoadPanelState returns besides the state that it fills.
 struct PanelLoad {
-    // The catalogue comes from the cache, and no folder of the store was read.
+    // The catalogue comes from the cache; the folders of the store were not read.
     bool CacheValid = false;
-    // The rest of a valid cache. Its pictures may be those of another skin than the one to be shown.
+    // The valid cache without its catalogue. Its pictures may show another skin than the one to be shown.
     CacheRecord Cache;
-    // What could not be made or written. None of it ends the load; the user sees all of it in one notice.
+    // What could not be read or written. The load goes on after each; the user sees all of them in one
+    // notice.
     std::vector<FileError> Failures;
 };
 
-// Reads everything that the panel is made from into the state: makes a missing store, reads `config` and lets
-// it grow, takes the catalogue from the cache or scans the store, reads setting.ini. state.AppPath,
-// AppFolder, Drives and ProductVersion have to be set.
+// Reads everything that the panel is made from into the state. Makes a missing store, reads `config` and adds
+// its missing records, reads setting.ini, and takes the catalogue from the cache or scans the store.
+// state.AppPath, AppFolder, Drives and ProductVersion have to be set.
 PanelLoad LoadPanelState(AppState& state);
 
-// Removes the cache file and writes a new one, with the catalogue of the state. Where no cache can be written
-// every start scans; no error is shown.
+// Removes the cache file and writes a new one with the state's catalogue. If it cannot be written, the next
+// start scans the store; no error is shown.
 void WriteCache(const AppState& state, const PictureRecord& pictures);
 
-// Saves what outlives the program: the panel's place, the selection, opacities and the like. Only the panel's
-// place returns a failure.
+// Writes what is kept at exit: the panel's place, and what SaveSettingsAtExit writes. Returns the error if
+// the panel's place cannot be written; other errors are ignored.
 FileResult SaveAtExit(const AppState& state);
 
 } // namespace paneda

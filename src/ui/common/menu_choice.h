@@ -7,15 +7,15 @@
 
 namespace paneda {
 
-// One line of a pop-up menu that is read by its number.
+// One line of a pop-up menu.
 struct PopItem {
     QString Name; // object name
     QString Caption;
     bool Enabled = true;
 };
 
-// Shows a pop-up menu at a place of the screen and waits. Returns the number of the chosen item, from 1; 0
-// when the menu was dismissed.
+// Shows a pop-up menu at a point of the screen (pixels) and waits for a choice. Returns the number of the
+// chosen item, counted from 1, or 0 if the user closed the menu without a choice.
 int MenuChoice(const std::vector<PopItem>& items, const QPoint& place);
 
 } // namespace paneda

@@ -11,7 +11,7 @@ namespace paneda {
 
 namespace {
 
-// Texts break their lines with a carriage return; the label wants a line feed.
+// Some texts end their lines with carriage returns; QMessageBox breaks lines at line feeds only.
 QString WithLineFeeds(QString text) {
     return text.replace(u'\r', u'\n');
 }
@@ -22,7 +22,7 @@ std::unique_ptr<QMessageBox> MakeNotice(const QString& title, const QString& tex
     auto box = std::make_unique<QMessageBox>(QMessageBox::NoIcon, title, WithLineFeeds(text), QMessageBox::Ok,
                                              parent);
     box->setTextFormat(Qt::PlainText);
-    // Qt indents the text of a box without an icon.
+    // Qt leaves a gap for the icon even if there is none.
     auto* grid = qobject_cast<QGridLayout*>(box->layout());
     QLayoutItem* first = grid ? grid->itemAtPosition(0, 0) : nullptr;
     if (first && first->spacerItem()) {

@@ -11,7 +11,7 @@ class QWidget;
 
 namespace paneda {
 
-// Prompts as message boxes, in front of the active window.
+// Shows prompts as message boxes in front of the active window.
 class QtPrompts : public Prompts {
 public:
     explicit QtPrompts(QString productName) : productName_(std::move(productName)) {}
@@ -24,7 +24,7 @@ private:
     QString productName_;
 };
 
-// The message box of a notice, not shown yet.
+// Makes the message box of a notice. The caller shows it.
 std::unique_ptr<QMessageBox> MakeNotice(const QString& title, const QString& text, QWidget* parent);
 
 } // namespace paneda

@@ -5,7 +5,7 @@
 namespace paneda {
 
 QString IconTarget(const ButtonEntry& button, const AppState& state) {
-    // Whatever browser is chosen, the icon is that of the button's own target.
+    // The chosen browser opens web addresses, but its icon is not shown for them.
     const LaunchContext context{state.AppPath, QStringLiteral("default")};
     const ButtonFields fields = ReadButtonFields(state.Drives.ToHost(button.Path, state.AppPath));
     const LaunchRequest request = DecideLaunch(button.Path, fields, context);

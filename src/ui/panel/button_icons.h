@@ -7,10 +7,11 @@
 
 namespace paneda {
 
-// What a button's icon is the icon of: a record's target, a drive, else the button's own file. Stored form or
-// a web address.
+// The file, folder, drive or address whose icon the button shows: the target of its record, the drive of a
+// drive button, otherwise the button's own file. A path in the stored form, or a web address.
 QString IconTarget(const ButtonEntry& button, const AppState& state);
 
+// The icon, a square of this many pixels.
 QImage ButtonIcon(const ButtonEntry& button, int pixels, const AppState& state, FileIcons& icons);
 
 } // namespace paneda

@@ -10,16 +10,16 @@
 
 namespace paneda {
 
-// The figures of the drives that the first category shows, as they were when they were last read.
+// Label, size and free space of the drives that the first category shows, as of the last reading.
 class DriveFigures {
 public:
     DriveFigures(const AppState& state, DriveSpace& space);
 
-    // Asks each drive that has room on the panel.
+    // Reads the figures of each drive whose button has room on the panel.
     const std::vector<DriveState>& Read(const PanelGeometry& geometry);
 
-    // Tool tip of a drive button by its control index: drive, label, free percent. Empty for any other button
-    // and before the first reading.
+    // The tool tip of the drive button with this control index: drive, label, free percent. Empty for any
+    // other button, and before the first reading.
     QString TipOf(int controlIndex) const;
 
 private:

@@ -13,7 +13,8 @@ class frmAbout;
 
 namespace paneda {
 
-// Product, version and date of the build. Shown in the other edition alone; this one shows the credits.
+// Shows product, version and date of the build. Only the other edition shows this window; this edition shows
+// the credits instead.
 class frmAbout : public QDialog {
     Q_OBJECT
 

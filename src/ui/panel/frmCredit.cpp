@@ -14,7 +14,8 @@ namespace paneda {
 
 namespace {
 
-// Milliseconds. A change of the text's colour that no frame of the screen shows would only cost.
+// Milliseconds from one colour of the text to the next. A screen shows about 60 frames a second, so faster
+// changes would not be seen.
 constexpr int kFrame = 16;
 constexpr int kCaptionDelay = 1'000;
 constexpr double kTextScale = 1.6;
@@ -50,7 +51,7 @@ frmCredit::frmCredit(const AppState& state, SoundPlayer& sounds, QWidget* parent
 
 void frmCredit::Form_Load() {
     screens_ = CreditScreens(state_);
-    // Every screen fits, whatever the font.
+    // The window has room for the largest text in the desktop's font.
     QSize room = kSize;
     for (const QString& screen : std::as_const(screens_)) {
         const QRect text = label1_->fontMetrics().boundingRect(QRect(), Qt::AlignCenter, screen);

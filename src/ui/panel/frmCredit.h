@@ -10,14 +10,14 @@ class QLabel;
 
 namespace paneda {
 
-// The credits: screens of text that come out of the dark and go back into it, with music.
+// The credits: screens of text that fade in from black and out again, with music.
 class frmCredit : public QWidget {
     Q_OBJECT
 
 public:
     frmCredit(const AppState& state, SoundPlayer& sounds, QWidget* parent = nullptr);
 
-    // Starts the show from its first screen. Once, before the window is shown.
+    // Starts the credits at their first screen. Call it once, before the window is shown.
     void Form_Load();
 
     void Timer1_Timer();

@@ -22,9 +22,9 @@ namespace paneda {
 
 namespace {
 
-// Without blending a pixel is shown or not; half of it decides.
+// Alpha from which a pixel is shown on a desktop that cannot blend.
 constexpr int kSolidAlpha = 128;
-// ms of quiet after which drives are asked: a volume that comes makes several changes in a row.
+// Milliseconds. Mounting one volume reports several changes in a row; the drives are read after the last one.
 constexpr int kDrivesSettle = 300;
 
 std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
@@ -80,7 +80,7 @@ void frmMain::Form_Load() {
     picCategory_Click(state_.SelectedCategory);
 }
 
-// `cache` is null when the store was scanned: pictures on file then show another one.
+// `cache` is null when the store was scanned: the picture files may then show an older store.
 void frmMain::MakeLook(const CacheRecord* cache) {
     SkinChoice choice = ChooseSkin(state_.AppFolder, state_.SkinName);
     skinProblem_ = choice.Problem;
@@ -94,7 +94,7 @@ void frmMain::MakeLook(const CacheRecord* cache) {
 }
 
 void frmMain::LayOut(WindowPlace wanted) {
-    // The screen of the wanted place counts, as if it were the only one.
+    // The layout knows one screen: the one that holds the wanted place.
     const ScreenPlace screen = ScreenAt(services_.WorkAreas, wanted);
     const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), screen.Metrics,
                             wanted.Left - screen.Origin.Left, wanted.Top - screen.Origin.Top};
@@ -107,7 +107,8 @@ void frmMain::LayOut(WindowPlace wanted) {
     geometry_.PanelLeft = place.Left;
     geometry_.PanelTop = place.Top;
     motion_.MoveTo(place);
-    // The cache tells whose pictures are on file; a skin that only stands in for another is named as itself.
+    // The cache names the skin that its pictures show. Where the chosen skin cannot be used this is the skin
+    // that is shown instead.
     if (!load_.CacheValid || look_->Record() != load_.Cache.Pictures)
         WriteCache(state_, look_->Record());
 }
@@ -118,8 +119,8 @@ void frmMain::ShowAtStart() {
         show();
         return;
     }
-    // What waits for the first paint elsewhere does not wait for a call that may never come, and is done
-    // once.
+    // A hidden panel may never be painted, so the work that otherwise follows the first paint is done now.
+    // `painted_` keeps a later paint from doing it twice.
     painted_ = true;
     QTimer::singleShot(0, this, &frmMain::AfterFirstPaint);
     HidePanelAlone();
@@ -139,7 +140,7 @@ void frmMain::picCategory_Click(int index) {
 
 void frmMain::ShowPicture(const QImage& picture) {
     picture_ = picture;
-    // Transparent pixels let the mouse through to what is below.
+    // A click on a transparent pixel belongs to the window below.
     setMask(ShapeOf(picture_, services_.Compositor.IsActive() ? 1 : kSolidAlpha));
     update();
 }
@@ -147,7 +148,8 @@ void frmMain::ShowPicture(const QImage& picture) {
 void frmMain::AfterFirstPaint() {
     if (load_.CacheValid)
         CheckStore();
-    // Free space has changed since the pictures were made, and tool tips tell of drives as well.
+    // The pictures of a cached start show the free space of an earlier session, and without a reading the
+    // drives have no tool tips.
     RefreshDrives();
     if (HasDriveButtons(state_.Catalogue))
         services_.Volumes.Watch([this] { drivesChange_.start(); });
@@ -160,11 +162,11 @@ void frmMain::CheckStore() {
                  [this](CatalogueList found) { FollowStore(std::move(found)); });
 }
 
-// The store or the skin was changed by hand. The window stays as it is: hidden, shown or with its menu open.
+// Shows a store or skin that was changed by hand. A hidden panel stays hidden, and an open menu stays open.
 void frmMain::FollowStore(CatalogueList catalogue) {
     if (unloaded_)
         return;
-    // Under X11 a minimized window that is resized comes up.
+    // Under X11 resizing a minimized window would restore it.
     if (isMinimized()) {
         waiting_ = std::move(catalogue);
         return;
@@ -186,7 +188,7 @@ void frmMain::FollowStore(CatalogueList catalogue) {
 }
 
 void frmMain::PrepareNextPicture() {
-    // One picture at a time, so that the panel answers in between.
+    // One picture at a time, so that the panel reacts to the user in between.
     if (!look_->PrepareNext())
         prepare_.stop();
 }
@@ -204,7 +206,7 @@ void frmMain::TellSkinProblem() {
 }
 
 void frmMain::picGroup_Click() {
-    // Any header of the first category brings its drives up to date.
+    // Any header of the first category refreshes the drives.
     if (state_.SelectedCategory == 0)
         RefreshDrives();
 }
@@ -249,8 +251,8 @@ void frmMain::HidePanelAlone() {
         hide();
 }
 
-// A tray that has gone may have been the only way back to a hidden panel, and one that comes takes a
-// minimized one out of the list of windows.
+// Hides the panel in the way that the tray now allows. If the tray has gone, a hidden panel could perhaps not
+// be called back, so it is minimized; if one has appeared, a minimized panel is hidden.
 void frmMain::HideAnew() {
     if (!unloaded_ && (isHidden() || isMinimized()))
         HidePanelAlone();
@@ -270,7 +272,8 @@ void frmMain::imgLogo_MouseDown(Qt::MouseButton button) {
     menu.exec(QCursor::pos());
 }
 
-// On a panel that is too narrow the spot lies beyond its edge, and the settings that made it so with it.
+// On a very narrow panel the menu's sign lies outside the window. The frame then opens the menu, or the user
+// could not reach the settings to widen the panel.
 bool frmMain::HasRoomForMenu() const {
     return rect().contains(look_->MenuArea().center());
 }
@@ -314,7 +317,7 @@ void frmMain::ToggleByTrigger(Trigger trigger) {
         imgHide_Click();
         return;
     }
-    // The saved place may lie on a screen that is gone.
+    // The planned place may lie on a screen that has been unplugged.
     motion_.MoveTo(BringIntoView(plan.Panel, {geometry_.PanelWidth, geometry_.PanelHeight},
                                  CurrentWorkAreas(services_.WorkAreas)));
     if (plan.Note)
@@ -349,7 +352,7 @@ void frmMain::mousePressEvent(QMouseEvent* event) {
     const HitArea area = HitTest(hitAreas_, event->pos());
     const std::optional<MouseButton> button = MouseButtonOf(event->button());
     pressed_ = button == MouseButton::Left ? area : HitArea();
-    // A button acts on the press, with no wait for the release.
+    // Buttons start their target at the press; bars, headers and signs react to the release.
     if (area.What == HitArea::Kind::Button && button)
         picIcon_MouseDown(ButtonAt(area), *button, ShiftMaskOf(event->modifiers()));
     else if (area.What == HitArea::Kind::Logo)
@@ -366,7 +369,7 @@ void frmMain::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void frmMain::mouseDoubleClickEvent(QMouseEvent* event) {
-    // The second press of two quick ones is a press like any other.
+    // Qt sends the second press of a double click only here; it counts as a press too.
     mousePressEvent(event);
     if (HitTest(hitAreas_, event->pos()).What == HitArea::Kind::Frame)
         fun_.Play();
@@ -416,7 +419,7 @@ void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) const {
             tip = ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
                                 look_->CutsLabel(button, area.Rect.size()));
     }
-    // As text, whatever marks a description holds. An empty text hides the tip that is shown.
+    // Escaped, since a description may contain markup. An empty text hides the tip that is shown.
     QToolTip::showText(global, tip.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")),
                        const_cast<frmMain*>(this), area.Rect);
 }

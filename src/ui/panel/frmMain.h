@@ -34,7 +34,7 @@
 
 namespace paneda {
 
-// What the panel needs of the world outside its window. A service has the name of its type, as in Platform.
+// The services that the panel uses. Each field has the name of its type, as in Platform.
 struct PanelServices {
     paneda::Opener& Opener;
     paneda::Volumes& Volumes;
@@ -53,8 +53,8 @@ struct PanelServices {
 };
 
 // The panel: one window that shows the stack of category bars and, above them, the groups and buttons of the
-// opened category. It is a picture with areas that answer to the mouse; nothing in it moves between two
-// loads.
+// opened category. It shows one picture, and areas of that picture react to the mouse. The layout changes
+// only when the store is loaded.
 class frmMain : public QWidget {
     Q_OBJECT
 
@@ -62,17 +62,18 @@ public:
     frmMain(AppState& state, const PanelServices& services);
     ~frmMain() override;
 
-    // Reads the store into the state, lays the panel out and opens the selected category. Once, before the
-    // first show.
+    // Reads the store into the state, lays the panel out and opens the selected category. Call it once,
+    // before the first show.
     void Form_Load();
 
     // Shows the panel, unless the settings ask for a hidden start.
     void ShowAtStart();
 
-    // Saves what outlives the panel. Once, as its last act.
+    // Hides the panel, saves its place and the settings that are kept at exit, and stops its services. A
+    // second call does nothing.
     void Form_Unload();
 
-    // An outside request, whatever its text, makes the panel visible.
+    // Another program asked for the panel: shows it, whatever the text of the request.
     void Form_LinkExecute(const QString& command);
 
     void picCategory_Click(int index);
@@ -82,16 +83,17 @@ public:
     void imgMenu_Click();
     void imgLogo_MouseDown(Qt::MouseButton button);
 
-    // Shows the panel at its saved place, held to the work area.
+    // Shows the panel at its saved place, moved into the work area where it would reach beyond it.
     void ShowPaneda();
-    // Hides a panel that has the focus; else brings it to the front, where the settings want it.
+    // Hides the panel if it has the focus. Otherwise brings it to the front, at the place that the settings
+    // ask for: where it was, or at the cursor.
     void ToggleByTrigger(Trigger trigger);
 
     const PanelGeometry& Geometry() const { return geometry_; }
     const OpenedCategory& Opened() const { return opened_; }
 
 Q_SIGNALS:
-    // The user ends the program; the panel has been unloaded.
+    // The user has closed the panel to end the program; Form_Unload has run.
     void Unloaded();
 
 protected:
@@ -124,16 +126,16 @@ private:
     AppState& state_;
     PanelServices services_;
     PanelLoad load_;
-    QString skinPath_; // of the skin that is shown; empty for the built-in look
+    QString skinPath_; // host folder of the shown skin; empty for the built-in look
     QString skinProblem_;
     std::unique_ptr<PanelLook> look_;
     PanelMotion motion_;
     PanelCalls calls_;
     PanelFun fun_;
-    QTimer prepare_;      // ticks while pictures are left to prepare
-    QTimer drivesChange_; // runs while mounts follow one another
+    QTimer prepare_;      // runs while pictures are left to prepare
+    QTimer drivesChange_; // runs out when no drive has come or gone for a moment
     StoreCheck check_;
-    std::optional<CatalogueList> waiting_; // found while the panel is minimized
+    std::optional<CatalogueList> waiting_; // a changed store, shown once the panel is restored
     PanelGeometry geometry_;
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;

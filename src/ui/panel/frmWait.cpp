@@ -11,7 +11,7 @@ namespace paneda {
 
 namespace {
 
-// Milliseconds. A window that the desktop has not shown by then is not waited for.
+// Milliseconds to wait at most until the desktop shows the window.
 constexpr int kPatience = 300;
 
 } // namespace
@@ -34,7 +34,7 @@ void frmWait::ShowNow() {
     while (!windowHandle()->isExposed() && clock.elapsed() < kPatience)
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kPatience / 10);
     repaint();
-    // The picture has to reach the desktop as well.
+    // The painted window is sent to the desktop by the event loop.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 

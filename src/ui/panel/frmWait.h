@@ -10,8 +10,8 @@ class frmWait;
 
 namespace paneda {
 
-// A small window with a fixed message. It stands while a long operation runs on the one thread, so it is
-// painted before ShowNow returns, and shown no longer than its owner lives.
+// A small window with a fixed message for an operation that blocks the event loop. Nothing could paint it
+// later, so ShowNow paints it before it returns. It disappears when it is destroyed.
 class frmWait : public QDialog {
     Q_OBJECT
 
@@ -19,7 +19,8 @@ public:
     explicit frmWait(QWidget* parent = nullptr);
     ~frmWait() override;
 
-    // Centred on the screen. Serves no key and no mouse meanwhile.
+    // Shows the window in the middle of the screen. Waits for the desktop to show it, 0.3 seconds at most;
+    // keys and mouse events that arrive meanwhile are handled later.
     void ShowNow();
 
 private:

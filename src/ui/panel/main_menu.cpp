@@ -73,7 +73,7 @@ LogoMenu::LogoMenu(const MenuActions& actions, QWidget* parent) : QMenu(parent) 
     AddItem(*this, QStringLiteral("mnuWebSearch"), QStringLiteral("Web &Search"), actions.WebSearch);
     AddItem(*this, QStringLiteral("mnuWallpapers"), QStringLiteral("&Wallpapers of the Day"),
             actions.Wallpapers);
-    // At the end of a menu it is not drawn.
+    // Qt does not draw a separator at the end of a menu.
     AddLine(*this, QStringLiteral("mnuSeparator1"));
 }
 

@@ -6,7 +6,7 @@
 
 namespace paneda {
 
-// What the menus of the panel do. An item without an action is shown disabled.
+// The actions of the menu items. An item whose action is empty is shown disabled.
 struct MenuActions {
     std::function<void()> OrganiseButton;
     std::function<void()> Setting;
@@ -22,19 +22,19 @@ struct MenuActions {
     std::function<void()> Wallpapers;
 };
 
-// The opacity, as a fraction, of the item with this index, from 0 for "100 %" to 9 for "10 %".
+// The opacity, a fraction, of the menu item with this index: 0 is "100 %", 9 is "10 %".
 double TreeOpacityOfItem(int index);
 
-// The item that shows an opacity; -1 for one that no item has.
+// The index of the menu item with this opacity; -1 if there is none.
 int ItemOfTreeOpacity(double opacity);
 
-// The menu of the panel, mnuMenu. Each action's object name is its name, of the opacities
+// The menu of the panel, mnuMenu. The actions are found by their object names; those of the opacities are
 // mnuTreeOpacityPercent0 to mnuTreeOpacityPercent9.
 class MainMenu : public QMenu {
     Q_OBJECT
 
 public:
-    // `treeOpacity`: the present one; its item is checked.
+    // `treeOpacity`: the current opacity, a fraction; its item is checked.
     MainMenu(const MenuActions& actions, double treeOpacity, QWidget* parent = nullptr);
 
 private:

@@ -6,7 +6,7 @@ namespace paneda {
 
 namespace {
 
-constexpr int kMouseLook = 200; // ms between two looks at the middle button
+constexpr int kMouseLook = 200; // milliseconds between two readings of the middle button
 
 } // namespace
 
@@ -26,7 +26,7 @@ PanelCalls::~PanelCalls() {
 }
 
 void PanelCalls::Start() {
-    // The registration outlives this object.
+    // The registration outlives this object; without this the hotkey would call a deleted panel.
     const auto pressed = [self = QPointer(this)] {
         if (self)
             self->actions_.Toggle(Trigger::Hotkey);

@@ -15,11 +15,11 @@
 
 namespace paneda {
 
-// What the ways to call the panel do.
+// What PanelCalls asks the panel to do.
 struct CallActions {
     std::function<void(Trigger)> Toggle;
     std::function<void()> Show;
-    // The tray has appeared or gone, so that Ways() has changed.
+    // The tray has appeared or disappeared, so Ways() has changed.
     std::function<void()> WaysChanged;
 };
 
@@ -32,16 +32,16 @@ public:
     PanelCalls(AppState& state, Hotkey& hotkey, Pointer& pointer, TrayHosts& trays, CallActions actions);
     ~PanelCalls() override;
 
-    // Begins to listen, as the settings say, and takes back a hotkey that they have switched off since the
-    // last load. If the hotkey cannot be registered it never fires; no error is shown.
+    // Begins to listen as the settings ask, and unregisters a hotkey that was switched off since the last
+    // load. If the hotkey cannot be registered it never fires; no error is shown.
     void Start();
 
-    // Ends listening and removes the tray icon. The hotkey stays registered without effect until the next
-    // panel's Start: most reloads keep the same hotkey, and some desktops ask the user at each registration.
-    // Whoever ends the program has to unregister it.
+    // Stops listening and removes the tray icon. The hotkey stays registered, without effect, until the Start
+    // of the next panel: most reloads keep the same hotkey, and some desktops ask the user at each
+    // registration. When the program ends, the caller has to unregister it.
     void Stop();
 
-    // What could call the panel back at present.
+    // What could bring a hidden panel back now.
     CallBackWays Ways() const;
 
 private:
@@ -52,7 +52,7 @@ private:
     Pointer& pointer_;
     CallActions actions_;
     TrayPresence tray_;
-    QTimer timer1_; // the looks at the middle button
+    QTimer timer1_; // reads the middle button
     MouseTrigger mouseTrigger_;
 };
 

@@ -9,7 +9,7 @@ namespace paneda {
 
 namespace {
 
-// Shows the window, made by `make` if there is none, and brings it to the front.
+// Shows the window and brings it to the front. `make` makes it if it is not open.
 template <class Window, class Make>
 void ShowOne(QPointer<Window>& window, const Make& make) {
     if (!window) {
@@ -50,7 +50,7 @@ MenuActions PanelDialogs::Actions() {
 }
 
 void PanelDialogs::CloseAll() {
-    // Deleted at once: the loop that would delete them later may not come any more.
+    // Deleted now, since the event loop that would delete them later may have ended.
     delete setting_;
     delete credit_;
 }

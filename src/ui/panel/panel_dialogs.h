@@ -12,7 +12,7 @@ namespace paneda {
 
 class Opener;
 
-// What the windows behind the menu need; the settings dialogs need most of it.
+// The services that the windows opened by the menus use.
 struct DialogServices {
     SettingServices Settings;
     paneda::SoundPlayer& SoundPlayer;
@@ -21,7 +21,7 @@ struct DialogServices {
     std::function<void()> Close;
 };
 
-// The windows that the panel's menus open, one of each at a time. They outlive a reload of the panel.
+// The windows that the panel's menus open, at most one of each. They stay open when the panel is reloaded.
 class PanelDialogs {
 public:
     PanelDialogs(AppState& state, DialogServices services);
@@ -29,7 +29,7 @@ public:
 
     MenuActions Actions();
 
-    // Closes all that are open, as the program ends.
+    // Closes all open windows. Called when the program ends.
     void CloseAll();
 
 private:

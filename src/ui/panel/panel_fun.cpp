@@ -9,7 +9,7 @@ namespace paneda {
 
 namespace {
 
-constexpr int kFunLook = 1000; // ms between two looks at a sound
+constexpr int kFunLook = 1000; // milliseconds between two checks whether the sound still plays
 
 const QString kFunAlias = QStringLiteral("fun");
 

@@ -17,10 +17,10 @@ class PanelFun : public QObject {
 public:
     explicit PanelFun(SoundPlayer& sounds);
 
-    // Lists the sounds. `appFolder` is the host path of the program's folder.
+    // Reads the list of sounds. `appFolder` is the host path of the program's folder.
     void Load(const QString& appFolder);
 
-    // A double click: plays the next sound, if there is one.
+    // Plays the next sound; nothing if there are none. Call it for each double click.
     void Play();
 
 private:

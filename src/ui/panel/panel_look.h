@@ -12,8 +12,8 @@
 
 namespace paneda {
 
-// How the panel looks: what it gives to the layout, a picture of the window for each category, and the areas
-// of its frame that answer to the mouse.
+// How the panel looks: the sizes that the layout needs, a picture of the window for each category, and the
+// areas of the frame that react to the mouse.
 class PanelLook {
 public:
     virtual ~PanelLook() = default;
@@ -21,16 +21,17 @@ public:
     // Margins and heights that the panel is laid out by.
     virtual PanelMetrics Metrics() const = 0;
 
-    // The panel has been laid out; all that follows is asked for from now on. The geometry outlives the look.
+    // Gives the look the finished layout. The functions below may be called only after this. The geometry has
+    // to outlive the look.
     virtual void SetGeometry(const PanelGeometry& geometry) = 0;
 
-    // What the pictures on file show, for the cache.
+    // Describes the picture files (skin, sizes) for the cache; empty for a look that writes no files.
     virtual PictureRecord Record() const = 0;
 
-    // The panel with this category opened, of the window's pixel size; with no category for -1.
+    // The panel with this category opened, in the window's size in pixels. -1: no category is opened.
     virtual QImage Picture(int category) = 0;
 
-    // The pieces of the frame, by which the panel is dragged. All areas are in pixels of the window.
+    // The pieces of the frame, which the user drags the panel by. All areas are in pixels of the window.
     virtual std::vector<QRect> FrameAreas() const = 0;
 
     // Areas that hide the panel and open its menu.
@@ -40,16 +41,16 @@ public:
     // Area of the logo; empty without one.
     virtual QRect LogoArea() const = 0;
 
-    // Asks the drives again. The picture of the first category is another one afterwards.
+    // Reads the drives again and draws the picture of the first category with the new figures.
     virtual void RefreshDrives() = 0;
 
-    // Tool tip of a drive button; empty if nothing is known of its drive.
+    // The tool tip of a drive button; empty for any other button, and before the drives are read.
     virtual QString DriveTip(int controlIndex) const = 0;
 
     // Whether a button of this size, in pixels, has no room for all of its label.
     virtual bool CutsLabel(const ButtonEntry& button, const QSize& size) = 0;
 
-    // Prepares one more picture that will be asked for some time. False when there is none left to prepare.
+    // Prepares one picture of a category that has not been opened yet. False when none is left to prepare.
     virtual bool PrepareNext() = 0;
 };
 

@@ -12,8 +12,8 @@ namespace paneda {
 class Satellites;
 class WorkAreas;
 
-// Where the panel's window stands: dragged by its frame, snapped to the work area's edges, followed by its
-// satellites.
+// Moves the panel's window: the user drags it by its frame, it snaps to the edges of the work area, and its
+// satellites follow it.
 class PanelMotion {
 public:
     PanelMotion(QWidget& window, AppState& state, WorkAreas& areas, Satellites& satellites);
@@ -21,10 +21,10 @@ public:
     // The window's rectangle, in twips.
     TwipsRect Rect() const;
 
-    // Moves the window without touching the saved place.
+    // Moves the window; the saved place stays as it is.
     void MoveTo(WindowPlace place);
 
-    // The frame is pressed, moved and released with the mouse at a point of the screen, in pixels.
+    // Mouse press on the frame, move and release. `mouse` is a point of the screen in pixels.
     void StartDrag(const QPoint& mouse);
     void DoFRDrag(const QPoint& mouse);
     void EndFRDrag();
@@ -37,7 +37,7 @@ private:
     WorkAreas& areas_;
     Satellites& satellites_;
     bool dragging_ = false;
-    // From the window's corner to the mouse, as it was at the press.
+    // From the window's top left corner to the mouse at the press, in pixels.
     QPoint grip_;
 };
 

@@ -7,7 +7,7 @@
 
 namespace paneda {
 
-// The built-in look, for a program whose skins are all unusable. No picture is kept on disk.
+// The built-in look, used when no skin can be read. It writes no picture files.
 class PlainPanelLook : public PanelLook {
 public:
     PlainPanelLook(const AppState& state, FileIcons& icons, DriveSpace& space);
@@ -22,7 +22,7 @@ public:
     QRect LogoArea() const override { return {}; }
     void RefreshDrives() override { drives_.Read(*geometry_); }
     QString DriveTip(int controlIndex) const override { return drives_.TipOf(controlIndex); }
-    // Texts without room are cut everywhere in this look; a caption too many does no harm in a tip.
+    // This look does not measure its labels, so every tool tip repeats the label.
     bool CutsLabel(const ButtonEntry&, const QSize&) override { return true; }
     bool PrepareNext() override { return false; }
 

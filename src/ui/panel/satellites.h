@@ -6,7 +6,7 @@
 
 namespace paneda {
 
-// The windows that are shown, hidden and moved with the panel: the tree and the note.
+// The tree and the note: windows that are shown, hidden and moved together with the panel.
 class Satellites {
 public:
     virtual ~Satellites() = default;
@@ -16,15 +16,16 @@ public:
 
     virtual NoteWindowState Note() const = 0;
 
-    // The panel has been shown; the tree is shown with it if a tree category is opened.
+    // Call it when the panel has been shown. Shows the tree if a tree category is opened.
     virtual void Show(bool treeIsOpened) = 0;
     virtual void Hide() = 0;
 
-    // The panel stands here now, in twips. A note is placed beside it, unless it has a place of its own.
+    // Call it when the panel has moved to this rectangle (twips). The note is moved to `note`; if that is
+    // null it is placed beside the panel.
     virtual void Follow(const TwipsRect& panel, const WindowPlace* note) = 0;
 };
 
-// A panel that stands alone.
+// For a panel without tree and note windows.
 class NoSatellites : public Satellites {
 public:
     bool Owns(WId) const override { return false; }

@@ -9,22 +9,22 @@ namespace paneda {
 
 class WorkAreas;
 
-// The primary screen. All zero without a screen.
+// Size and work area of the primary screen, in twips. All zero without a screen.
 ScreenMetrics CurrentScreenMetrics();
 
 // One of the screens, in twips.
 struct ScreenPlace {
-    WindowPlace Origin;    // its corner on the desktop that all screens share
-    ScreenMetrics Metrics; // counted from its own corner
+    WindowPlace Origin;    // its top left corner on the desktop of all screens
+    ScreenMetrics Metrics; // relative to that corner
 };
 
-// The screen that a point in twips lies on, or the one nearest to it. Zero without screens.
+// The screen at this point (twips), or the nearest one. All zero without a screen.
 ScreenPlace ScreenAt(WorkAreas& areas, WindowPlace point);
 
 // The work areas of all screens, in twips.
 std::vector<WorkArea> CurrentWorkAreas(WorkAreas& areas);
 
-// The work area of the screen that a point in twips lies on, or of the nearest one.
+// The work area of the screen at this point (twips), or of the nearest one.
 WorkArea WorkAreaAt(WorkAreas& areas, WindowPlace point);
 
 } // namespace paneda

@@ -9,18 +9,18 @@
 
 namespace paneda {
 
-// The skin that every installation has.
+// The skin that is installed with the program.
 inline constexpr QStringView kDefaultSkin = u"Paneda Black Glass";
 
-// The skin that the panel is shown with.
+// The skin to show.
 struct SkinChoice {
     std::optional<ThemeState> Theme; // nothing: the built-in look
-    // Why it is not the one that was asked for; empty if it is. For the user.
+    // For the user: why another skin than the chosen one is shown. Empty if the chosen one is shown.
     QString Problem;
 };
 
-// The skin of this name; where it cannot be used the default one, and where that fails too the built-in look,
-// so that no skin locks a user out.
+// Reads the skin with this name. If it cannot be used, reads the default skin; if that fails too, chooses the
+// built-in look, so that a damaged skin never keeps the user from the panel.
 SkinChoice ChooseSkin(const QString& appFolder, const QString& skinName);
 
 } // namespace paneda

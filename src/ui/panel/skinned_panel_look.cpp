@@ -17,7 +17,8 @@ QString LogoFile(const ThemeState& theme) {
 }
 
 PictureRecord RecordOf(const ThemeState& theme) {
-    // The stamp comes first: what is changed while the pictures are read is then seen at the next start.
+    // The stamp is taken first. If a file changes while the pictures are read, the next start sees a
+    // different stamp and reads them again.
     const quint64 stamp = SkinStamp(theme.SkinPath);
     return {QDir(theme.SkinPath).dirName(), stamp, MeasurePieces(theme), {}};
 }

@@ -14,11 +14,11 @@
 
 namespace paneda {
 
-// The look of a skin.
+// Draws the panel with a skin, and keeps the pictures of the categories as files.
 class SkinnedPanelLook : public PanelLook {
 public:
-    // `cached` is what the pictures on file show; null when they show another store. They are used if they
-    // are of this skin and of the size that the window gets; else they are removed.
+    // `cached` describes the picture files; null if they may show an older store. The files are used if they
+    // were drawn with this skin for a window of the same size; otherwise they are removed.
     SkinnedPanelLook(const AppState& state, ThemeState theme, const PictureRecord* cached, FileIcons& icons,
                      DriveSpace& space);
 
@@ -36,7 +36,7 @@ public:
     bool PrepareNext() override { return pictures_->PrepareNext(); }
 
 private:
-    // The icons of files as the desktop gives them.
+    // Reads the icons of files from the desktop.
     class FileIconSource : public IconSource {
     public:
         FileIconSource(const AppState& state, FileIcons& icons) : state_(state), icons_(icons) {}

@@ -12,13 +12,13 @@ namespace paneda {
 
 namespace {
 
-constexpr unsigned long kWaitAtEnd = 2'000; // ms
+constexpr unsigned long kWaitAtEnd = 2'000; // milliseconds
 
 } // namespace
 
 StoreFindings LookAtDisk(const CachedStart& cached) {
     StoreFindings found{false, LoadCatalogue(cached.Store)};
-    // A folder that is gone lay on a stick that was pulled out; that changes nothing.
+    // A missing folder means that the stick was pulled out. The panel then stays as it is.
     const quint64 stamp = cached.SkinPath.isEmpty() ? 0 : SkinStamp(cached.SkinPath);
     const bool skinDiffers = stamp != 0 && stamp != cached.SkinStamp;
     const bool hasStore = QFileInfo(SettingFolder(cached.Store.AppFolder)).isDir();
@@ -27,7 +27,7 @@ StoreFindings LookAtDisk(const CachedStart& cached) {
 }
 
 StoreCheck::~StoreCheck() {
-    // A thread that hangs is left to the end of the process; to destroy it would end that at once.
+    // A thread that still runs is not deleted: deleting a running QThread would abort the program.
     if (worker_ && worker_->wait(kWaitAtEnd))
         delete worker_;
 }

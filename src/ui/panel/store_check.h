@@ -9,33 +9,35 @@
 
 namespace paneda {
 
-// What a cached start took to be true without a look at the disk.
+// What a cached start has shown without reading the store or the skin.
 struct CachedStart {
     ScanOptions Store;
     CatalogueList Catalogue;
-    QString SkinPath; // host folder of the skin that is shown; empty for the built-in look
-    quint64 SkinStamp = 0;
+    QString SkinPath;      // host folder of the skin that is shown; empty for the built-in look
+    quint64 SkinStamp = 0; // of the skin's files; see SkinStamp in skin/skin_folder.h
 };
 
-// What the disk says.
+// What LookAtDisk found.
 struct StoreFindings {
-    bool Differs = false; // in the store or in the skin's files
+    bool Differs = false; // store or skin are not as the cached start has shown them
     CatalogueList Catalogue;
 };
 
-// Reads names of the store and names, sizes and times of the skin's files, and compares.
+// Reads the names of the store, and the names, sizes and times of the skin's files, and compares them with
+// the cached ones.
 StoreFindings LookAtDisk(const CachedStart& cached);
 
-// Does so once on a worker, so that a slow disk makes nobody wait.
+// Calls LookAtDisk once on a worker thread, so that the panel does not wait for a slow disk.
 class StoreCheck : public QObject {
     Q_OBJECT
 
 public:
     StoreCheck() = default;
-    // Waits for a worker that is at work, though not for one that hangs.
+    // Waits 2 seconds at most for a worker that still runs.
     ~StoreCheck() override;
 
-    // `changed` is called from the event loop if the disk differs, and not after the check is destroyed.
+    // If something differs, `changed` is called from the event loop with the catalogue that was read. It is
+    // not called after this object is destroyed. While a check runs, another Start does nothing.
     void Start(CachedStart cached, std::function<void(CatalogueList)> changed);
 
 private:

@@ -6,7 +6,7 @@ namespace paneda {
 
 namespace {
 
-constexpr int kMaxTip = 64; // characters, as the notification areas of old take them
+constexpr int kMaxTip = 64; // characters; older versions of Windows take no more
 constexpr int kSizes[] = {16, 22, 24, 32, 48};
 
 } // namespace
@@ -36,7 +36,7 @@ QString IdleTrayTip(const AppState& state) {
 
 TrayPresence::TrayPresence(TrayHosts& hosts, TrayActions actions)
     : hosts_(hosts), actions_(std::move(actions)) {
-    // Some desktops send no presses but show a menu; there these are the way to the panel.
+    // Some desktops report no clicks on the icon but show its menu. There the panel is called from the menu.
     connect(menu_.addAction(QStringLiteral("Show")), &QAction::triggered, this, [this] { actions_.Show(); });
     QAction* countdown = menu_.addAction(QStringLiteral("Countdown"));
     countdown->setEnabled(bool(actions_.Countdown));
@@ -83,7 +83,7 @@ void TrayPresence::FollowHost() {
 void TrayPresence::MakeIcon(TrayHosts::Kind kind) {
     icon_ = std::make_unique<QSystemTrayIcon>(picture_);
     icon_->setToolTip(tip_);
-    // Where presses arrive, the right one opens the countdown at once; a menu would come before it.
+    // Where clicks are reported, a right click opens the countdown; with a menu it would open the menu.
     if (kind == TrayHosts::Kind::Menus || !actions_.Countdown)
         icon_->setContextMenu(&menu_);
     connect(icon_.get(), &QSystemTrayIcon::activated, this, &TrayPresence::OnActivated);

@@ -14,25 +14,27 @@
 
 namespace paneda {
 
-// Number of pictures that the idle tray icon is chosen from.
+// How many pictures the user can choose from for the tray icon.
 inline constexpr int kTrayPictures = 12;
 
-// The picture with this number, from 1; the first one for a number that there is none of.
+// The picture with this number, 1 to kTrayPictures; the first one for any other number.
 QIcon TrayPicture(int number);
+// All of them, number 1 first.
 std::vector<QIcon> TrayPictures();
 
-// Tip of the tray icon without a countdown, at most 64 characters: product, version, date of the build, site.
+// The tool tip of the tray icon while no countdown runs: product, version, date of the build and address, cut
+// to 64 characters.
 QString IdleTrayTip(const AppState& state);
 
-// What the presses on the icon do. Countdown may be missing as long as its dialog is.
+// What clicks on the tray icon do. Countdown may be empty; its menu item is then disabled.
 struct TrayActions {
     std::function<void()> Show;
     std::function<void()> Countdown;
-    // The place where the icon is shown has come or gone.
+    // A notification area has appeared or disappeared. May be empty.
     std::function<void()> HostChanged;
 };
 
-// The program's icon in the notification area, made again whenever one appears.
+// The program's icon in the notification area. It is created again when a notification area appears later.
 class TrayPresence : public QObject {
     Q_OBJECT
 
@@ -40,11 +42,11 @@ public:
     TrayPresence(TrayHosts& hosts, TrayActions actions);
     ~TrayPresence() override;
 
-    // Makes the icon, or replaces it, with the picture that the state names.
+    // Creates the icon, or replaces it, with the picture that the settings name.
     void InstallTrayIcons(const AppState& state);
     void RemoveTrayIcons();
 
-    // Whether there is a notification area that shows the icon.
+    // Whether a notification area shows the icon.
     bool IsSeen() const;
 
 private:

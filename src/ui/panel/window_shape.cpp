@@ -6,7 +6,7 @@ namespace paneda {
 
 namespace {
 
-// Runs of one row, as rectangles of height 1.
+// The visible runs of pixels in one row, as rectangles of height 1.
 QList<QRect> RunsOf(const QRgb* row, int width, int y, int minAlpha) {
     QList<QRect> runs;
     for (int x = 0; x < width; ++x) {
@@ -39,7 +39,7 @@ QRegion ShapeOf(const QImage& picture, int minAlpha) {
         const QList<QRect> runs =
             RunsOf(reinterpret_cast<const QRgb*>(image.constScanLine(y)), image.width(), y, minAlpha);
         if (!band.isEmpty() && SameRuns(runs, band)) {
-            // Rows that are alike make one band, as a region wants them.
+            // Equal rows are joined: QRegion takes only rectangles that are as tall as possible.
             for (QRect& rect : band)
                 rect.setBottom(y);
             continue;

@@ -15,7 +15,7 @@ namespace {
 constexpr QRgb kChosen = qRgb(0x80, 0xFF, 0x80);
 constexpr QRgb kNotChosen = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kBorder = qRgb(0x8C, 0x8C, 0x8C);
-// Grey letters tell the boxes apart for those who see no green.
+// The letters differ too, for users who do not see the green.
 constexpr QRgb kChosenText = qRgb(0x00, 0x00, 0x00);
 constexpr QRgb kNotChosenText = qRgb(0x6A, 0x6A, 0x6A);
 constexpr int kWidth = TwipsToPixels(270);
@@ -30,7 +30,7 @@ DriveBox::DriveBox(const QString& text, bool tabStop, QWidget* parent) : QAbstra
 }
 
 QSize DriveBox::sizeHint() const {
-    // The design's width; a large font makes the box grow with its letter.
+    // kWidth, or more where a large font needs it.
     const QFontMetrics metrics = fontMetrics();
     return {std::max(kWidth, metrics.horizontalAdvance(u'W') + 5), metrics.height() + 6};
 }
@@ -52,7 +52,7 @@ void DriveBox::keyPressEvent(QKeyEvent* event) {
         to = boxes.size() - 1;
     else
         return QAbstractButton::keyPressEvent(event);
-    // Qt makes the box that has the focus the only tab stop of its group.
+    // Qt makes the box with the focus the one that Tab stops at.
     boxes[std::clamp<qsizetype>(to, 0, boxes.size() - 1)]->setFocus(Qt::OtherFocusReason);
 }
 

@@ -4,9 +4,9 @@
 
 namespace paneda {
 
-// A small box with one character that is chosen or not: light green or white, whatever the desktop's colours.
-// A click or the space bar flips it. Boxes that share a QButtonGroup are one stop of the Tab key; the arrow
-// keys, Home and End move among them. Of such boxes only the first is made with `tabStop`.
+// A small box with one character, light green when it is chosen and white when it is not, in any colours of
+// the desktop. A click or the space bar switches it. The Tab key stops once at all boxes of a QButtonGroup;
+// the arrow keys, Home and End move inside the group. Only the first box of a group is made with `tabStop`.
 class DriveBox : public QAbstractButton {
     Q_OBJECT
 
@@ -16,6 +16,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+    // The colour that the box is filled with.
     QColor BackColour() const;
 
 protected:

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kPlaceCentred = 1;
 constexpr int kGapToPanel = 150; // twips
-// What a window's title and borders may take of the screen.
+// Pixels that the title and the borders of a window may need.
 constexpr QSize kFrameOfWindow(40, 60);
 constexpr int kReplyTime = 5'000; // milliseconds
 
@@ -82,7 +82,7 @@ void frmSetting::DressAsPaper() {
     ui_->picPaper->setPalette(PaperPalette(palette()));
     ui_->picPaper->setFont(PaperFont(font(), 1.1));
     ui_->lblButtonsPerRow->setFont(font());
-    // A style sheet keeps the paper's font out.
+    // The paper's font does not reach a control with a style sheet.
     ui_->lblAdvance->setFont(PaperFont(font(), 1.1));
     ui_->lblDear->setFont(PaperFont(font(), 1.7));
     ui_->lblSave->setMinimumSize(ui_->lblSave->sizeHint() + QSize(28, 8));
@@ -94,7 +94,7 @@ void frmSetting::DressAsPaper() {
 }
 
 void frmSetting::Form_Load() {
-    // A `config` that cannot be read leaves the state's values in the form; a save shows the error.
+    // If `config` cannot be read, the form shows the values in use; the error appears at a save.
     const ConfigFile config = ConfigFile::Load(ConfigFilePath(state_.AppFolder)).value_or(ConfigFile());
     const SettingForm form = ReadSettingForm(config, ReadIniFile(SettingIniFile(state_.AppFolder)), state_);
     autostartAtLoad_ = form.Autostart;
@@ -104,9 +104,9 @@ void frmSetting::Form_Load() {
     PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
 }
 
-// As large as the paper, as far as the panel's screen allows; the rest scrolls.
+// Makes the dialog as large as the paper, or as large as the panel's screen allows; the paper then scrolls.
 void frmSetting::FitToScreen() {
-    // The layouts still hold the sizes of the font before.
+    // The layouts still have the sizes of the former font.
     ui_->picPaper->layout()->activate();
     ui_->picDesk->layout()->activate();
     const QSize wanted = ui_->picDesk->sizeHint() + QSize(0, ui_->laySave->sizeHint().height());
@@ -157,7 +157,7 @@ SettingForm frmSetting::TypedForm() const {
         form.*field = box->isChecked();
     form.ButtonsPerRow = ui_->txtButtonsPerRow->text();
     form.MouseClick = ui_->optMouseKey0->isChecked();
-    // A key that the table lacks leaves the box without a choice, which counts as no key.
+    // With a stored key that is not in the table nothing is selected; this gives 0, no key.
     form.HotkeyKey = ui_->cboOtherKey->currentData().toInt();
     form.UserName = ui_->txtUser->text();
     form.UserId = ui_->txtID->text();
@@ -184,10 +184,10 @@ void frmSetting::lblSave_Click() {
         return;
     }
     answeredQuestion_ = question;
-    // Where the session could not be changed the box shows what holds.
+    // If autostart could not be changed, the box shows the former state again.
     ui_->chkAutoStart->setChecked(autostartAtLoad_);
     services_.ReloadPanel();
-    // The new panel may lie in front.
+    // The new panel may cover the dialog.
     raise();
     activateWindow();
     if (problem.isEmpty()) {
@@ -208,7 +208,7 @@ FileResult frmSetting::SetAutoStart(bool on) {
 }
 
 QString frmSetting::HotkeyProblemNow(const SettingForm& form) const {
-    // Where there are no means at all the dialog says so already.
+    // On a desktop without hotkeys the dialog has a permanent text instead.
     return services_.Hotkey.Kind() == Hotkey::Means::None ? QString()
                                                           : HotkeyProblem(form, services_.Hotkey.State());
 }

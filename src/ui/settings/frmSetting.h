@@ -27,26 +27,27 @@ namespace paneda {
 
 class DriveBox;
 
-// What the settings dialogs need of the program around them. A service has the name of its type.
+// The services that the settings dialogs use. A service has the name of its type.
 struct SettingServices {
     paneda::Prompts& Prompts;
     paneda::Autostart& Autostart;
     paneda::Hotkey& Hotkey;
-    QString ExecutablePath; // host path, for the start with the session
-    // Builds the panel again from the store. The new panel is there when it returns.
+    QString ExecutablePath; // host path of this program, for the start with the session
+    // Replaces the panel by one that is made from the saved settings. Returns when the new panel is shown.
     std::function<void()> ReloadPanel;
-    // The panel and its screen as they are now.
+    // Rectangle of the panel and its screen, as they are now.
     std::function<PlaceScene()> Scene;
-    // The tray pictures, number 1 first.
+    // The pictures to choose from for the tray icon, number 1 first.
     std::vector<QIcon> TrayIcons;
-    // Programs made for Windows can be started here.
+    // Whether this system can start programs made for Windows.
     bool RunsWindowsPrograms = false;
 };
 
-// The settings, written on a sheet of paper as sentences with controls in them. The dialog outlives a reload
-// of the panel: a save leaves it open and in front, so that the user sees the changed panel and can go on.
+// The settings dialog. It looks like a letter on a sheet of paper, with controls inside its sentences. A save
+// replaces the panel but leaves the dialog open and in front, so that the user sees the changed panel and can
+// change more.
 //
-// Of a control array each control is named by the array and its index: txtDrive1 to txtDrive26 for A to Z,
+// The controls of an array are named by the array and an index: txtDrive1 to txtDrive26 for A to Z,
 // optMouseKey0 and optMouseKey1.
 class frmSetting : public QDialog {
     Q_OBJECT
@@ -55,7 +56,7 @@ public:
     frmSetting(AppState& state, SettingServices services, QWidget* parent = nullptr);
     ~frmSetting() override;
 
-    // Fills the controls from the store and places the dialog. Once, before the first show.
+    // Fills the controls from the store, sizes and places the dialog. Call it once, before the first show.
     void Form_Load();
 
     void lblSave_Click();
@@ -82,7 +83,7 @@ private:
     std::unique_ptr<Ui::frmSetting> ui_;
     std::array<DriveBox*, 27> txtDrive_{};
     DriveBox* txtDrivePaneda_ = nullptr;
-    // Of the hotkey that the dialog was opened with or that was saved last: asked once is enough.
+    // The question about the hotkey that was stored at the opening or saved last. It is not asked twice.
     QString answeredQuestion_;
     bool autostartAtLoad_ = false;
     QTimer replyTimer_;

@@ -27,7 +27,7 @@ frmSettingAdvance::frmSettingAdvance(AppState& state, const SettingServices& ser
     AddIcons();
     connect(ui_->cmdBrowse, &QPushButton::clicked, this, &frmSettingAdvance::cmdBrowse_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmSettingAdvance::cmdSave_Click);
-    // Whoever types a program means it.
+    // Typing the name of a program also selects its option.
     connect(ui_->txtBrowserOther, &QLineEdit::textEdited, ui_->optBrowserOther,
             [this] { ui_->optBrowserOther->setChecked(true); });
 }
@@ -35,7 +35,7 @@ frmSettingAdvance::frmSettingAdvance(AppState& state, const SettingServices& ser
 frmSettingAdvance::~frmSettingAdvance() = default;
 
 void frmSettingAdvance::AddIcons() {
-    // Without a group of their own Qt counts them to the browsers, and the Tab key passes them over.
+    // Without a group of their own they would belong to the group of the browsers, and Tab would skip them.
     auto* group = new QButtonGroup(this);
     QWidget* before = ui_->chkHideOnStartup;
     for (int i = 0; i < kTrayIconCount; ++i) {
@@ -54,8 +54,8 @@ void frmSettingAdvance::AddIcons() {
     }
 }
 
-// The picture of an option, which chooses it too. Its frame shows the choice, since the mark of an option
-// without words is small.
+// The picture beside an option; a click on it selects the option. The selected picture has a frame, since the
+// mark of an option without text is easily overlooked.
 QToolButton* frmSettingAdvance::AddPicture(int index, QRadioButton& option) {
     auto* picture = new QToolButton(ui_->fraTray);
     picture->setObjectName(QStringLiteral("imgIcon") + QString::number(index));

@@ -18,17 +18,18 @@ namespace paneda {
 
 struct SettingServices;
 
-// Browser, hidden start and tray picture. Of the arrays optIcon and imgIcon each control is named by the
-// array and its index: optIcon0 to optIcon11.
+// The dialog for browser, hidden start and tray picture. The controls of the arrays optIcon and imgIcon are
+// named by the array and an index: optIcon0 to optIcon11.
 class frmSettingAdvance : public QDialog {
     Q_OBJECT
 
 public:
-    // `services` has to outlive the dialog. Tray pictures that are missing there leave their places empty.
+    // `services` has to outlive the dialog. An option whose tray picture is missing there is shown without
+    // one.
     frmSettingAdvance(AppState& state, const SettingServices& services, QWidget* parent = nullptr);
     ~frmSettingAdvance() override;
 
-    // Fills the controls. Once, before the first show.
+    // Fills the controls from the store. Call it once, before the first show.
     void Form_Load();
 
     void cmdBrowse_Click();

@@ -4,9 +4,9 @@ namespace paneda {
 
 namespace {
 
-constexpr int kDarkBelow = 128;        // lightness of the ground of a text
-constexpr int kDarkPaper = 125;        // percent of the window's lightness
-constexpr float kNoteStrength = 0.65F; // of the words beside the sentences
+constexpr int kDarkBelow = 128;        // lightness, 0 to 255; a background below this is dark
+constexpr int kDarkPaper = 125;        // percent of the lightness of the window's colour
+constexpr float kNoteStrength = 0.65F; // opacity, 0 to 1, of hints and notes
 constexpr QRgb kWarmPaper = qRgb(0xFF, 0xFD, 0xF6);
 
 } // namespace

@@ -13,7 +13,7 @@ inline constexpr QPalette::ColorRole kPaperRole = QPalette::AlternateBase;
 // little lighter than the windows on a dark one.
 QPalette PaperPalette(const QPalette& desktop);
 
-// A font for the words on the paper, `scale` times the size of the given one.
+// The desktop's font, with its size multiplied by `scale`.
 QFont PaperFont(const QFont& desktop, double scale);
 
 } // namespace paneda

@@ -10,10 +10,10 @@ namespace paneda {
 
 namespace {
 
-// Buttons in a row; such a panel is 720 pixels wide and fits on most screens.
+// Buttons in a row. A panel of 20 is 720 pixels wide, which fits on most screens.
 constexpr double kWidest = 20;
 
-// "Ctrl + Alt + A"; without a key "Ctrl + Alt".
+// For example "Ctrl + Alt + A"; "Ctrl + Alt" if no key is chosen.
 QString CombinationText(const SettingForm& form) {
     QStringList keys;
     const auto add = [&keys](bool on, const QString& name) {
