@@ -26,6 +26,7 @@ class Agreeing : public Prompts {
 public:
     void Notice(const QString& text, const QString&) override { LastNotice = text; }
     bool Confirm(const QString&, const QString&) override { return true; }
+    QString ChooseFile(const QString&, const QString&) override { return {}; }
     QString LastNotice;
 };
 
