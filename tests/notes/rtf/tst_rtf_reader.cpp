@@ -297,6 +297,7 @@ void TestRtfReader::unknownWords_data() {
     row("a{\\*\\b b}c", QStringLiteral("abc"), QString());
     row("a{\\*\\strange zz}b", QStringLiteral("a\uFFFCb"),
         QStringLiteral("text in a part of an unknown kind"));
+    row("a{\\*\\abimathmldata xyz}b", QStringLiteral("a\uFFFCb"), QStringLiteral("(\\abimathmldata)"));
     row("a\\bin4 }{\\\\b", QStringLiteral("ab"), QStringLiteral("binary data"));
     row("a\\u-560?\\u8233?b\\u-4?c", QStringLiteral("a\u2028b\uFFFDc"), QStringLiteral("control characters"));
     row("a\\protect\\rtlch\\ab b", QStringLiteral("ab"), QString());

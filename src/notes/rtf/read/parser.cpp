@@ -4,6 +4,7 @@
 #include "notes/rtf/read/raw.h"
 
 #include <algorithm>
+#include <array>
 
 namespace paneda {
 
@@ -23,6 +24,14 @@ bool NeedsGroupStart(RtfWord meaning, const RtfToken& token) {
     return (meaning > RtfWord::Ignorable && meaning < RtfWord::Transparent) || meaning == RtfWord::Upr ||
            meaning == RtfWord::FieldInstruction ||
            (meaning == RtfWord::Kept && LabelOfRtfObject(token.Text).isEmpty());
+}
+
+// Private marks of one word processor that say again what standard words say. Its other ones hold formulas
+// and embedded things.
+bool RepeatsOthers(QByteArrayView word) {
+    static constexpr std::array<QByteArrayView, 5> kMarks{"abilist", "abitableprops", "abicellprops",
+                                                          "abiendcell", "abiendtable"};
+    return std::find(kMarks.begin(), kMarks.end(), word) != kMarks.end();
 }
 
 } // namespace
@@ -173,8 +182,7 @@ bool RtfParser::TakeGroupWord(RtfWord meaning, const RtfToken& token) {
     const bool isWord = (first >= 'a' && first <= 'z') || (first >= 'A' && first <= 'Z');
     if (!Current().AtStart || !Current().HasStar || meaning != RtfWord::Unknown || !isWord)
         return false;
-    // One word processor's private marks say again what standard words say.
-    if (token.Text.startsWith("abi"))
+    if (RepeatsOthers(token.Text))
         TakeInside();
     else
         TakeUnknownGroup(token);
