@@ -75,6 +75,7 @@ void tst_start_plan::initTestCase() {
     Put(u"app/path.desktop"_s, "[Desktop Entry]\nExec=run\nPath=/usr\n", false);
     Put(u"app/term.desktop"_s, "[Desktop Entry]\nExec=run \"a b\"\nTerminal=true\n", false);
     Put(u"app/none.desktop"_s, "[Desktop Entry]\n", false);
+    Put(u"app/link.desktop"_s, "[Desktop Entry]\nType=Link\n", false);
     Put(u"app/none.url"_s, "[InternetShortcut]\n", false);
     QCOMPARE(::mkfifo(QFile::encodeName(folder_.filePath(u"app/pipe"_s)).constData(), 0700), 0);
     for (const char* name : {"xdg-open", "xterm", "firefox"})
@@ -124,6 +125,8 @@ void tst_start_plan::targets_data() {
         "This lies on the network. Make a button for the place where this computer has it.");
     row("shortcut without address", "@/app/none.url", "", "",
         "@/app/none.url: This shortcut holds no address.");
+    row("entry without address", "@/app/link.desktop", "", "",
+        "@/app/link.desktop: This shortcut holds no address.");
     // Start folders.
     row("start folder", "@/app/tool", "", "@/home", "@/app/tool() in @/home own");
     // Addresses keep their text.

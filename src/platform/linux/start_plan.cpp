@@ -41,6 +41,13 @@ StartPlan OpenByDesktop(const QString& target, const QString& folder) {
     return {opener, {target}, folder};
 }
 
+// `file` holds the address.
+StartPlan OpenAddress(const QString& address, const QString& file, const QString& folder) {
+    if (address.isEmpty())
+        return Unable(file, QStringLiteral("This shortcut holds no address."));
+    return OpenByDesktop(address, folder);
+}
+
 QString InTerminal(QStringList& arguments) {
     const QString terminal =
         FirstInSearchPath({QStringLiteral("x-terminal-emulator"), QStringLiteral("xterm"),
@@ -103,7 +110,7 @@ QStringList SplitParameter(const QString& line) {
 StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const QString& folder) {
     const DesktopEntry entry = ReadDesktopEntry(file);
     if (entry.Type == u"Link")
-        return OpenByDesktop(entry.Url, folder);
+        return OpenAddress(entry.Url, file, folder);
     // Without a start folder a program starts in the home folder, not in the folder of application entries.
     const QString own = QFileInfo(file).absolutePath();
     const QString start = QDir(folder) == QDir(own) ? QDir::homePath() : folder;
@@ -136,10 +143,8 @@ StartPlan PlanMissing(const QString& target, const LaunchPaths& paths) {
 }
 
 StartPlan PlanInternetShortcut(const QString& file, const QString& folder) {
-    const QString address = ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), file);
-    if (address.isEmpty())
-        return Unable(file, QStringLiteral("This shortcut holds no address."));
-    return OpenByDesktop(address, folder);
+    return OpenAddress(ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), file), file,
+                       folder);
 }
 
 StartPlan PlanFollowed(const LaunchRequest& request, const LaunchPaths& paths) {
@@ -193,6 +198,9 @@ StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
     const QString other = QStandardPaths::findExecutable(WithoutExtension(request.Target));
     if (!other.isEmpty())
         return {other, address, {}, true};
+    if (request.Parameter.isEmpty())
+        return Unable(request.Target, QStringLiteral("This browser is not there. Choose another one in the "
+                                                     "settings."));
     return OpenByDesktop(request.Parameter, {});
 }
 
