@@ -151,10 +151,14 @@ void frmMain::AfterFirstPaint() {
     // The pictures of a cached start show the free space of an earlier session, and without a reading the
     // drives have no tool tips.
     RefreshDrives();
-    if (HasDriveButtons(state_.Catalogue))
-        services_.Volumes.Watch([this] { drivesChange_.start(); });
+    WatchDrives();
     prepare_.start();
     TellProblems();
+}
+
+void frmMain::WatchDrives() {
+    if (HasDriveButtons(state_.Catalogue))
+        services_.Volumes.Watch([this] { drivesChange_.start(); });
 }
 
 void frmMain::CheckStore() {
@@ -177,14 +181,19 @@ void frmMain::FollowStore(CatalogueList catalogue) {
     const auto same =
         std::find_if(state_.Catalogue.begin(), state_.Catalogue.end(),
                      [&opened](const CategoryEntry& entry) { return entry.FolderName == opened; });
-    const int index = same == state_.Catalogue.end() ? opened_.Index : int(same - state_.Catalogue.begin());
+    const int index =
+        same == state_.Catalogue.end() ? std::max(opened_.Index, 0) : int(same - state_.Catalogue.begin());
     load_.CacheValid = false;
+    const QString shown = skinProblem_;
     MakeLook(nullptr);
     const TwipsRect now = motion_.Rect();
     LayOut({now.Left, now.Top});
     picCategory_Click(index);
+    WatchDrives();
     prepare_.start();
-    TellSkinProblem();
+    // A problem of the start has been shown already.
+    if (skinProblem_ != shown)
+        TellSkinProblem();
 }
 
 void frmMain::PrepareNextPicture() {

@@ -114,6 +114,7 @@ private:
     bool HasRoomForMenu() const;
     void ShowPicture(const QImage& picture);
     void AfterFirstPaint();
+    void WatchDrives();
     void CheckStore();
     void FollowStore(CatalogueList catalogue);
     void PrepareNextPicture();
