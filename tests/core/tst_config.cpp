@@ -78,9 +78,7 @@ void tst_config::damage_data() {
         return [=](QByteArray& file) { file.replace((record - 1) * 4000, 4000, bytes); };
     };
     add("none", {}, [](QByteArray&) {});
-    add("old version", {16, 17, 18}, [](QByteArray& file) { file.truncate(15 * 4000); });
     add("cut in a record", {15, 16, 17, 18}, [](QByteArray& file) { file.truncate(14 * 4000 + 3999); });
-    add("never written", {7}, put(7, QByteArray(4000, '\0')));
     add("checksum", {6}, set(6, 4, '#'));
     add("shorter", {15}, set(15, 0, 5));
     add("a text for a real", {4}, put(4, *EncodeConfigRecord({u"7.5"_s})));

@@ -27,7 +27,6 @@ void tst_path_conversion::threeForms_data() {
     };
     add(R"(E:\Tools\Apps\x)", R"(..\Apps\x)", R"(E:\Tools\Apps\x)", R"(\Tools\Apps\x)");
     add(R"(..\Apps\x)", R"(..\Apps\x)", R"(E:\Tools\Apps\x)", R"(\Tools\Apps\x)");
-    add(R"(E:\Tools\Launcher\bin\x)", R"(bin\x)", R"(E:\Tools\Launcher\bin\x)", R"(\Tools\Launcher\bin\x)");
     add(R"(bin\x)", R"(bin\x)", R"(E:\Tools\Launcher\bin\x)", R"(\Tools\Launcher\bin\x)");
     add(R"(E:\Other\x)", R"(..\..\Other\x)", R"(E:\Other\x)", R"(\Other\x)");
     add(R"(\Games\x)", R"(..\..\Games\x)", R"(E:\Games\x)", R"(\Games\x)");
@@ -36,7 +35,6 @@ void tst_path_conversion::threeForms_data() {
     add(R"(E:\Tools\Launcher)", R"(..\Launcher)", R"(E:\Tools\Launcher)", R"(\Tools\Launcher)");
     add("E:", "E:", "E:", "");
     add("", "", "", "");
-    add("  ", "", "", "");
     add(R"(E:\Games\x)", R"(\Games\x)", R"(E:\Games\x)", R"(\Games\x)", R"(E:\)");
     add(R"(\Games\y)", R"(\Games\y)", R"(E:\Games\y)", R"(\Games\y)", R"(E:\)");
     // "..\" counts in the middle as it does at the begin, and a network path is one without drive.
@@ -62,14 +60,11 @@ void tst_path_conversion::oneWay_data() {
     const auto add = [](const char* path, const char* resolved, const char* relative) {
         QTest::newRow(path) << QString::fromUtf8(resolved) << QString::fromUtf8(relative);
     };
-    add(R"(bin\x)", R"(bin\x)", R"(bin\x)");
     add(R"(..\x)", R"(E:\Tools\x)", R"(..\x)");
-    add(R"(..\..\x)", R"(E:\x)", R"(..\..\x)");
     add(R"(..\..\..\x)", "x", R"(..\..\..\x)");
     add(R"(..\a\..\x)", R"(E:\x)", R"(..\a\..\x)"); // counted, and not followed
     add("..", "..", "..");
     add(R"(...\x)", R"(E:\Tools\x)", R"(...\x)");
-    add(R"(e:\Tools\x)", R"(e:\Tools\x)", R"(e:\Tools\x)");
     add(R"(E:\tools\x)", R"(E:\tools\x)", R"(..\..\tools\x)");
     add(R"(E:\Tools\Launcher2\x)", R"(E:\Tools\Launcher2\x)", R"(..\Launcher2\x)");
     add(R"(E:\)", R"(E:\)", R"(..\..\)");

@@ -27,7 +27,6 @@ void tst_style_code::decode_data() {
     add("0021300110", "1 small! 1 3 00 right 1 00");
     add("1111111351", "0 big! 1 1 11 overlap 5 10");
     // Characters out of range, and a code that is too long.
-    add("11005550000", "0 none 1 4 00 unset 1 00");
     add("zzzzzzzzzzz", "0 big 1 4 00 unset 1 00");
     add("11994112911junk", "0 big 9 4 11 left 9 11");
     add("１０１１１１１１１１１", "0 big 1 4 00 unset 1 00"); // digits, but wide ones

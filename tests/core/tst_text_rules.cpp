@@ -1,6 +1,5 @@
 #include "core/store/entries.h"
 #include "core/text/text_rules.h"
-#include "core/text/timing.h"
 #include "core/text/twips.h"
 
 #include <QTest>
@@ -17,10 +16,8 @@ private Q_SLOTS:
     void leadingNumber_data();
     void leadingNumber();
     void rounding();
-    void occurrences();
     void textOrderIsThatOfUtf8();
     void sortEntries();
-    void stopwatchAcrossAWrap();
 };
 
 void tst_text_rules::leadingNumber_data() {
@@ -50,19 +47,6 @@ void tst_text_rules::rounding() {
     QCOMPARE(TrimBlanks(u"  \ta b\u00A0 "), u"\ta b\u00A0"_s);
 }
 
-void tst_text_rules::occurrences() {
-    const QString path = u"E:\\a\\b"_s;
-    QCOMPARE(CountOccurrences(path, u"\\"), 2);
-    QCOMPARE(FindFromEnd(path, u"\\", 1), 5);
-    QCOMPARE(FindFromEnd(path, u"\\", 2), 3);
-    QCOMPARE(FindFromEnd(path, u"\\", 3), 0);
-    QCOMPARE(FindFromEnd(path, u"\\", 0), 0);
-    // Without overlap, also from the end.
-    QCOMPARE(CountOccurrences(u"aaaa", u"aa"), 2);
-    QCOMPARE(FindFromEnd(u"aaaa", u"aa", 2), 1);
-    QCOMPARE(CountOccurrences(u"abc", u""), 0);
-}
-
 void tst_text_rules::textOrderIsThatOfUtf8() {
     const QStringList sorted = u"0 A AB Z [001] a é \uD7FF \uE000 \uFFFD 😀 😁"_s.split(u' ');
     for (qsizetype i = 0; i < sorted.size(); ++i) {
@@ -90,15 +74,6 @@ void tst_text_rules::sortEntries() {
     };
     QCOMPARE(order({&Entry::First}, SortOrder::Ascending), u"153024"_s);
     QCOMPARE(order({&Entry::Second, &Entry::First}, SortOrder::Descending), u"510432"_s);
-}
-
-void tst_text_rules::stopwatchAcrossAWrap() {
-    quint32 now = 0xFFFFFF00;
-    Timing timing([&now] { return now; });
-    now += 1500;
-    QCOMPARE(timing.Elapsed(), 1500U);
-    timing.Reset();
-    QCOMPARE(timing.Elapsed(), 0U);
 }
 
 QTEST_GUILESS_MAIN(tst_text_rules)

@@ -15,10 +15,8 @@ class tst_triggers : public QObject {
 
 private Q_SLOTS:
     void middleButton();
-    void modifierWord();
     void toggle_data();
     void toggle();
-    void hiding();
 };
 
 // The looks at which the trigger calls the panel, of as many as cover these presses and releases (ms).
@@ -55,16 +53,6 @@ void tst_triggers::middleButton() {
     QCOMPARE(Calls({{10, 500}, {650, 1100}}, 0), QList({2, 5}));
 }
 
-void tst_triggers::modifierWord() {
-    AppState state;
-    QCOMPARE(HotkeyModifiers(state), 0);
-    state.HotkeyCtrl = state.HotkeyWin = true;
-    QCOMPARE(HotkeyModifiers(state), 10);
-    state.HotkeyAlt = state.HotkeyShift = true;
-    state.HotkeyCtrl = state.HotkeyWin = false;
-    QCOMPARE(HotkeyModifiers(state), 5);
-}
-
 void tst_triggers::toggle_data() {
     QTest::addColumn<ToggleInput>("input");
     QTest::addColumn<TogglePlan>("expected");
@@ -92,7 +80,6 @@ void tst_triggers::toggle_data() {
     // The note keeps to 0 and not to the work area's left.
     noteRow("note at the edge", note, {0, 0}, {7500, 0}, WindowPlace{0, 0});
     noteRow("note at the bottom", note, {9000, 10500}, {2250, 4500}, WindowPlace{5250, 6000});
-    noteRow("closed note", {false, false, {7500, 4500}}, {7500, 5000}, {6000, 2000}, {});
     noteRow("maximized note", {true, true, {15000, 10500}}, {7500, 5000}, {6000, 2000}, {});
 
     const ToggleInput active{Trigger::Hotkey, true, kArea, {7500, 5000}, {5000, 900, 3000, 6000}, note};
@@ -112,12 +99,6 @@ void tst_triggers::toggle() {
     std::swap(state.HotkeyShowCenter, state.MouseShowCenter);
     input.From = input.From == Trigger::Hotkey ? Trigger::Mouse : Trigger::Hotkey;
     QCOMPARE(ToggleByTrigger(input, state), plan);
-}
-
-void tst_triggers::hiding() {
-    QCOMPARE(HowToHide({false, false, false}), HideMeans::Minimize);
-    QCOMPARE(HowToHide({true, true, false}), HideMeans::Hide);
-    QCOMPARE(HowToHide({false, false, true}), HideMeans::Hide);
 }
 
 QTEST_GUILESS_MAIN(tst_triggers)

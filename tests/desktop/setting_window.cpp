@@ -13,11 +13,9 @@ using namespace Qt::StringLiterals;
 
 bool SettingWindow::Open() {
     MainMenu menu({}, 1);
-    const bool hasSpot = WindowRect(program_.Panel()).contains(program_.Menu());
-    const QPoint corner = hasSpot ? program_.Menu() : program_.Grip();
     const QSize size = menu.sizeHint();
     const auto pressMenu = [&] {
-        ClickAt(corner, hasSpot ? 1 : 3);
+        ClickAt(program_.Menu(), 1);
         return QTest::qWaitFor(
             [&] { return !RectOf(u"\"paneda\": (\"paneda\" \"paneda\")"_s, size).isEmpty(); }, kPatience);
     };

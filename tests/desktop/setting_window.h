@@ -15,8 +15,7 @@ class SettingWindow {
 public:
     explicit SettingWindow(InstalledProgram& program) : program_(program) {}
 
-    // Opens the dialog by the panel's menu, or by its frame where the panel is too narrow for the menu's
-    // spot. The functions that return false have waited for 10 s.
+    // Opens the dialog by the panel's menu. The functions that return false have waited for 10 s.
     bool Open();
     const QString& Window() const { return window_; }
 

@@ -134,9 +134,6 @@ void tst_desktop_launch::chosenBrowser() {
     ClickAt(program_->Button(u"[011] Page.url"_s), 1);
     const QString browser = u"@/Tools/browser in %1: https://b.example/"_s.arg(QDir::currentPath());
     QCOMPARE(program_->NextStart(), browser);
-    // Of all buttons, shortcuts alone go to the browser.
-    ClickAt(program_->Button(u"[010] Address.pnd"_s), 1);
-    QVERIFY(program_->NextStart().startsWith(u"@/Tools/handler "_s));
     QVERIFY(program_->Close());
 }
 
