@@ -42,7 +42,7 @@ private:
     FileResult KeepOthers(const NoteOnDisk& found);
     FileResult KeepFound(const NoteOnDisk& found);
     QString KeptWords() const;
-    FileResult Keep(NoteForm form, const QString& words, const QString& told);
+    FileResult Keep(NoteForm form, const QString& words, const QString& notice);
     bool HidesText() const;
     bool IsCompressed() const;
     tl::expected<QByteArray, FileError> Zipped() const;
@@ -107,14 +107,14 @@ QString Saving::KeptWords() const {
     return QStringLiteral("kept ") + FileTime(session_.Now);
 }
 
-FileResult Saving::Keep(NoteForm form, const QString& words, const QString& told) {
+FileResult Saving::Keep(NoteForm form, const QString& words, const QString& notice) {
     const QString path = KeptNotePath(folder_, words, form);
     if (const auto copied = disk_.Copy(NoteContentFile(folder_, form), path); !copied)
         return copied;
     saved_.KeptFiles.append(path);
     if (!saved_.Notice.isEmpty())
         saved_.Notice += u'\r';
-    saved_.Notice += told + u'\r' + QDir::toNativeSeparators(path);
+    saved_.Notice += notice + u'\r' + QDir::toNativeSeparators(path);
     return {};
 }
 

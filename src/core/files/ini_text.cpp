@@ -50,7 +50,7 @@ std::pair<QByteArrayView, qsizetype> KeyOf(QByteArrayView line) {
     return {key, equals};
 }
 
-// A value as it is read from what stands behind the "=".
+// A value as it is read from what follows the "=".
 QByteArrayView ValueIn(QByteArrayView text) {
     const QByteArrayView value = text.trimmed();
     const bool quoted =

@@ -52,9 +52,9 @@ QString WhyMissing(const QString& file, const ShellLink& link, const LaunchPaths
 // one.
 QString StartFolder(const ShortcutTarget& target, const LaunchRequest& request, const QString& file,
                     const LaunchPaths& paths) {
-    const QString told = FindAbsolute(target.Link.WorkingFolder, paths);
-    if (QFileInfo(told).isDir())
-        return told;
+    const QString startIn = FindAbsolute(target.Link.WorkingFolder, paths);
+    if (QFileInfo(startIn).isDir())
+        return startIn;
     const QString asked = ExistingFolder(request.StartIn, paths, {});
     return asked.isEmpty() || QDir(asked) == QFileInfo(file).absoluteDir() ? QString() : asked;
 }

@@ -55,7 +55,7 @@ frmMain::frmMain(AppState& state, const PanelServices& services)
     , calls_(state, services.Hotkey, services.Pointer, services.TrayHosts,
              {.Toggle = [this](Trigger trigger) { ToggleByTrigger(trigger); },
               .Show = [this] { ShowPaneda(); },
-              .WaysChanged = [this] { HideAnew(); }})
+              .WaysChanged = [this] { HideAgain(); }})
     , fun_(services.SoundPlayer) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("AhPanel"));
@@ -262,7 +262,7 @@ void frmMain::HidePanelAlone() {
 
 // Hides the panel in the way that the tray now allows. If the tray has gone, a hidden panel could perhaps not
 // be called back, so it is minimized; if one has appeared, a minimized panel is hidden.
-void frmMain::HideAnew() {
+void frmMain::HideAgain() {
     if (!unloaded_ && (isHidden() || isMinimized()))
         HidePanelAlone();
 }

@@ -110,7 +110,7 @@ private:
     void LayOut(WindowPlace wanted);
     void BringToFront();
     void HidePanelAlone();
-    void HideAnew();
+    void HideAgain();
     bool HasRoomForMenu() const;
     void ShowPicture(const QImage& picture);
     void AfterFirstPaint();

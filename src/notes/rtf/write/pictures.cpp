@@ -61,7 +61,7 @@ bool IsVertical(QByteArrayView word) {
     return word == "pichgoal" || word == "piccropt" || word == "piccropb";
 }
 
-// The words of a picture that has been given another size: what is told in twips grows with it, and the
+// The words of a picture that has been given another size: what is in twips grows with it, and the
 // scales are gone. Without a goal one is made from `size`, in twips.
 QByteArray ResizedWords(const QByteArray& words, QSizeF scale, QSize size) {
     RtfOutput out;

@@ -30,8 +30,8 @@ int LengthOf(const QTextLength& length, int whole) {
 // Columns that tell no width share what is left.
 QList<int> ColumnWidths(const QTextTable& table) {
     const QTextTableFormat format = table.format();
-    const int told = LengthOf(format.width(), kTextWidth);
-    const int whole = told > 0 ? told : kTextWidth;
+    const int given = LengthOf(format.width(), kTextWidth);
+    const int whole = given > 0 ? given : kTextWidth;
     const QList<QTextLength> lengths = format.columnWidthConstraints();
     QList<int> widths(table.columns(), 0);
     int sum = 0;

@@ -231,7 +231,8 @@ void WriteLineHeight(RtfOutput& out, const QTextBlockFormat& format) {
 
 void WriteAlignment(RtfOutput& out, const QTextBlockFormat& format) {
     const Qt::Alignment alignment = format.alignment();
-    // Left and right are sides in RTF; in Qt they are where lines begin and end unless told otherwise.
+    // Left and right are sides in RTF; in Qt they are where lines begin and end unless the format says
+    // otherwise.
     const bool isMirrored =
         format.layoutDirection() == Qt::RightToLeft && !alignment.testFlag(Qt::AlignAbsolute);
     if (alignment.testFlag(Qt::AlignHCenter))
