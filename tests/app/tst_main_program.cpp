@@ -3,10 +3,12 @@
 #include "core/settings/config_settings.h"
 #include "core/store/store_layout.h"
 #include "support/store_builder.h"
+#include "ui/common/qt_prompts.h"
 #include "ui/fake_desktop.h"
 #include "ui/fake_services.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
@@ -65,6 +67,7 @@ private Q_SLOTS:
     void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
     void reload();
     void secondInstance();
+    void noticeBeginsAtItsEdge();
 };
 
 void tst_main_program::reload() {
@@ -137,6 +140,14 @@ void tst_main_program::secondInstance() {
     QCOMPARE(text, u"Paneda Launcher has been launched"_s);
     QCOMPARE(store.Entries(), QStringList());
     QVERIFY(!ShownPanel());
+}
+
+// With a text of several lines, which Qt breaks by itself.
+void tst_main_program::noticeBeginsAtItsEdge() {
+    const auto box = MakeNotice({}, u"Many words "_s.repeated(20), nullptr);
+    box->show();
+    const auto* label = box->findChild<QLabel*>(u"qt_msgbox_label"_s);
+    QVERIFY2(label->x() < 30 && label->width() > box->width() - 60, qPrintable(QString::number(label->x())));
 }
 
 QTEST_MAIN(tst_main_program)

@@ -22,12 +22,14 @@ std::unique_ptr<QMessageBox> MakeNotice(const QString& title, const QString& tex
     auto box = std::make_unique<QMessageBox>(QMessageBox::NoIcon, title, WithLineFeeds(text), QMessageBox::Ok,
                                              parent);
     box->setTextFormat(Qt::PlainText);
-    // Qt leaves a gap for the icon even if there is none.
+    // Qt leaves a gap for the icon even if there is none, and shares the width of a box with a long text
+    // between the empty column and that of the text.
     auto* grid = qobject_cast<QGridLayout*>(box->layout());
     QLayoutItem* first = grid ? grid->itemAtPosition(0, 0) : nullptr;
     if (first && first->spacerItem()) {
         first->spacerItem()->changeSize(0, 0);
         grid->setHorizontalSpacing(0);
+        grid->setColumnStretch(1, 1);
     }
     return box;
 }
