@@ -166,6 +166,10 @@ void TestSettingsDialogs::drives() {
     const QColor green(0x80, 0xFF, 0x80);
     auto* box = scene.Get<DriveBox>("txtDrive2");
     const auto focused = [&] { return scene.Dialog->focusWidget()->objectName(); };
+    QVERIFY(QTest::qWaitForWindowActive(scene.Dialog.get()));
+    QTest::keyClick(scene.Dialog.get(), Qt::Key_D, Qt::AltModifier);
+    QTRY_COMPARE(focused(), u"txtDrive1"_s);
+    QVERIFY(!scene.Get<DriveBox>("txtDrive1")->isChecked());
     scene.Get<QWidget>("chkHideAfterLaunch")->setFocus();
     const auto press = [&](Qt::Key key) { QTest::keyClick(scene.Dialog->focusWidget(), key); };
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Left, Qt::Key_Right, Qt::Key_Space})
@@ -268,6 +272,11 @@ void TestSettingsDialogs::smallScreen() {
     QVERIFY(scene.Dialog->rect().contains(save->geometry()));
     QCOMPARE(save->visibleRegion().boundingRect().size(), save->size());
     QCOMPARE(Mnemonics(*scene.Dialog), u"ACDEHIKLMNOPRSTUVWY"_s);
+    // A field below the edge comes into view when its letter is pressed.
+    QVERIFY(scene.Get<QLineEdit>("txtUser")->visibleRegion().isEmpty());
+    QVERIFY(QTest::qWaitForWindowActive(scene.Dialog.get()));
+    QTest::keyClick(scene.Dialog.get(), Qt::Key_Y, Qt::AltModifier);
+    QTRY_VERIFY(!scene.Get<QLineEdit>("txtUser")->visibleRegion().isEmpty());
 }
 
 void TestSettingsDialogs::browsers_data() {

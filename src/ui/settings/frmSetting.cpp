@@ -10,6 +10,7 @@
 #include "ui/settings/setting_words.h"
 #include "ui_frmSetting.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QEvent>
 #include <QStyle>
@@ -43,6 +44,7 @@ frmSetting::frmSetting(AppState& state, SettingServices services, QWidget* paren
     replyTimer_.setInterval(kReplyTime);
     connect(&replyTimer_, &QTimer::timeout, ui_->lblReply, &QLabel::clear);
     connect(ui_->txtButtonsPerRow, &QLineEdit::textChanged, this, &frmSetting::ShowHint);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { ScrollTo(now); });
     DressAsPaper();
 }
 
@@ -74,7 +76,12 @@ void frmSetting::AddDriveBoxes() {
             QStringLiteral("Select '9' to show the information of the drive which Paneda located, useful "
                            "for portable drive"));
     ui_->layDrives->addStretch();
-    ui_->lblText8->setBuddy(txtDrive_[1]);
+    // The label's letter would click a button that is its buddy, and so switch drive A.
+    auto* way = new QWidget(ui_->picPaper);
+    way->hide();
+    way->setFocusPolicy(Qt::ClickFocus);
+    way->setFocusProxy(txtDrive_[1]);
+    ui_->lblText8->setBuddy(way);
 }
 
 void frmSetting::DressAsPaper() {
@@ -116,6 +123,13 @@ void frmSetting::FitToScreen() {
                        kFrameOfWindow;
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     resize((wanted + QSize(wanted.height() > room.height() ? scrollBar : 0, 0)).boundedTo(room));
+}
+
+// Qt scrolls to a control that the Tab key reaches, but not to one that is reached by its letter. A control
+// that is partly seen stays in its place, since the mouse may be about to click it.
+void frmSetting::ScrollTo(QWidget* control) {
+    if (control && ui_->picPaper->isAncestorOf(control) && control->visibleRegion().isEmpty())
+        ui_->scrPaper->ensureWidgetVisible(control);
 }
 
 std::vector<frmSetting::FlagBinding> frmSetting::Flags() const {

@@ -71,6 +71,7 @@ private:
     void AddDriveBoxes();
     void DressAsPaper();
     void FitToScreen();
+    void ScrollTo(QWidget* control);
     void ShowHint();
     std::vector<FlagBinding> Flags() const;
     void ShowForm(const SettingForm& form);
