@@ -89,7 +89,9 @@ FileResult WriteRecords(const std::vector<RecordWrite>& records, const QString& 
         return tl::make_unexpected(config.error());
     for (const RecordWrite& write : records) {
         if (!config->Write(write.Record, write.Values))
-            return tl::make_unexpected(FileError{path, QStringLiteral("a text is too long")});
+            return Failure(path, QStringLiteral("Record %1 does not fit; at most %2 bytes can be kept.")
+                                     .arg(write.Record)
+                                     .arg(kConfigRecordSize));
     }
     return config->Save(path);
 }
