@@ -260,7 +260,7 @@ void TestRtfReader::losses_data() {
     QTest::newRow("deep") << Note(QByteArray(3000, '{') + "a" + QByteArray(3000, '}'))
                           << QStringLiteral("groups nested very deeply");
     QTest::newRow("behind") << Note("a") + "{\\rtf1 b}"
-                            << QStringLiteral("what stands behind the note's end");
+                            << QStringLiteral("text after the note's end");
     QTest::newRow("second font table")
         << Note("a{\\fonttbl{\\f0 X;}}") << QStringLiteral("a second table of fonts or colours");
     QTest::newRow("hidden mark") << Note("{\\v a\\par}b") << QStringLiteral("hidden ends of paragraphs");

@@ -65,7 +65,7 @@ void RtfParser::LookBehind() {
     const QByteArrayView rest = tokens_.Bytes().sliced(tokens_.Position());
     const bool isBlank = std::all_of(rest.begin(), rest.end(), [](char c) { return c >= 0 && c <= ' '; });
     if (!isBlank)
-        content_.Lose(QStringLiteral("what stands behind the note's end"));
+        content_.Lose(QStringLiteral("text after the note's end"));
 }
 
 void RtfParser::Take(const RtfToken& token) {
