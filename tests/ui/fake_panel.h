@@ -5,7 +5,16 @@
 #include "ui/fake_services.h"
 #include "ui/panel/frmMain.h"
 
+#include <QTextDocumentFragment>
+#include <QToolTip>
+
 namespace paneda::test {
+
+// The text of the tool tip as it is shown; empty when none is shown.
+inline QString ShownTip() {
+    const QString text = QToolTip::isVisible() ? QToolTip::text() : QString();
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+}
 
 // Everything a panel asks for. Nothing could call it back unless a test says so, so that hiding minimizes it.
 class FakePanelDesktop {

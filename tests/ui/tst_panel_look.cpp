@@ -85,7 +85,7 @@ Argb PixelOf(frmMain& panel, const QPoint& place) {
 QString TipAt(frmMain& panel, const QPoint& point) {
     QHelpEvent event(QEvent::ToolTip, point, panel.mapToGlobal(point));
     QApplication::sendEvent(&panel, &event);
-    return QToolTip::text();
+    return ShownTip();
 }
 
 } // namespace

@@ -26,6 +26,7 @@ namespace {
 constexpr int kSolidAlpha = 128;
 // Milliseconds. Mounting one volume reports several changes in a row; the drives are read after the last one.
 constexpr int kDrivesSettle = 300;
+constexpr int kLongTipLine = 60; // characters
 
 std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
     switch (button) {
@@ -43,6 +44,19 @@ std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
 int ShiftMaskOf(Qt::KeyboardModifiers modifiers) {
     return (modifiers & Qt::ShiftModifier ? kShiftKey : 0) |
            (modifiers & Qt::ControlModifier ? kCtrlKey : 0) | (modifiers & Qt::AltModifier ? kAltKey : 0);
+}
+
+// A tool tip as rich text, since Qt breaks long lines in rich text alone and cannot say of an escaped text
+// whether it is rich. Short lines are kept whole; Qt would break them too. Empty for an empty tip.
+QString RichTip(const QString& tip) {
+    QStringList lines;
+    for (const QString& line : tip.split(u'\n', Qt::SkipEmptyParts)) {
+        const QString text = line.toHtmlEscaped();
+        lines.append(line.size() > kLongTipLine ? text : QStringLiteral("<nobr>%1</nobr>").arg(text));
+    }
+    return lines.isEmpty()
+               ? QString()
+               : QStringLiteral("<p>") + lines.join(QStringLiteral("<br>")) + QStringLiteral("</p>");
 }
 
 } // namespace
@@ -428,9 +442,8 @@ void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) const {
             tip = ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
                                 look_->CutsLabel(button, area.Rect.size()));
     }
-    // Escaped, since a description may contain markup. An empty text hides the tip that is shown.
-    QToolTip::showText(global, tip.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")),
-                       const_cast<frmMain*>(this), area.Rect);
+    // An empty text hides the tip that is shown.
+    QToolTip::showText(global, RichTip(tip), const_cast<frmMain*>(this), area.Rect);
 }
 
 const ButtonEntry& frmMain::ButtonAt(const HitArea& area) const {
