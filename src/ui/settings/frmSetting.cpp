@@ -48,7 +48,10 @@ frmSetting::frmSetting(AppState& state, SettingServices services, QWidget* paren
     DressAsPaper();
 }
 
-frmSetting::~frmSetting() = default;
+frmSetting::~frmSetting() {
+    // The end of the window moves the focus, at a time when this class is gone and only its base is left.
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void frmSetting::AddDriveBoxes() {
     QWidget* before = ui_->chkHideAfterLaunch;
