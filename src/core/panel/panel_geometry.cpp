@@ -21,7 +21,8 @@ constexpr int kLowerLaneOffset = 255;
 double HeldButtonsPerRow(const LayoutInput& input) {
     const int room = input.Screen.Width - input.Metrics.Margins.Left - input.Metrics.Margins.Right - kUnitGap;
     const double widest = std::max(std::floor(double(room) / kUnitStep), 1.0);
-    return input.ButtonsPerRow >= kFewestButtonsPerRow ? std::min(input.ButtonsPerRow, widest) : kFewestButtonsPerRow;
+    return input.ButtonsPerRow >= kFewestButtonsPerRow ? std::min(input.ButtonsPerRow, widest)
+                                                       : kFewestButtonsPerRow;
 }
 
 int CountRows(const GroupEntry& group, double buttonsPerRow) {

@@ -259,8 +259,7 @@ void TestRtfReader::losses_data() {
     QTest::newRow("wrong bytes") << Note("\\f2\\'93") << QStringLiteral("text in code page 932");
     QTest::newRow("deep") << Note(QByteArray(3000, '{') + "a" + QByteArray(3000, '}'))
                           << QStringLiteral("groups nested very deeply");
-    QTest::newRow("behind") << Note("a") + "{\\rtf1 b}"
-                            << QStringLiteral("text after the note's end");
+    QTest::newRow("behind") << Note("a") + "{\\rtf1 b}" << QStringLiteral("text after the note's end");
     QTest::newRow("second font table")
         << Note("a{\\fonttbl{\\f0 X;}}") << QStringLiteral("a second table of fonts or colours");
     QTest::newRow("hidden mark") << Note("{\\v a\\par}b") << QStringLiteral("hidden ends of paragraphs");
