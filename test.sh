@@ -12,7 +12,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd -P)
 cd "$root"
 logs=build/test-logs
 jobs=2
-kFuzzSeconds=15
+waiting_jobs=3 # of tests that wait for the disk or for Wine more than they compute
+kFuzzSeconds=10
 failed=0
 summary=()
 
@@ -28,7 +29,7 @@ stage_release() {
 
 stage_asan() {
     build asan
-    ctest --preset asan --no-tests=error -j "$jobs"
+    ctest --preset asan --no-tests=error -j "$waiting_jobs"
 }
 
 fuzz_one() { # PROGRAM
@@ -92,7 +93,7 @@ stage_windows() {
     build windows
     # One program of both systems over one store.
     build release paneda
-    ctest --preset windows --no-tests=error -j "$jobs"
+    ctest --preset windows --no-tests=error -j "$waiting_jobs"
     packaging/windows/make-zip
 }
 
