@@ -4,7 +4,9 @@
 
 #include "core/text/windows_1252.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <zlib.h>
@@ -44,8 +46,8 @@ bool MakePathOf(const QString& path) {
 
 } // namespace
 
-ZipExtractionClass::ZipExtractionClass(ZipEvents events, ZipSink sink)
-    : events_(std::move(events)), sink_(std::move(sink)) {}
+ZipExtractionClass::ZipExtractionClass(ZipEvents events, ZipSink sink, ZipFilter filter)
+    : events_(std::move(events)), sink_(std::move(sink)), filter_(std::move(filter)) {}
 
 ZipExtractionClass::~ZipExtractionClass() {
     CloseZip();
@@ -81,41 +83,53 @@ bool ZipExtractionClass::TellProgress(int number, int total) const {
 bool ZipExtractionClass::OpenZip(const QString& path) {
     CloseZip();
     TellStatus(QStringLiteral("Opening Zip"));
-    const QString shown = QDir::toNativeSeparators(path);
-    path_ = shown;
+    path_ = QDir::toNativeSeparators(path);
     // A pipe or a device would block.
     if (!QFileInfo(path).isFile()) {
-        TellError(ZipError::FileMissing, QStringLiteral("The file %1 doesn't exist").arg(shown));
+        TellError(ZipError::FileMissing, QStringLiteral("The file %1 doesn't exist").arg(path_));
         return false;
     }
-    file_.setFileName(path);
-    if (file_.open(QIODevice::ReadOnly) && file_.size() <= kMaxZipFile && FindEndRecord()) {
+    return OpenDevice(std::make_unique<QFile>(path));
+}
+
+bool ZipExtractionClass::OpenZip(const QByteArray& bytes, const QString& name) {
+    CloseZip();
+    TellStatus(QStringLiteral("Opening Zip"));
+    path_ = name;
+    auto buffer = std::make_unique<QBuffer>();
+    buffer->setData(bytes);
+    return OpenDevice(std::move(buffer));
+}
+
+bool ZipExtractionClass::OpenDevice(std::unique_ptr<QIODevice> device) {
+    device_ = std::move(device);
+    if (device_->open(QIODevice::ReadOnly) && device_->size() <= kMaxZipFile && FindEndRecord()) {
         TellStatus(QStringLiteral("Zip Opened"));
         return true;
     }
-    file_.close();
-    TellError(ZipError::NotAZip, QStringLiteral("The file %1 is not a Zip file").arg(shown));
+    device_.reset();
+    TellError(ZipError::NotAZip, QStringLiteral("The file %1 is not a Zip file").arg(path_));
     return false;
 }
 
 void ZipExtractionClass::CloseZip() {
-    if (!file_.isOpen())
+    if (!device_)
         return;
-    file_.close();
+    device_.reset();
     endOffset_ = -1;
     TellStatus(QStringLiteral("Zip Closed"));
 }
 
 QByteArray ZipExtractionClass::BytesAt(qint64 offset, qint64 size) {
-    if (offset < 0 || size < 0 || offset > file_.size() - size || !file_.seek(offset))
+    if (offset < 0 || size < 0 || offset > device_->size() - size || !device_->seek(offset))
         return {};
-    const QByteArray bytes = file_.read(size);
+    const QByteArray bytes = device_->read(size);
     return bytes.size() == size ? bytes : QByteArray();
 }
 
 // The last place where a whole end record can begin counts, whatever a comment behind it contains.
 bool ZipExtractionClass::FindEndRecord() {
-    for (qint64 end = file_.size() - kZipEndSize + 4; end >= 4;) {
+    for (qint64 end = device_->size() - kZipEndSize + 4; end >= 4;) {
         const qint64 begin = std::max<qint64>(end - kScanStep, 0);
         const qsizetype found = BytesAt(begin, end - begin).lastIndexOf(kZipEndSignature);
         if (found >= 0) {
@@ -134,7 +148,7 @@ bool ZipExtractionClass::CanExtract(const QString& folder) const {
         return false;
     }
     TellStatus(QStringLiteral("Extracting Files"));
-    if (!file_.isOpen()) {
+    if (!device_) {
         TellError(ZipError::NothingOpen, QStringLiteral("There is no Zip File Open"));
         return false;
     }
@@ -161,6 +175,7 @@ bool ZipExtractionClass::Extract(const QString& folder, bool useFolders, bool ov
 // False when the listener cancelled.
 bool ZipExtractionClass::ExtractAll(const ZipEndRecord& end, const Target& target) {
     claimed_.clear();
+    budget_ = kMaxZipEntry;
     directoryOffset_ = end.DirectoryOffset;
     qint64 offset = directoryOffset_;
     for (int number = 1; number <= end.TotalEntries; ++number) {
@@ -184,6 +199,8 @@ bool ZipExtractionClass::ExtractAll(const ZipEndRecord& end, const Target& targe
 void ZipExtractionClass::ExtractNamed(const ZipCentralHeader& header, const QString& name,
                                       const Target& target) {
     const QString last = LastComponent(name);
+    if (filter_ && !filter_(last))
+        return;
     const QString within = target.UseFolders && !sink_ ? name : last;
     if (!IsSafeName(within)) {
         TellError(ZipError::UnsafeName, QStringLiteral("The name %1 cannot be used").arg(name));
@@ -262,13 +279,15 @@ bool ZipExtractionClass::ClaimData(qint64 begin, qint64 end) {
 QByteArray ZipExtractionClass::Inflate(const ZipCentralHeader& header, const QString& name,
                                        qint64 dataOffset) {
     const ZipEntryFields& entry = header.Entry;
-    if (entry.UncompressedSize > kMaxZipEntry) {
-        TellError(ZipError::TooBig, QStringLiteral("%1 is larger than %2 bytes").arg(name).arg(kMaxZipEntry));
+    if (entry.UncompressedSize > budget_) {
+        TellError(ZipError::TooBig, QStringLiteral("%1 is larger than %2 bytes").arg(name).arg(budget_));
         return {};
     }
     QByteArray bytes;
-    if (IsPlausibleDeflateSize(entry.CompressedSize, entry.UncompressedSize))
+    if (IsPlausibleDeflateSize(entry.CompressedSize, entry.UncompressedSize)) {
+        budget_ -= entry.UncompressedSize;
         bytes = InflateRaw(BytesAt(dataOffset, entry.CompressedSize), entry.UncompressedSize);
+    }
     if (bytes.isEmpty() || ZipCrc32(bytes) != entry.Crc32) {
         TellError(ZipError::Checksum, QStringLiteral("Data checksum error in %1").arg(name));
         return {};

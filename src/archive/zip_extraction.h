@@ -4,11 +4,12 @@
 
 #include "core/files/file_io.h"
 
-#include <QFile>
+#include <QIODevice>
 #include <QString>
 
 #include <functional>
 #include <map>
+#include <memory>
 
 namespace paneda {
 
@@ -27,7 +28,7 @@ enum class ZipError : int {
     Damaged,    // the directory, or where it says an entry lies
     UnsafeName, // empty, or could lead out of the target folder; of a name whose folders are not used,
                 // the last part alone counts
-    TooBig,
+    TooBig,     // one entry, or what has been extracted before together with it
 };
 
 // What a reader calls while it works. Functions that are empty are not called.
@@ -41,27 +42,34 @@ struct ZipEvents {
 // Takes the uncompressed bytes of an entry and the last component of its name.
 using ZipSink = std::function<void(const QString& name, const QByteArray& bytes)>;
 
+// Whether an entry is wanted, by the last component of its name. Others are passed over before anything of
+// them is inflated.
+using ZipFilter = std::function<bool(const QString& name)>;
+
 // Reads an archive. Failures are events; the return values say only whether the work came to its end.
 //
 // Nothing in the file is trusted: offsets and sizes have to be within the file, entries must not overlap, and
-// no memory is allocated for more than kMaxZipEntry bytes, or for more than the compressed bytes can hold. An
-// entry that breaks a rule causes an error event and gives no output. Stored (not compressed) entries,
-// folders and empty files give no output either, and cause no event.
+// no memory is allocated for more than kMaxZipEntry bytes, or for more than the compressed bytes can hold.
+// One extraction inflates at most kMaxZipEntry bytes in all. An entry that breaks a rule causes an error
+// event and gives no output. Stored (not compressed) entries, folders, empty files and those that the filter
+// does not want give no output either, and cause no event but progress.
 class ZipExtractionClass {
 public:
     // With a sink the entries are handed to it, and no folder or file is read or made. Without one they
-    // become files.
-    explicit ZipExtractionClass(ZipEvents events = {}, ZipSink sink = {});
+    // become files. Without a filter every entry is wanted.
+    explicit ZipExtractionClass(ZipEvents events = {}, ZipSink sink = {}, ZipFilter filter = {});
     ~ZipExtractionClass();
     Q_DISABLE_COPY_MOVE(ZipExtractionClass)
 
     // `path` is a host path. False when there is no such file or it has no end record.
     bool OpenZip(const QString& path);
+    // An archive in memory, which messages call by `name`. False when it has no end record.
+    bool OpenZip(const QByteArray& bytes, const QString& name);
     void CloseZip();
 
-    // Extracts all entries below this folder, which is made when it is missing; with `useFolders` into their
-    // own folders, else side by side. A file that is there stays unless `overwrite` is set. False when there
-    // is nothing to extract from or to, or when the listener cancelled.
+    // Extracts the wanted entries below this folder, which is made when it is missing; with `useFolders` into
+    // their own folders, else side by side. A file that is there stays unless `overwrite` is set. False when
+    // there is nothing to extract from or to, or when the listener cancelled.
     bool Extract(const QString& folder, bool useFolders, bool overwrite);
 
     static FileResult ExtractFile(const QString& path, const QByteArray& bytes);
@@ -79,6 +87,7 @@ private:
     void TellStatus(const QString& text) const;
     void TellError(ZipError number, const QString& message) const;
     bool TellProgress(int number, int total) const;
+    bool OpenDevice(std::unique_ptr<QIODevice> device);
     QByteArray BytesAt(qint64 offset, qint64 size);
     bool FindEndRecord();
     bool CanExtract(const QString& folder) const;
@@ -91,12 +100,16 @@ private:
 
     ZipEvents events_;
     ZipSink sink_;
-    QFile file_;
+    ZipFilter filter_;
+    // Not set while nothing is open.
+    std::unique_ptr<QIODevice> device_;
     QString path_;
     qint64 endOffset_ = -1;
     qint64 directoryOffset_ = 0;
     // Begin and end of the entries that have been read.
     std::map<qint64, qint64> claimed_;
+    // Bytes that may still be inflated.
+    qint64 budget_ = 0;
 };
 
 } // namespace paneda

@@ -67,7 +67,9 @@ bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b) {
 QByteArray ReadZippedNote(const QString& zipFile) {
     QByteArray text;
     // No listener for errors: an archive that cannot be read is an empty note.
-    ZipExtractionClass zip({}, [&text](const QString&, const QByteArray& bytes) { text = bytes; });
+    ZipExtractionClass zip(
+        {}, [&text](const QString&, const QByteArray& bytes) { text = bytes; },
+        [](const QString& name) { return name.compare(u"content.rtf", Qt::CaseInsensitive) == 0; });
     if (zip.OpenZip(zipFile))
         zip.Extract({}, false, false);
     return text;

@@ -48,7 +48,8 @@ NoteOnDisk DescribeNote(const QString& noteFolder, NoteForm form, const QByteArr
 // Whether the two are the same file contents.
 bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b);
 
-// The text within a content.zip; empty when there is none or it cannot be read, for whatever reason.
+// The text within a content.zip: its entry "content.rtf", in any case of letters and in any folder, the last
+// one if there are several. Empty when there is none or it cannot be read, for whatever reason.
 QByteArray ReadZippedNote(const QString& zipFile);
 
 // A path in the folder that is not taken, "content (<words>).<extension>", for a text that is kept beside the

@@ -67,6 +67,7 @@ class tst_zip_read : public QObject {
 
 private Q_SLOTS:
     void events();
+    void wanted();
     void notArchives();
     void otherWriters_data();
     void otherWriters();
@@ -89,6 +90,21 @@ void tst_zip_read::events() {
     const Reading cancelled = Read(store.Path(u"two.zip"_s), 50);
     QVERIFY(!cancelled.Result);
     QCOMPARE(cancelled.Log.mid(5), QStringList({u"progress 50"_s, u"status: Zip Closed"_s}));
+}
+
+// Of what is not wanted nothing is looked at: the first entry's method is not known.
+void tst_zip_read::wanted() {
+    QByteArray bytes = TwoEntries();
+    Put<quint16>(bytes, bytes.indexOf("PK\x01\x02") + 10, 99);
+    QStringList log;
+    ZipEvents events;
+    events.Error = [&log](const QString& message, int) { log.append(message); };
+    ZipExtractionClass zip(
+        events, [&log](const QString&, const QByteArray& entry) { log.append(QString::fromLatin1(entry)); },
+        [](const QString& name) { return name == u"b.rtf"; });
+    QVERIFY(zip.OpenZip(bytes, u"in memory"_s));
+    QVERIFY(zip.Extract({}, false, false));
+    QCOMPARE(log, QStringList{u"bcdefghijk"_s});
 }
 
 void tst_zip_read::notArchives() {

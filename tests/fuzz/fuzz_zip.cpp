@@ -5,9 +5,6 @@
 #include "archive/zip_class.h"
 #include "archive/zip_extraction.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -16,11 +13,7 @@ using namespace paneda;
 
 namespace {
 
-std::vector<QByteArray> Contents(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        std::abort();
-    file.close();
+std::vector<QByteArray> Contents(const QByteArray& bytes) {
     std::vector<QByteArray> contents;
     qint64 total = 0;
     ZipExtractionClass zip({}, [&](const QString& name, const QByteArray& entry) {
@@ -29,10 +22,10 @@ std::vector<QByteArray> Contents(const QString& path, const QByteArray& bytes) {
             std::abort();
         contents.push_back(entry);
     });
-    if (zip.OpenZip(path))
+    if (zip.OpenZip(bytes, QStringLiteral("x.zip")))
         zip.Extract({}, false, false);
-    // No byte of the file is inflated twice.
-    if (!IsPlausibleDeflateSize(bytes.size(), total))
+    // No byte of the file is inflated twice, and all of it together is bounded.
+    if (total > kMaxZipEntry || !IsPlausibleDeflateSize(bytes.size(), total))
         std::abort();
     return contents;
 }
@@ -40,16 +33,13 @@ std::vector<QByteArray> Contents(const QString& path, const QByteArray& bytes) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("x.zip"));
-    const QByteArray input(reinterpret_cast<const char*>(data), qsizetype(size));
-    const auto contents = Contents(path, input);
+    const auto contents = Contents(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
     ZipClass zip;
     for (const QByteArray& entry : contents) {
         if (!zip.AddBytes(QString::number(zip.FileCount()), entry, {}))
             std::abort();
     }
-    if (Contents(path, zip.Bytes().value()) != contents)
+    if (Contents(zip.Bytes().value()) != contents)
         std::abort();
     return 0;
 }

@@ -119,6 +119,7 @@ void tst_note_load::damagedZip_data() {
     QByteArray bytes = good;
     bytes[45] = char(bytes[45] ^ 1);
     QTest::newRow("a changed bit") << bytes;
+    QTest::newRow("another entry") << QByteArray(good).replace("content.rtf", "another.rtf");
 }
 
 // An empty editor without a word; but what is then saved leaves the damaged file beside.
