@@ -57,9 +57,10 @@ void tst_startup::failuresAreToldAndPassedOver() {
     const test::StoreBuilder store;
     store.AddFile(u"Setting"_s);
     store.AddFolder(u"config"_s);
+    store.AddFolder(u"setting.ini"_s);
     AppState state = store.State();
     const PanelLoad load = LoadPanelState(state);
-    QCOMPARE(load.Failures.size(), 2U);
+    QCOMPARE(load.Failures.size(), 3U);
     QVERIFY(state.Catalogue.empty());
     QCOMPARE(state.ButtonsPerRow, 5.0);
     WriteCache(state, {}); // no folder to write it to

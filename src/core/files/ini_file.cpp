@@ -2,10 +2,21 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace paneda {
 
 IniText ReadIniFile(const QString& file) {
     return IniText(ReadFileBytes(file, kMaxIniFile).value_or(QByteArray()));
+}
+
+tl::expected<IniText, FileError> LoadIniFile(const QString& file) {
+    if (!QFileInfo::exists(file))
+        return IniText();
+    auto bytes = ReadFileBytes(file, kMaxIniFile);
+    if (!bytes)
+        return tl::make_unexpected(bytes.error());
+    return IniText(std::move(*bytes));
 }
 
 QString ReadIni(const QString& section, const QString& key, const QString& file, const QString& fallback) {
@@ -14,17 +25,13 @@ QString ReadIni(const QString& section, const QString& key, const QString& file,
 }
 
 FileResult WriteIni(const QString& section, const QString& key, const QString& value, const QString& file) {
-    QByteArray bytes;
-    if (QFileInfo::exists(file)) {
-        auto read = ReadFileBytes(file, kMaxIniFile);
-        if (!read)
-            return tl::make_unexpected(read.error());
-        bytes = std::move(*read);
-    }
-    IniText text(bytes);
-    if (const IniResult set = text.SetValue(section, key, value); !set)
+    auto text = LoadIniFile(file);
+    if (!text)
+        return tl::make_unexpected(text.error());
+    const QByteArray before = text->Bytes();
+    if (const IniResult set = text->SetValue(section, key, value); !set)
         return Failure(file, set.error());
-    return text.Bytes() == bytes ? FileResult() : ReplaceFile(file, text.Bytes());
+    return text->Bytes() == before ? FileResult() : ReplaceFile(file, text->Bytes());
 }
 
 } // namespace paneda

@@ -5,11 +5,15 @@
 
 namespace paneda {
 
-// A larger INI file reads as empty and is never written. No file of the store comes near this size.
-inline constexpr qint64 kMaxIniFile = 32 * 1024 * 1024;
+// Bytes. A larger INI file reads as empty and is never written. The largest that belongs to a store, a
+// skin.ini with all its comments, has a few thousand.
+inline constexpr qint64 kMaxIniFile = 1024 * 1024;
 
 // The text of an INI file. A file that is missing or cannot be read has no keys.
 IniText ReadIniFile(const QString& file);
+
+// The same, but fails for a file that exists and cannot be read.
+tl::expected<IniText, FileError> LoadIniFile(const QString& file);
 
 // One value of an INI file; `fallback` when it is missing or empty.
 QString ReadIni(const QString& section, const QString& key, const QString& file,

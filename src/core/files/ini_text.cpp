@@ -4,6 +4,7 @@
 #include "core/text/windows_1252.h"
 
 #include <QByteArrayView>
+#include <QHashFunctions>
 
 #include <algorithm>
 #include <utility>
@@ -13,6 +14,8 @@ namespace paneda {
 namespace {
 
 constexpr QByteArrayView kMark("\xEF\xBB\xBF");
+// No character of UTF-8 takes more bytes.
+constexpr qsizetype kBytesOfCharacter = 4;
 
 // One line without its end, and where the next one begins.
 struct Line {
@@ -58,12 +61,34 @@ QByteArrayView ValueIn(QByteArrayView text) {
     return quoted ? value.sliced(1, value.size() - 2) : value;
 }
 
-QString CutToLimit(QString value) {
-    if (value.size() <= kMaxIniValue)
-        return value;
-    const bool splitsPair = value[kMaxIniValue - 1].isHighSurrogate();
-    value.truncate(splitsPair ? kMaxIniValue - 1 : kMaxIniValue);
-    return value;
+// The seed differs from run to run, so that nobody can write a file whose names all have one hash.
+std::size_t HashOfName(const QString& name, qsizetype section) {
+    return qHashMulti(QHashSeed::globalSeed(), section, name.toCaseFolded());
+}
+
+template <class Entry>
+void SortByHash(std::vector<Entry>& entries) {
+    std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+        return a.Hash != b.Hash ? a.Hash < b.Hash : a.Begin < b.Begin;
+    });
+}
+
+// The first entry of this hash that `isWanted` accepts, or null.
+template <class Entry, class Wanted>
+const Entry* FirstOf(const std::vector<Entry>& entries, std::size_t hash, Wanted isWanted) {
+    auto entry =
+        std::lower_bound(entries.begin(), entries.end(), hash,
+                         [](const Entry& candidate, std::size_t wanted) { return candidate.Hash < wanted; });
+    for (; entry != entries.end() && entry->Hash == hash; ++entry) {
+        if (isWanted(*entry))
+            return &*entry;
+    }
+    return nullptr;
+}
+
+// Of a value of any length no more than the limit is decoded.
+QByteArrayView BeginOf(QByteArrayView value) {
+    return value.first(std::min<qsizetype>(value.size(), kBytesOfCharacter * (kMaxIniValue + 1)));
 }
 
 QString OneLine(QStringView value) {
@@ -77,55 +102,75 @@ QString OneLine(QStringView value) {
 
 } // namespace
 
+QString CutToIniValue(QString text) {
+    if (text.size() > kMaxIniValue) {
+        const bool splitsPair = text[kMaxIniValue - 1].isHighSurrogate();
+        text.truncate(splitsPair ? kMaxIniValue - 1 : kMaxIniValue);
+    }
+    return text;
+}
+
 IniText::IniText(QByteArray bytes) : bytes_(std::move(bytes)) {
     utf8_ = QByteArrayView(bytes_).isValidUtf8();
-    IndexSections();
+    Index();
 }
 
-void IniText::IndexSections() {
+void IniText::Index() {
     sections_.clear();
-    Span* open = nullptr;
-    qsizetype at = utf8_ && bytes_.startsWith(kMark) ? kMark.size() : 0;
-    while (at < bytes_.size()) {
-        const Line line = LineAt(bytes_, at);
-        const qsizetype next = line.Next > line.End ? line.Next : bytes_.size();
+    keys_.clear();
+    Section* open = nullptr;
+    qsizetype next = utf8_ && bytes_.startsWith(kMark) ? kMark.size() : 0;
+    while (next < bytes_.size()) {
+        const Line line = LineAt(bytes_, next);
+        next = line.Next > line.End ? line.Next : bytes_.size();
+        const QByteArrayView bytes = Slice(line.Begin, line.End);
         bool isHeading = false;
-        const QByteArrayView name =
-            HeadingOf(QByteArrayView(bytes_).sliced(line.Begin, line.End - line.Begin), isHeading);
+        const QByteArrayView name = HeadingOf(bytes, isHeading);
         if (isHeading) {
-            const QString folded = Decode(name).toCaseFolded();
-            open = sections_.contains(folded) ? nullptr : &sections_[folded];
-            if (open)
-                open->Begin = next;
-        }
-        if (open)
+            const qsizetype nameBegin = name.data() - bytes_.constData();
+            open = &sections_.emplace_back(
+                Section{HashOfName(Decode(name), 0), nameBegin, nameBegin + name.size(), next, next, next});
+        } else if (open) {
             open->End = next;
-        at = next;
+            if (!bytes.trimmed().isEmpty())
+                open->Filled = next;
+            AddKeyLine(*open, line.Begin, line.End);
+        }
     }
+    SortByHash(sections_);
+    SortByHash(keys_);
 }
 
-const IniText::Span* IniText::FindSection(QStringView section) const {
-    const auto found = sections_.constFind(TrimBlanks(section).toCaseFolded());
-    return found == sections_.constEnd() ? nullptr : &*found;
+void IniText::AddKeyLine(const Section& section, qsizetype begin, qsizetype end) {
+    const auto [name, equals] = KeyOf(Slice(begin, end));
+    if (equals >= 0)
+        keys_.push_back({HashOfName(Decode(name), section.Begin), begin, begin + equals, end});
+}
+
+const IniText::Section* IniText::FindSection(QStringView name) const {
+    const QString wanted = TrimBlanks(name);
+    return FirstOf(sections_, HashOfName(wanted, 0), [&](const Section& section) {
+        return SameName(Decode(Slice(section.NameBegin, section.NameEnd)), wanted);
+    });
+}
+
+const IniText::KeyLine* IniText::FindKey(const Section& section, QStringView key) const {
+    return FirstOf(keys_, HashOfName(key.toString(), section.Begin), [&](const KeyLine& line) {
+        return line.Begin >= section.Begin && line.End <= section.End &&
+               SameName(Decode(Slice(line.Begin, line.Equals).trimmed()), key);
+    });
 }
 
 QString IniText::Value(QStringView section, QStringView key) const {
-    const Span* span = FindSection(section);
-    const QByteArrayView text = bytes_;
-    for (qsizetype at = span ? span->Begin : 0; span && at < span->End;) {
-        const Line line = LineAt(text, at);
-        const QByteArrayView bytes = text.sliced(line.Begin, line.End - line.Begin);
-        const auto [name, equals] = KeyOf(bytes);
-        if (equals >= 0 && SameName(Decode(name), key)) {
-            QByteArrayView value = bytes.sliced(equals + 1);
-            const qsizetype nul = value.indexOf('\0');
-            if (nul >= 0)
-                value = value.first(nul);
-            return CutToLimit(Decode(ValueIn(value)));
-        }
-        at = line.Next > line.End ? line.Next : span->End;
-    }
-    return {};
+    const Section* found = FindSection(section);
+    const KeyLine* line = found ? FindKey(*found, key) : nullptr;
+    if (!line)
+        return {};
+    QByteArrayView value = Slice(line->Equals + 1, line->End);
+    const qsizetype nul = value.indexOf('\0');
+    if (nul >= 0)
+        value = value.first(nul);
+    return CutToIniValue(Decode(BeginOf(ValueIn(value))));
 }
 
 IniResult IniText::SetValue(QStringView section, QStringView key, QStringView value) {
@@ -139,34 +184,20 @@ IniResult IniText::SetValue(QStringView section, QStringView key, QStringView va
     const QString entry = OneLine(key) + u'=' + OneLine(value);
     if (!utf8_ && !EncodeWindows1252(QString(heading + entry)))
         TurnIntoUtf8();
-    if (const Span* span = FindSection(section))
-        SetInSection(*span, key, entry);
+    const Section* found = FindSection(section);
+    const KeyLine* line = found ? FindKey(*found, key) : nullptr;
+    if (line)
+        bytes_.replace(line->Equals + 1, line->End - line->Equals - 1, Encode(OneLine(value)));
+    else if (found)
+        AddLines(found->Filled, {entry});
     else
         AddLines(bytes_.size(), {heading, entry});
     // High bytes that happen to read as UTF-8 would be taken for it the next time.
     if (!utf8_ && QByteArrayView(bytes_).isValidUtf8())
         TurnIntoUtf8();
-    IndexSections();
+    else
+        Index();
     return {};
-}
-
-void IniText::SetInSection(const Span& span, QStringView key, const QString& entry) {
-    qsizetype behindLast = span.Begin;
-    for (qsizetype at = span.Begin; at < span.End;) {
-        const Line line = LineAt(bytes_, at);
-        const QByteArrayView bytes = QByteArrayView(bytes_).sliced(line.Begin, line.End - line.Begin);
-        const auto [name, equals] = KeyOf(bytes);
-        if (equals >= 0 && SameName(Decode(name), key)) {
-            const QByteArray value = Encode(entry.sliced(entry.indexOf(u'=', key.size()) + 1));
-            bytes_.replace(line.Begin + equals + 1, line.End - line.Begin - equals - 1, value);
-            return;
-        }
-        const qsizetype next = line.Next > line.End ? line.Next : span.End;
-        if (!bytes.trimmed().isEmpty())
-            behindLast = next;
-        at = next;
-    }
-    AddLines(behindLast, {entry});
 }
 
 void IniText::AddLines(qsizetype at, const QStringList& lines) {
@@ -182,7 +213,11 @@ void IniText::AddLines(qsizetype at, const QStringList& lines) {
 void IniText::TurnIntoUtf8() {
     bytes_ = DecodeWindows1252(bytes_).toUtf8();
     utf8_ = true;
-    IndexSections();
+    Index();
+}
+
+QByteArrayView IniText::Slice(qsizetype begin, qsizetype end) const {
+    return QByteArrayView(bytes_).sliced(begin, end - begin);
 }
 
 QString IniText::Decode(QByteArrayView bytes) const {

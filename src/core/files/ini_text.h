@@ -1,18 +1,23 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
 
 #include <tl/expected.hpp>
 
+#include <cstddef>
+#include <vector>
+
 namespace paneda {
 
 // A value is cut to this many characters (UTF-16 units) when it is read, and a longer one is not written. It
 // is what a buffer of 255 with the NUL at its end takes.
 inline constexpr int kMaxIniValue = 254;
+
+// A text cut to this limit; a character of two units is not cut in two.
+QString CutToIniValue(QString text);
 
 // Of an error: why a value cannot be written, for the user, with the key and the limit.
 using IniResult = tl::expected<void, QString>;
@@ -26,6 +31,10 @@ using IniResult = tl::expected<void, QString>;
 // value. A value ends at a NUL.
 //
 // A text is UTF-8, with or without a mark at its begin; one that is not valid UTF-8 is Windows-1252.
+//
+// The lines are read once and indexed, so that a lookup costs the same in a text of any size. The index of a
+// text of the shortest possible lines takes up to 32 times the text's memory, that of a usual one less than
+// twice.
 class IniText {
 public:
     IniText() = default;
@@ -43,24 +52,39 @@ public:
     const QByteArray& Bytes() const { return bytes_; }
 
 private:
-    // The bytes behind a section's heading line, up to the next heading.
-    struct Span {
+    // A heading, and the lines behind it up to the next one. All places are offsets in the text.
+    struct Section {
+        std::size_t Hash = 0; // of the name
+        qsizetype NameBegin = 0;
+        qsizetype NameEnd = 0;
         qsizetype Begin = 0;
+        qsizetype Filled = 0; // behind the last line that is not blank
         qsizetype End = 0;
     };
+    // A line "key=value".
+    struct KeyLine {
+        std::size_t Hash = 0; // of the section's place and the key
+        qsizetype Begin = 0;
+        qsizetype Equals = 0; // of the "="
+        qsizetype End = 0;    // without the line's end
+    };
 
-    void IndexSections();
-    void SetInSection(const Span& span, QStringView key, const QString& entry);
+    void Index();
+    void AddKeyLine(const Section& section, qsizetype begin, qsizetype end);
+    const Section* FindSection(QStringView name) const;
+    const KeyLine* FindKey(const Section& section, QStringView key) const;
     void AddLines(qsizetype at, const QStringList& lines);
     void TurnIntoUtf8();
-    const Span* FindSection(QStringView section) const;
+    QByteArrayView Slice(qsizetype begin, qsizetype end) const;
     QString Decode(QByteArrayView bytes) const;
     QByteArray Encode(const QString& text) const;
     QByteArray LineEnd() const;
 
     QByteArray bytes_;
     bool utf8_ = true;
-    QHash<QString, Span> sections_;
+    // Both by hash and then by place, so that the first of several with one name is found first.
+    std::vector<Section> sections_;
+    std::vector<KeyLine> keys_;
 };
 
 } // namespace paneda

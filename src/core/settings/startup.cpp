@@ -42,7 +42,10 @@ PanelLoad LoadPanelState(AppState& state) {
     std::vector<FileError> configFailures = LoadConfig(state);
     std::move(configFailures.begin(), configFailures.end(), std::back_inserter(load.Failures));
     TakeCache(state, load);
-    ReadSettings(ReadIniFile(SettingIniFile(state.AppFolder)), state);
+    auto settings = LoadIniFile(SettingIniFile(state.AppFolder));
+    if (!settings)
+        load.Failures.push_back(settings.error());
+    ReadSettings(settings.value_or(IniText()), state);
     state.Catalogue =
         load.CacheValid ? std::exchange(load.Cache.Catalogue, {}) : LoadCatalogue(ScanOptionsOf(state));
     return load;
