@@ -251,7 +251,11 @@ void tst_panel_window::toolTips() {
     };
     // The built-in look has little room for labels: the caption is in the tip as well.
     QCOMPARE(tipAt(bench.Button(0, 0).center()), u"Tool\nDoes <b> & more"_s);
+    // No file is read for another place on the same button.
+    bench.Store.AddFile(kTool, "[Properties]\nDescription=new\n");
+    QCOMPARE(tipAt(bench.Button(0, 0).topLeft()), u"Tool\nDoes <b> & more"_s);
     QCOMPARE(tipAt(bench.Button(0, 1).center()), u"Page & more.url"_s);
+    QCOMPARE(tipAt(bench.Button(0, 0).center()), u"Tool\nnew"_s);
     QTRY_COMPARE(tipAt(bench.Button(1, 0).center()), u"C: Free -"_s); // known after the first paint
     const QPoint header = bench.Header(0).center();
     tipAt(header);

@@ -146,6 +146,7 @@ void frmMain::picCategory_Click(int index) {
         state_.SelectedCategory = opened_.Index;
     hitAreas_ = HitAreasOf(look_->FrameAreas(), geometry_, opened_);
     pressed_ = {};
+    ForgetToolTip();
     hitAreas_.push_back({HitArea::Kind::Hide, -1, -1, -1, look_->HideArea()});
     hitAreas_.push_back({HitArea::Kind::Menu, -1, -1, -1, look_->MenuArea()});
     hitAreas_.push_back({HitArea::Kind::Logo, -1, -1, -1, look_->LogoArea()});
@@ -239,6 +240,7 @@ void frmMain::RefreshDrives() {
         return;
     services_.Volumes.Refresh(state_.Drives);
     look_->RefreshDrives();
+    ForgetToolTip();
     if (opened_.Index == 0)
         ShowPicture(look_->Picture(0));
 }
@@ -424,6 +426,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
 bool frmMain::event(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange && waiting_ && !isMinimized())
         FollowStore(*std::exchange(waiting_, std::nullopt));
+    if (event->type() == QEvent::Leave)
+        ForgetToolTip();
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         ShowToolTip(help->pos(), help->globalPos());
@@ -432,18 +436,30 @@ bool frmMain::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) const {
+void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) {
     const HitArea area = HitTest(hitAreas_, local);
-    QString tip = SignToolTip(area.What);
-    if (area.What == HitArea::Kind::Button) {
-        const ButtonEntry& button = ButtonAt(area);
-        tip = look_->DriveTip(button.ControlIndex);
-        if (tip.isEmpty())
-            tip = ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
-                                look_->CutsLabel(button, area.Rect.size()));
+    if (area != tipArea_) {
+        tipArea_ = area;
+        tip_ = RichTip(ToolTipOf(area));
     }
     // An empty text hides the tip that is shown.
-    QToolTip::showText(global, RichTip(tip), const_cast<frmMain*>(this), area.Rect);
+    QToolTip::showText(global, tip_, this, area.Rect);
+}
+
+void frmMain::ForgetToolTip() {
+    tipArea_ = {};
+    tip_.clear();
+}
+
+QString frmMain::ToolTipOf(const HitArea& area) const {
+    if (area.What != HitArea::Kind::Button)
+        return SignToolTip(area.What);
+    const ButtonEntry& button = ButtonAt(area);
+    const QString drive = look_->DriveTip(button.ControlIndex);
+    return drive.isEmpty()
+               ? ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
+                               look_->CutsLabel(button, area.Rect.size()))
+               : drive;
 }
 
 const ButtonEntry& frmMain::ButtonAt(const HitArea& area) const {

@@ -121,7 +121,9 @@ private:
     void RefreshDrives();
     void TellProblems();
     void TellSkinProblem();
-    void ShowToolTip(const QPoint& local, const QPoint& global) const;
+    void ShowToolTip(const QPoint& local, const QPoint& global);
+    QString ToolTipOf(const HitArea& area) const;
+    void ForgetToolTip();
     const ButtonEntry& ButtonAt(const HitArea& area) const;
 
     AppState& state_;
@@ -141,6 +143,10 @@ private:
     OpenedCategory opened_;
     std::vector<HitArea> hitAreas_;
     HitArea pressed_;
+    // The area that the mouse is on, and its tip. Qt asks for the tip at each move of the mouse, and the file
+    // that it comes from may lie on a slow disk.
+    HitArea tipArea_;
+    QString tip_;
     QImage picture_;
     bool painted_ = false;
     bool unloaded_ = false;
