@@ -5,6 +5,7 @@
 #include "notes/note_save.h"
 
 #include "core/files/ini_file.h"
+#include "core/text/ranges.h"
 #include "core/text/text_rules.h"
 
 #include <QFileInfo>
@@ -63,7 +64,7 @@ void LoadText(const NotePlace& place, const NoteSession& session, const QByteArr
 
 int SideOr(const QString& value, int fallback) {
     const int side = LeadingInt(value);
-    return side > 0 ? side : fallback;
+    return side > 0 ? range::kNoteWindow.Nearest(side) : fallback;
 }
 
 void ReadKeys(const NotePlace& place, const NoteSession& session, LoadedNote& note) {

@@ -1,10 +1,14 @@
 #include "skin/piece_sizes.h"
 
+#include "core/text/ranges.h"
 #include "skin/picture_files.h"
+#include "skin/picture_loader.h"
 
 #include <QFileInfo>
 
 namespace paneda {
+
+static_assert(kMaxPictureSide <= range::kPictureSide, "the cache would refuse the piece");
 
 PieceSizes MeasurePieces(const ThemeState& theme) {
     const SkinPieces& pieces = theme.Pieces;

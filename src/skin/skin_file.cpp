@@ -2,12 +2,11 @@
 
 #include "core/files/file_io.h"
 #include "core/files/ini_file.h"
+#include "core/text/ranges.h"
 #include "core/text/text_rules.h"
-#include "core/text/twips.h"
 
 #include <QDir>
 
-#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -17,10 +16,6 @@ namespace {
 
 constexpr QStringView kFonts = u"Fonts";
 constexpr QStringView kButtons = u"Buttons";
-constexpr double kMinFontSize = 1;   // points
-constexpr double kMaxFontSize = 200; // points
-constexpr int kMaxPlace = 100000;    // pixels
-constexpr int kLowestMessageHeight = 115;
 constexpr int kUsualMessageHeight = 92; // pixels
 constexpr int kLogoDesigns = 11;
 
@@ -59,7 +54,7 @@ public:
         SkinFont font;
         const double size = LeadingNumber(Text(key(u" font size")));
         if (size > 0)
-            font.Size = std::clamp(size, kMinFontSize, kMaxFontSize);
+            font.Size = range::kFontSize.Nearest(size);
         font.Bold = Flag(key(u" font bold"));
         font.AntiAlias = Flag(key(u" font anti alias"));
         font.Name = Text(key(u" font name"), Tahoma());
@@ -157,7 +152,7 @@ QString ReadPlaces(const IniText& ini, ThemeState& theme) {
         const QString value = ini.Value(kButtons, key.Key);
         if (value.isEmpty())
             return key.Key.toString();
-        *key.Field = std::clamp(LeadingInt(value), -kMaxPlace, kMaxPlace);
+        *key.Field = range::kOnBottom.Nearest(LeadingInt(value));
     }
     return {};
 }
@@ -170,7 +165,8 @@ int ReadLogoDesign(const IniText& ini) {
 
 int ReadMessageHeight(const IniText& ini) {
     const int height = LeadingInt(ini.Value(u"Message Window", u"Height"));
-    return PixelsToTwips(height < kLowestMessageHeight ? kUsualMessageHeight : std::min(height, kMaxPlace));
+    return PixelsToTwips(height < range::kMessageHeight.Lowest ? kUsualMessageHeight
+                                                               : range::kMessageHeight.Nearest(height));
 }
 
 } // namespace

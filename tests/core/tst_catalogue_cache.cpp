@@ -22,7 +22,7 @@ CacheRecord Sample() {
     record.ProductVersion = kVersion;
     record.Catalogue = LoadCatalogue(options);
     PieceSizes& sizes = record.Pictures.Sizes;
-    int number = -3;
+    int number = 0;
     for (TwipsSize* size : {&sizes.Group, &sizes.Category, &sizes.Bottom, &sizes.TopA, &sizes.LeftA,
                             &sizes.RightA, &sizes.TopLeft, &sizes.TopRight, &sizes.BottomLeft,
                             &sizes.BottomRight, &sizes.Top, &sizes.Left, &sizes.Right}) {
@@ -30,7 +30,7 @@ CacheRecord Sample() {
         size->Height = number++;
     }
     sizes.HasBottomB = sizes.HasRightB = true;
-    record.Pictures = {u"Späne"_s, 0xFEDCBA9876543210, sizes, {3000, -1}};
+    record.Pictures = {u"Späne"_s, 0xFEDCBA9876543210, sizes, {3000, 0}};
     record.HasDriveButtons = true;
     return record;
 }

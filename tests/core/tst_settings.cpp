@@ -68,12 +68,12 @@ void tst_settings::fields_data() {
     };
     add("empty", QString(25, u','),
         u"0,default,false,false,1,1,1,1,0,0.8,500,500,0,Verdana,10,false,2,3,3,1,,,,,,"_s);
-    add("set", u"3,C:\\b.exe,1,1,4,2,3,60,5,55,640,501,64,Arial,9.5,MAXimize,7,8,9,6,a,b,c,d,e,f"_s,
-        u"2,C:\\b.exe,true,true,4,2,3,0.6,5,0.55,640,501,64,Arial,9.5,true,7,8,9,6,a,b,c,d,e,f"_s);
+    add("set", u"3,C:\\b.exe,1,1,4,2,0,60,5,55,640,501,64,Arial,9.5,MAXimize,1,8,2,0,a,b,c,d,e,f"_s,
+        u"2,C:\\b.exe,true,true,4,1,0,0.6,5,0.55,640,501,64,Arial,9.5,true,1,8,2,0,a,b,c,d,e,f"_s);
     add("too low", u"-4,x,01,yes,-1,-1,-1,-20,-1,-1,499,-9,-1,x,x,maximized,-1,-1,-1,-1,,,,,,"_s,
-        u"0,x,false,false,-1,-1,-1,1,-1,0.8,500,500,-1,x,10,false,-1,-1,-1,-1,,,,,,"_s);
-    add("too high", u"99999999,x,2,11,1.9,2 px,3,250,1,101,9999,9999,1,x,72,normal,1,1,1,1,,,,,,"_s,
-        u"32766,x,false,false,1,2,3,1,1,1,9999,9999,1,x,72,false,1,1,1,1,,,,,,"_s);
+        u"0,x,false,false,1,1,1,1,0,0.8,500,500,0,x,10,false,2,0,3,0,,,,,,"_s);
+    add("too high", u"99999999,x,2,11,12.9,2 px,3,250,1e9,101,99999,1e308,1e9,x,1e9,normal,4,11,4,2,,,,,,"_s,
+        u"32766,x,false,false,12,1,1,1,36500,1,32767,32767,1048576,x,200,false,2,10,3,1,,,,,,"_s);
 }
 
 void tst_settings::fields() {

@@ -1,8 +1,9 @@
 // Input: a cache file. It is decoded as it stands, and once more with a header and a checksum that fit what
-// follows the place where they stand, so that the fuzzer gets behind them.
+// follows the place where they stand, so that the fuzzer gets behind them. What is taken is laid out.
 
 #include "core/store/catalogue_cache.h"
 #include "core/text/checksum.h"
+#include "skin/frame_geometry.h"
 
 #include <QtEndian>
 
@@ -24,10 +25,22 @@ QByteArray Header() {
     return EncodeCache(record).first(8 + 4 + 6);
 }
 
+void LayOut(const CacheRecord& record) {
+    constexpr int kScreen = 20'000;
+    const PieceSizes& sizes = record.Pictures.Sizes;
+    const PanelGeometry geometry =
+        LayoutPanel(record.Catalogue, {5, PanelMetricsOf(sizes), {kScreen, kScreen, kScreen}, 0, 0});
+    if (!range::kSide.Holds(geometry.PanelWidth) || geometry.PanelHeight > kScreen)
+        std::abort();
+    OpenCategory(geometry, 0);
+    DisplayBorder(sizes, {geometry.PanelWidth, geometry.PanelHeight});
+}
+
 void Check(const QByteArray& bytes) {
     const auto record = DecodeCache(bytes, kVersion, kApp);
     if (!record)
         return;
+    LayOut(*record);
     // A file name with a backslash loses what stands before it, once.
     const auto second = DecodeCache(EncodeCache(*record), kVersion, kApp);
     if (!second)

@@ -3,7 +3,9 @@
 // means that the input is the file as it stands.
 
 #include "core/settings/config_settings.h"
+#include "core/settings/setting_form.h"
 #include "core/text/checksum.h"
+#include "core/text/ranges.h"
 
 #include <QtEndian>
 
@@ -54,6 +56,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray grown = file.Bytes();
     ReadConfigRecords(file, state);
     if (file.Bytes() != grown)
+        std::abort();
+    if (!range::kPlace.Holds(state.PanelTop) || !range::kPlace.Holds(state.PanelLeft) ||
+        !range::kButtonsPerRow.Holds(state.ButtonsPerRow) || !range::kVirtualKey.Holds(state.HotkeyKey))
+        std::abort();
+    // What the dialog writes is read as it was.
+    for (const RecordWrite& write : PlanSettings(ReadSettingForm(file, {}, state), false).Records)
+        file.Write(write.Record, write.Values);
+    AppState again;
+    ReadConfigRecords(file, again);
+    if (again.HotkeyKey != state.HotkeyKey || again.MouseTriggerMode != state.MouseTriggerMode)
         std::abort();
     return 0;
 }

@@ -1,3 +1,4 @@
+#include "core/text/ranges.h"
 #include "skin/skin_file.h"
 
 #include <cstddef>
@@ -17,6 +18,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const SkinFont& font : {theme->GroupFont, theme->CategoryActiveFont, theme->CategoryInactiveFont}) {
         if (!(font.Size >= 1 && font.Size <= 200) || font.Name.isEmpty())
             __builtin_trap();
+    }
+    for (const PixelArea& area : {theme->HideRect, theme->MenuRect}) {
+        for (const int place : {area.Top, area.Left, area.Bottom, area.Right}) {
+            if (!range::kOnBottom.Holds(place))
+                __builtin_trap();
+        }
     }
     if (theme->LogoDesign < 1 || theme->LogoDesign > 11 || theme->MessageHeight < 92 * 15)
         __builtin_trap();

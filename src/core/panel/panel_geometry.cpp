@@ -36,12 +36,21 @@ int CountRows(const GroupEntry& group, double buttonsPerRow) {
     return rows;
 }
 
+// A store may hold more than has room in an int.
+int OnPanel(qint64 twips) {
+    return int(std::clamp<qint64>(twips, range::kPlace.Lowest, range::kPlace.Highest));
+}
+
 int HeightOf(const CategoryEntry& category, double buttonsPerRow, const PanelMetrics& metrics) {
-    int height = metrics.Margins.Top + metrics.Margins.Bottom;
-    height += int(category.Groups.size()) * (metrics.GroupHeaderHeight + kHeaderGap);
+    qint64 height = metrics.Margins.Top + metrics.Margins.Bottom;
+    height += qint64(category.Groups.size()) * (metrics.GroupHeaderHeight + kHeaderGap);
     for (const GroupEntry& group : category.Groups)
-        height += CountRows(group, buttonsPerRow) * kUnitStep;
-    return height;
+        height += qint64(CountRows(group, buttonsPerRow)) * kUnitStep;
+    return OnPanel(height);
+}
+
+qint64 BarsHeight(const PanelMetrics& metrics, std::size_t bars) {
+    return qint64(metrics.CategoryBarHeight) * qint64(bars);
 }
 
 // A panel higher than the work area would hide its bars behind a dock, or its top beyond the screen.
@@ -58,7 +67,7 @@ int PanelHeightOf(const CatalogueList& catalogue, const LayoutInput& input, doub
     }
     if (hasTree)
         height = std::max(height, kMinHeightWithTree);
-    height += input.Metrics.CategoryBarHeight * int(catalogue.size());
+    height = OnPanel(height + BarsHeight(input.Metrics, catalogue.size()));
     return std::min(height, HighestPanel(input.Screen));
 }
 
@@ -86,14 +95,14 @@ int PlaceButtons(const GroupEntry& group, const PanelGeometry& geometry, int y, 
         const bool half = height == kHalfUnit;
         const RowPacker::Place place = packer.Add(units, half);
         if (place.NewRow)
-            y += kUnitStep;
+            y = OnPanel(y + kUnitStep);
         const double left = geometry.Metrics.Margins.Left + RoundHalfEven(place.Unit + 0.9) * kUnitGap +
                             place.Unit * kUnit + HalfUnitAdjust(units, place.Unit);
         const TwipsRect rect{RoundHalfEven(left), y + LaneOffset(half, place.Lower),
                              ButtonWidthTwips(button.Style, geometry.ButtonsPerRow), height};
         placed.Buttons.push_back({button.ControlIndex, rect});
     }
-    return group.Buttons.empty() ? y : y + kUnitStep;
+    return group.Buttons.empty() ? y : OnPanel(y + kUnitStep);
 }
 
 void PlaceGroups(const CategoryEntry& category, const PanelGeometry& geometry, CategoryGeometry& placed) {
@@ -103,7 +112,7 @@ void PlaceGroups(const CategoryEntry& category, const PanelGeometry& geometry, C
         GroupGeometry& target = placed.Groups.emplace_back();
         target.ControlIndex = group.ControlIndex;
         target.Header = {metrics.Margins.Left, y, geometry.InnerWidth(), metrics.GroupHeaderHeight};
-        y = PlaceButtons(group, geometry, y + metrics.GroupHeaderHeight + kHeaderGap, target);
+        y = PlaceButtons(group, geometry, OnPanel(y + metrics.GroupHeaderHeight + kHeaderGap), target);
     }
 }
 
@@ -142,17 +151,18 @@ PanelGeometry LayoutPanel(const CatalogueList& catalogue, const LayoutInput& inp
     geometry.ButtonsPerRow = HeldButtonsPerRow(input);
     geometry.Metrics = input.Metrics;
     const FrameMargins& margins = input.Metrics.Margins;
-    const int barHeight = input.Metrics.CategoryBarHeight;
     geometry.PanelHeight = PanelHeightOf(catalogue, input, geometry.ButtonsPerRow);
     geometry.PanelWidth =
         margins.Left + margins.Right + RoundHalfEven(geometry.ButtonsPerRow * kUnitStep) + kUnitGap;
     PlaceWindowInside(input, geometry);
-    geometry.BarsTop = geometry.PanelHeight - margins.Bottom - barHeight * int(catalogue.size());
+    const qint64 barsBottom = geometry.PanelHeight - margins.Bottom;
+    geometry.BarsTop = OnPanel(barsBottom - BarsHeight(input.Metrics, catalogue.size()));
     geometry.GroupsAreaHeight = geometry.BarsTop - margins.Top;
     for (const CategoryEntry& category : catalogue) {
-        const int barTop = geometry.BarsTop + barHeight * int(geometry.Categories.size());
+        const std::size_t below = catalogue.size() - geometry.Categories.size();
         CategoryGeometry& placed = geometry.Categories.emplace_back();
-        placed.Bar = {margins.Left, barTop, geometry.InnerWidth(), barHeight};
+        placed.Bar = {margins.Left, OnPanel(barsBottom - BarsHeight(input.Metrics, below)),
+                      geometry.InnerWidth(), input.Metrics.CategoryBarHeight};
         PlaceGroups(category, geometry, placed);
     }
     return geometry;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/store/catalogue.h"
-#include "core/text/twips.h"
+#include "core/text/ranges.h"
 
 #include <vector>
 
@@ -31,7 +31,7 @@ struct ScreenMetrics {
 };
 
 // The narrowest panel, in button units; any smaller number counts as this one.
-inline constexpr double kFewestButtonsPerRow = 0.5;
+inline constexpr double kFewestButtonsPerRow = range::kButtonsPerRow.Lowest;
 
 // What the layout is made from besides the catalogue.
 struct LayoutInput {
@@ -58,8 +58,9 @@ struct CategoryGeometry {
     std::vector<GroupGeometry> Groups;
 };
 
-// Every rectangle of the panel, in twips from the window's top left corner. Category i, its group j and its
-// button k are those of the catalogue.
+// Every rectangle of the panel, in twips from the window's top left corner. What lies far outside of every
+// window, as in a category of thousands of groups, stands at the end of range::kPlace. Category i, its group
+// j and its button k are those of the catalogue.
 struct PanelGeometry {
     // The width that the layout was made for: the one in the settings, or less where the screen is too
     // narrow.

@@ -3,8 +3,6 @@
 #include "core/settings/settings.h"
 #include "core/text/text_rules.h"
 
-#include <algorithm>
-
 namespace paneda {
 
 namespace {
@@ -35,7 +33,7 @@ AdvanceForm ReadAdvanceForm(const IniText& settings, const AppState& state, bool
     form.HideOnStartup = settings.Value(setting::kProperties, setting::kHideOnStartup) == u'1';
     const QString icon =
         IfEmpty(settings.Value(setting::kProperties, setting::kSystemTrayIcon), QStringLiteral("1"));
-    form.TrayIcon = std::clamp(LeadingInt(icon), 1, kTrayIconCount);
+    form.TrayIcon = range::kTrayIcon.Nearest(LeadingInt(icon));
     return form;
 }
 

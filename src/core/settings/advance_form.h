@@ -3,6 +3,7 @@
 #include "core/files/file_io.h"
 #include "core/files/ini_text.h"
 #include "core/settings/app_state.h"
+#include "core/text/ranges.h"
 
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace paneda {
 enum class BrowserChoice { Default, Explorer, Firefox, Other };
 
 // How many pictures there are for the tray icon. They are numbered from 1.
-inline constexpr int kTrayIconCount = 12;
+inline constexpr int kTrayIconCount = range::kTrayIcon.Highest;
 
 // What the dialog of the advanced settings shows.
 struct AdvanceForm {

@@ -8,11 +8,11 @@
 
 namespace paneda {
 
-// Settings of the notes, kept in setting.ini.
+// Settings of the notes, kept in setting.ini. Numbers lie in the ranges of core/text/ranges.h.
 struct NoteSettings {
-    int Width = 500;  // pixels, at least 500
-    int Height = 500; // pixels, at least 500
-    int CompressSize = 0;
+    int Width = 500;      // pixels
+    int Height = 500;     // pixels
+    int CompressSize = 0; // kilobytes; 0 compresses no note
     QString FontName;
     double FontSize = 10; // points
 };
@@ -81,8 +81,8 @@ struct AppState {
     bool DriveOfProgram = false; // whether the drive that the program runs from has a button
     bool HideOnStartup = false;
     int SystemTrayIcon = 1;   // number of its picture, from 1
-    int MouseShowCenter = 1;  // not 0: a call by the mouse shows the panel at the cursor
-    int HotkeyShowCenter = 1; // not 0: a call by the hotkey does the same
+    int MouseShowCenter = 1;  // 1: a call by the mouse shows the panel at the cursor
+    int HotkeyShowCenter = 1; // 1: a call by the hotkey does the same
 
     // Trees and notes, kept in setting.ini. `AtLoad` is the value in the file; at exit only changed values
     // are written.

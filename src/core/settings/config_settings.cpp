@@ -1,11 +1,11 @@
 #include "core/settings/config_settings.h"
 
+#include "core/files/ini_text.h"
 #include "core/store/store_layout.h"
-#include "core/text/twips.h"
+#include "core/text/ranges.h"
 
 #include <QFileInfo>
 
-#include <algorithm>
 #include <cmath>
 
 namespace paneda {
@@ -13,8 +13,6 @@ namespace paneda {
 namespace {
 
 constexpr double kFeedHeight = 70; // pixels
-// A place further away than this comes from a damaged record.
-constexpr double kMaxTwips = 10'000'000;
 
 ConfigArray DefaultDriveTable() {
     ConfigArray values(27, ConfigValue(qint16(0)));
@@ -39,7 +37,8 @@ void ReadDriveTable(const ConfigFile& file, AppState& state) {
 
 int PlaceOf(const ConfigArray& values, std::size_t index) {
     const auto* twips = index < values.size() ? std::get_if<double>(&values[index]) : nullptr;
-    return twips && std::isfinite(*twips) ? int(std::clamp(*twips, -kMaxTwips, kMaxTwips)) : 0;
+    return twips ? int(HeldNumber(*twips, {double(range::kPlace.Lowest), double(range::kPlace.Highest)}, 0))
+                 : 0;
 }
 
 void ReadFirstRecords(const ConfigFile& file, AppState& state) {
@@ -52,18 +51,31 @@ void ReadFirstRecords(const ConfigFile& file, AppState& state) {
     state.Autostart = flag && *flag == 1;
 }
 
-double FiniteOr(double value, double fallback) {
-    return std::isfinite(value) ? value : fallback;
+double ReadReal(ConfigFile& file, int record, double fallback, const Range<double>& range) {
+    return HeldNumber(GetConfigRecord(file, record, fallback), range, fallback);
+}
+
+int ReadChoice(ConfigFile& file, int record, int usual, const Range<int>& range) {
+    return range.Or(GetConfigRecord(file, record, qint16(usual)), usual);
+}
+
+// Names are written into INI files and shown in messages.
+QString ReadName(ConfigFile& file, int record, const QString& fallback) {
+    return CutToIniValue(GetConfigRecord(file, record, fallback));
 }
 
 } // namespace
+
+double HeldNumber(double number, const Range<double>& range, double fallback) {
+    return std::isfinite(number) ? range.Nearest(number) : fallback;
+}
 
 void ReadConfigRecords(ConfigFile& file, AppState& state) {
     if (file.Bytes().isEmpty())
         WriteFirstRecords(file);
     ReadFirstRecords(file, state);
-    state.ButtonsPerRow = FiniteOr(GetConfigRecord(file, kRecordButtonsPerRow, 5.0), 5.0);
-    state.SkinName = GetConfigRecord(file, kRecordSkinName, QStringLiteral("Paneda Black Glass"));
+    state.ButtonsPerRow = ReadReal(file, kRecordButtonsPerRow, 5, range::kButtonsPerRow);
+    state.SkinName = ReadName(file, kRecordSkinName, QStringLiteral("Paneda Black Glass"));
     state.HideAfterLaunch = GetConfigRecord(file, kRecordHideAfterLaunch, false);
     state.MouseTriggerEnabled = GetConfigRecord(file, kRecordMouseTriggerEnabled, false);
     state.HotkeyEnabled = GetConfigRecord(file, kRecordHotkeyEnabled, false);
@@ -71,13 +83,13 @@ void ReadConfigRecords(ConfigFile& file, AppState& state) {
     state.HotkeyAlt = GetConfigRecord(file, kRecordHotkeyAlt, false);
     state.HotkeyShift = GetConfigRecord(file, kRecordHotkeyShift, false);
     state.HotkeyWin = GetConfigRecord(file, kRecordHotkeyWin, false);
-    state.HotkeyKey = GetConfigRecord(file, kRecordHotkeyKey, qint16(0));
-    state.UserName = GetConfigRecord(file, kRecordUserName, QStringLiteral("Master"));
-    state.MouseTriggerMode = GetConfigRecord(file, kRecordMouseTriggerMode, qint16(2));
+    state.HotkeyKey = ReadChoice(file, kRecordHotkeyKey, 0, range::kVirtualKey);
+    state.UserName = ReadName(file, kRecordUserName, QStringLiteral("Master"));
+    state.MouseTriggerMode = ReadChoice(file, kRecordMouseTriggerMode, 2, range::kMouseTriggerMode);
     state.ShowFeed = GetConfigRecord(file, kRecordShowFeed, true);
-    const double feedHeight = FiniteOr(GetConfigRecord(file, kRecordFeedHeight, kFeedHeight), kFeedHeight);
-    state.FeedHeight = state.ShowFeed ? PixelsToTwips(int(std::clamp(feedHeight, 0.0, 10'000.0))) : 0;
-    state.UserId = GetConfigRecord(file, kRecordUserId, QStringLiteral("default"));
+    const double feedHeight = ReadReal(file, kRecordFeedHeight, kFeedHeight, range::kFeedHeight);
+    state.FeedHeight = state.ShowFeed ? PixelsToTwips(int(feedHeight)) : 0;
+    state.UserId = ReadName(file, kRecordUserId, QStringLiteral("default"));
 }
 
 std::vector<FileError> LoadConfig(AppState& state) {

@@ -2,6 +2,7 @@
 
 #include "core/files/config_file.h"
 #include "core/settings/app_state.h"
+#include "core/text/ranges.h"
 
 #include <vector>
 
@@ -29,9 +30,13 @@ enum ConfigRecordNumber : int {
     kRecordUserId = 18,
 };
 
-// Fills the state from the records. Missing records 4 to 18 are added with their defaults; to an empty file
-// 1 to 3 are added too. For a record 1 to 3 that cannot be read the state gets the default, and the record is
-// left as it is. Only the records in memory are changed.
+// The number of a record, held to its range; the fallback for what is no finite number.
+double HeldNumber(double number, const Range<double>& range, double fallback);
+
+// Fills the state from the records. Numbers are held to the ranges of core/text/ranges.h, names to
+// kMaxIniValue characters; the records keep what they hold. Missing records 4 to 18 are added with their
+// defaults; to an empty file 1 to 3 are added too. For a record 1 to 3 that cannot be read the state gets the
+// default, and the record is left as it is. Only the records in memory are changed.
 void ReadConfigRecords(ConfigFile& file, AppState& state);
 
 // Reads `config` below state.AppFolder and writes its missing records. If the file cannot be read, the state

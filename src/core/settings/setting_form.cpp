@@ -3,8 +3,8 @@
 #include "core/settings/config_settings.h"
 #include "core/settings/settings.h"
 #include "core/store/store_layout.h"
+#include "core/text/ranges.h"
 #include "core/text/text_rules.h"
-#include "core/text/twips.h"
 
 namespace paneda {
 
@@ -33,9 +33,9 @@ bool NumberIsSet(const IniText& settings, QStringView key) {
     return LeadingInt(IfEmpty(settings.Value(setting::kProperties, key), QStringLiteral("1"))) != 0;
 }
 
-// 15 digits are as many as a double keeps of a typed number.
-QString NumberText(double number) {
-    return QString::number(number, 'g', 15);
+// A number of `config` as it is shown. 15 digits are as many as a double keeps of a typed number.
+QString NumberText(const ConfigFile& config, int record, double fallback, const Range<double>& range) {
+    return QString::number(HeldNumber(RecordOr(config, record, fallback), range, fallback), 'g', 15);
 }
 
 KeyWrite FlagKey(QStringView key, bool on) {
@@ -80,7 +80,7 @@ void ReadHotkey(const ConfigFile& config, const AppState& state, SettingForm& fo
     form.HotkeyAlt = RecordOr(config, kRecordHotkeyAlt, state.HotkeyAlt);
     form.HotkeyShift = RecordOr(config, kRecordHotkeyShift, state.HotkeyShift);
     form.HotkeyWin = RecordOr(config, kRecordHotkeyWin, state.HotkeyWin);
-    form.HotkeyKey = RecordOr(config, kRecordHotkeyKey, qint16(state.HotkeyKey));
+    form.HotkeyKey = range::kVirtualKey.Or(RecordOr(config, kRecordHotkeyKey, qint16(state.HotkeyKey)), 0);
 }
 
 FileResult WriteRecords(const std::vector<RecordWrite>& records, const QString& path) {
@@ -102,7 +102,7 @@ SettingForm ReadSettingForm(const ConfigFile& config, const IniText& settings, c
     SettingForm form;
     form.DriveTable = ReadDrives(config, state);
     form.DriveOfProgram = settings.Value(setting::kProperties, setting::kDriveOfProgram) == u'1';
-    form.ButtonsPerRow = NumberText(RecordOr(config, kRecordButtonsPerRow, state.ButtonsPerRow));
+    form.ButtonsPerRow = NumberText(config, kRecordButtonsPerRow, state.ButtonsPerRow, range::kButtonsPerRow);
     form.HideAfterLaunch = RecordOr(config, kRecordHideAfterLaunch, state.HideAfterLaunch);
     form.MouseTriggerEnabled = RecordOr(config, kRecordMouseTriggerEnabled, state.MouseTriggerEnabled);
     form.MouseClick = RecordOr(config, kRecordMouseTriggerMode, qint16(state.MouseTriggerMode)) == 1;
@@ -114,7 +114,7 @@ SettingForm ReadSettingForm(const ConfigFile& config, const IniText& settings, c
     form.UserId = state.UserId;
     form.ShowFeed = state.ShowFeed;
     const double stateHeight = TwipsToPixels(state.FeedHeight);
-    form.FeedHeight = NumberText(RecordOr(config, kRecordFeedHeight, stateHeight));
+    form.FeedHeight = NumberText(config, kRecordFeedHeight, stateHeight, range::kFeedHeight);
     return form;
 }
 

@@ -2,17 +2,15 @@
 
 #include "core/files/ini_file.h"
 #include "core/store/store_layout.h"
+#include "core/text/ranges.h"
 #include "core/text/text_rules.h"
-
-#include <algorithm>
-#include <climits>
 
 namespace paneda {
 
 namespace {
 
-constexpr int kMinNoteSide = 500; // pixels
 constexpr double kDefaultNoteOpacity = 0.8;
+constexpr double kUsualFontSize = 10; // points
 
 // Reads the keys of one section.
 class SectionReader {
@@ -23,15 +21,22 @@ public:
         const QString value = text_.Value(section_, key);
         return value.isEmpty() ? fallback.toString() : value;
     }
-    int Number(QStringView key, int fallback) const {
+    // Held to its range; `fallback` if it is missing.
+    int Number(QStringView key, const Range<int>& range, int fallback) const {
         const QString value = text_.Value(section_, key);
-        return value.isEmpty() ? fallback : LeadingInt(value);
+        return value.isEmpty() ? fallback : range.Nearest(LeadingInt(value));
     }
+    // `usual` for every number outside of the range too.
+    int Choice(QStringView key, const Range<int>& range, int usual) const {
+        return range.Or(LeadingInt(text_.Value(section_, key)), usual);
+    }
+    // 1 or, for the number 0, 0; a missing number counts as 1.
+    int Switch(QStringView key) const { return LeadingInt(Text(key, u"1")) != 0 ? 1 : 0; }
     bool IsOne(QStringView key) const { return text_.Value(section_, key) == u'1'; }
-    // Reads a percentage as a fraction, at most 1; `fallback` if it is missing or not above 0.
-    double Fraction(QStringView key, double fallback) const {
-        const double value = std::min(LeadingNumber(text_.Value(section_, key)) / 100, 1.0);
-        return value > 0 ? value : fallback;
+    // Reads a percentage as a fraction; `fallback` if it is missing or not above 0.
+    double Opacity(QStringView key, double fallback) const {
+        const double value = LeadingNumber(text_.Value(section_, key)) / 100;
+        return value > 0 ? range::kOpacity.Nearest(value) : fallback;
     }
 
 private:
@@ -41,33 +46,34 @@ private:
 
 void ReadProperties(const IniText& settings, AppState& state) {
     const SectionReader section(settings, setting::kProperties);
-    state.SelectedCategory = std::clamp(section.Number(setting::kCategory, 0), 1, SHRT_MAX) - 1;
+    state.SelectedCategory = section.Number(setting::kCategory, range::kCategoryNumber, 1) - 1;
     state.Browser = section.Text(u"browser", u"default");
     state.DriveOfProgram = section.IsOne(setting::kDriveOfProgram);
     state.HideOnStartup = section.IsOne(setting::kHideOnStartup);
-    state.SystemTrayIcon = section.Number(setting::kSystemTrayIcon, 1);
-    state.MouseShowCenter = section.Number(setting::kMouseShowCenter, 1);
-    state.HotkeyShowCenter = section.Number(setting::kHotkeyShowCenter, 1);
+    state.SystemTrayIcon = section.Number(setting::kSystemTrayIcon, range::kTrayIcon, 1);
+    state.MouseShowCenter = section.Switch(setting::kMouseShowCenter);
+    state.HotkeyShowCenter = section.Switch(setting::kHotkeyShowCenter);
 }
 
 void ReadNote(const IniText& settings, AppState& state) {
     const SectionReader section(settings, setting::kNote);
-    state.NoteOpacity = section.Fraction(setting::kOpacityPercent, kDefaultNoteOpacity);
+    state.NoteOpacity = section.Opacity(setting::kOpacityPercent, kDefaultNoteOpacity);
     state.NoteMaximized = SameName(section.Text(setting::kWindowState), u"maximize");
-    state.Note.Width = std::max(section.Number(u"width", kMinNoteSide), kMinNoteSide);
-    state.Note.Height = std::max(section.Number(u"height", kMinNoteSide), kMinNoteSide);
-    state.Note.CompressSize = section.Number(u"compress size", 0);
+    state.Note.Width = section.Number(u"width", range::kNoteSide, range::kNoteSide.Lowest);
+    state.Note.Height = section.Number(u"height", range::kNoteSide, range::kNoteSide.Lowest);
+    state.Note.CompressSize = section.Number(u"compress size", range::kCompressSize, 0);
     state.Note.FontName = section.Text(u"font name", u"Verdana");
     const double size = LeadingNumber(section.Text(u"font size"));
-    state.Note.FontSize = size == 0 ? 10 : size;
+    state.Note.FontSize = size > 0 ? range::kFontSize.Nearest(size) : kUsualFontSize;
 }
 
 void ReadSystray(const IniText& settings, CountdownSettings& countdown) {
     const SectionReader section(settings, setting::kSystray);
-    countdown.IconType = section.Number(u"countdown icon type", 2);
-    countdown.MessageIcon = section.Number(u"message icon", 3);
-    countdown.MessageStyle = section.Number(u"message style", 3);
-    countdown.NoMessageIconAfterStop = section.Number(u"no message icon after countdown stop", 1);
+    countdown.IconType = section.Choice(u"countdown icon type", range::kCountdownIcons, 2);
+    countdown.MessageIcon = section.Number(u"message icon", range::kMessageIcons, 3);
+    countdown.MessageStyle = section.Choice(u"message style", range::kMessageStyle, 3);
+    countdown.NoMessageIconAfterStop =
+        section.Number(u"no message icon after countdown stop", range::kSwitch, 1);
     countdown.PopupWindow = section.Text(u"countdown popup window");
     countdown.LaunchFile = section.Text(u"countdown launch file");
     countdown.LaunchFileName = section.Text(u"countdown launch file name");
@@ -85,8 +91,8 @@ QString Percent(double fraction) {
 void ReadSettings(const IniText& settings, AppState& state) {
     ReadProperties(settings, state);
     const SectionReader tree(settings, setting::kTree);
-    state.TreeOpacity = tree.Fraction(setting::kOpacityPercent, 1);
-    state.RecentChangeIndicator = tree.Number(u"recent change indicator", 0);
+    state.TreeOpacity = tree.Opacity(setting::kOpacityPercent, 1);
+    state.RecentChangeIndicator = tree.Number(u"recent change indicator", range::kRecentDays, 0);
     ReadNote(settings, state);
     ReadSystray(settings, state.Countdown);
     state.TreeOpacityAtLoad = state.TreeOpacity;

@@ -25,7 +25,8 @@ inline constexpr QStringView kWindowState = u"window state";
 } // namespace setting
 
 // Fills the state from the text of setting.ini. A missing or empty key gives the default. Of a value that
-// should be a number the digits at its start count; numbers beyond their limits are replaced by the limit.
+// should be a number the digits at its start count; numbers are held to the ranges of
+// core/text/ranges.h.
 // The fields named AtLoad get the values that were read.
 void ReadSettings(const IniText& settings, AppState& state);
 

@@ -2,6 +2,7 @@
 
 #include "core/store/store_layout.h"
 #include "core/text/checksum.h"
+#include "core/text/ranges.h"
 
 #include <QtEndian>
 
@@ -13,7 +14,8 @@ namespace {
 
 constexpr QByteArrayView kMark("PanedaC4");
 constexpr qsizetype kChecksumSize = 8;
-constexpr qint64 kMaxCacheFile = 256 * 1024 * 1024;
+// Bytes. Room for range::kEntries with names of the usual length.
+constexpr qint64 kMaxCacheFile = 8 * 1024 * 1024;
 
 class Writer {
 public:
@@ -36,7 +38,8 @@ private:
     QByteArray bytes_;
 };
 
-// If the bytes end too early, Ok() is false, and this and every later value reads as zero or as empty.
+// If the bytes end too early or a number is out of its range, Ok() is false, and this and every later value
+// reads as zero or as empty.
 class Reader {
 public:
     explicit Reader(QByteArrayView bytes) : rest_(bytes) {}
@@ -45,17 +48,20 @@ public:
     QByteArrayView Rest() const { return rest_; }
     QByteArrayView Bytes(qsizetype size) {
         if (size < 0 || size > rest_.size()) {
-            ok_ = false;
-            rest_ = {};
+            Fail();
             return {};
         }
         const QByteArrayView taken = rest_.first(size);
         rest_ = rest_.sliced(size);
         return taken;
     }
-    qint32 Number() {
+    qint32 Number(const Range<int>& range) {
         const QByteArrayView bytes = Bytes(sizeof(qint32));
-        return bytes.isEmpty() ? 0 : qFromLittleEndian<qint32>(bytes.data());
+        const qint32 number = bytes.isEmpty() ? 0 : qFromLittleEndian<qint32>(bytes.data());
+        if (range.Holds(number))
+            return number;
+        Fail();
+        return 0;
     }
     quint64 LongNumber() {
         const QByteArrayView bytes = Bytes(sizeof(quint64));
@@ -68,7 +74,7 @@ public:
     }
     // The same, into a text that is reused.
     void TextInto(QString& text) {
-        const QByteArrayView bytes = Bytes(Number());
+        const QByteArrayView bytes = Bytes(Number(range::kNameBytes));
         text.resize(bytes.size());
         QChar* target = text.data();
         unsigned char seen = 0;
@@ -81,28 +87,37 @@ public:
         if (seen >= 0x80)
             text = QString::fromUtf8(bytes);
     }
-    // Reads a list's entries with `read`. Stops where the bytes end, however many entries the list claims.
+    // Reads a list's entries with `read`. Stops where the bytes end, however many entries the list claims,
+    // and fails when all lists together have too many.
     template <class Entry, class Read>
     void List(std::vector<Entry>& list, Read read) {
-        const qint32 count = Number();
+        const qint32 count = Number({0, range::kEntries.Highest - entries_});
+        entries_ += count;
         list.reserve(std::size_t(std::clamp<qsizetype>(count, 0, rest_.size() / qsizetype(sizeof(Entry)))));
         for (qint32 i = 0; i < count && ok_; ++i)
             list.push_back(read());
     }
 
 private:
+    void Fail() {
+        ok_ = false;
+        rest_ = {};
+    }
+
     QByteArrayView rest_;
+    qint32 entries_ = 0; // of all lists so far
     bool ok_ = true;
 };
 
-// The sizes of a record in the order of the file.
+// The sizes of a record in the order of the file, each with its range.
 template <class Record, class Action>
 void ForEachSize(Record& record, Action action) {
     auto& sizes = record.Pictures.Sizes;
     for (auto* size : {&sizes.Group, &sizes.Category, &sizes.Bottom, &sizes.TopA, &sizes.LeftA, &sizes.RightA,
                        &sizes.TopLeft, &sizes.TopRight, &sizes.BottomLeft, &sizes.BottomRight, &sizes.Top,
-                       &sizes.Left, &sizes.Right, &record.Pictures.Window})
-        action(*size);
+                       &sizes.Left, &sizes.Right})
+        action(*size, range::kPiece);
+    action(record.Pictures.Window, range::kSide);
 }
 
 template <class Record, class Action>
@@ -145,8 +160,8 @@ void ShareStyle(ButtonEntry& button, const std::vector<ButtonEntry>& before) {
 // `text` is scratch memory.
 ButtonEntry ReadButton(Reader& reader, const QString& groupPath, const std::vector<ButtonEntry>& before,
                        QString& text) {
-    const qint32 index = reader.Number();
-    const bool isDrive = reader.Number() != 0;
+    const qint32 index = reader.Number(range::kEntries);
+    const bool isDrive = reader.Number(range::kSwitch) != 0;
     reader.TextInto(text);
     if (isDrive)
         return DriveButton(text.isEmpty() ? QChar() : text[0], index);
@@ -158,7 +173,7 @@ ButtonEntry ReadButton(Reader& reader, const QString& groupPath, const std::vect
 GroupEntry ReadGroup(Reader& reader, const QString& categoryPath) {
     GroupEntry group;
     group.FolderName = reader.Text();
-    group.ControlIndex = reader.Number();
+    group.ControlIndex = reader.Number(range::kEntries);
     group.PictureNames = reader.LongNumber();
     const QString path = categoryPath + u'\\' + group.FolderName;
     QString text;
@@ -169,7 +184,7 @@ GroupEntry ReadGroup(Reader& reader, const QString& categoryPath) {
 CategoryEntry ReadCategory(Reader& reader, const QString& appPath) {
     CategoryEntry category;
     category.FolderName = reader.Text();
-    const qint32 treeNumber = reader.Number();
+    const qint32 treeNumber = reader.Number({-1, range::kEntries.Highest});
     if (treeNumber >= 0)
         category.TreeNumber = treeNumber;
     category.Kind = category.TreeNumber ? QStringLiteral("T") : QStringLiteral("S");
@@ -185,7 +200,7 @@ QByteArray EncodeCache(const CacheRecord& record) {
     Writer contents;
     contents.Text(record.Pictures.Skin);
     contents.LongNumber(record.Pictures.Stamp);
-    ForEachSize(record, [&contents](const TwipsSize& size) {
+    ForEachSize(record, [&contents](const TwipsSize& size, const Range<int>&) {
         contents.Number(size.Width);
         contents.Number(size.Height);
     });
@@ -214,11 +229,11 @@ std::optional<CacheRecord> DecodeCache(const QByteArray& bytes, const QString& p
         return std::nullopt;
     record.Pictures.Skin = reader.Text();
     record.Pictures.Stamp = reader.LongNumber();
-    ForEachSize(record, [&reader](TwipsSize& size) {
-        size.Width = reader.Number();
-        size.Height = reader.Number();
+    ForEachSize(record, [&reader](TwipsSize& size, const Range<int>& range) {
+        size.Width = reader.Number(range);
+        size.Height = reader.Number(range);
     });
-    ForEachFlag(record, [&reader](bool& flag) { flag = reader.Number() != 0; });
+    ForEachFlag(record, [&reader](bool& flag) { flag = reader.Number(range::kSwitch) != 0; });
     reader.List(record.Catalogue, [&] { return ReadCategory(reader, appPath); });
     if (!reader.Ok() || !reader.Rest().isEmpty())
         return std::nullopt;

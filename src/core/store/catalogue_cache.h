@@ -74,7 +74,8 @@ struct CacheRecord {
 // its cache.
 QByteArray EncodeCache(const CacheRecord& record);
 
-// No value for a cache of another version, and for a damaged, short or foreign file. `appPath` is the
+// No value for a cache of another version, for a damaged, short or foreign file, and for one with a number
+// out of its range (core/text/ranges.h) or with too many entries: the store is then scanned. `appPath` is the
 // program's folder in the stored form, from which the buttons' paths are made.
 std::optional<CacheRecord> DecodeCache(const QByteArray& bytes, const QString& productVersion,
                                        const QString& appPath);
