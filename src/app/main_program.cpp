@@ -8,6 +8,8 @@
 #include <QIcon>
 #include <QTimer>
 
+#include <utility>
+
 namespace paneda {
 
 namespace {
@@ -28,8 +30,8 @@ void FillAppState(AppState& state, const QString& executableFolder, Volumes& vol
     FillEdition(state);
 }
 
-MainProgram::MainProgram(Platform platform, const QString& executablePath)
-    : platform_(std::move(platform)), executablePath_(executablePath) {
+MainProgram::MainProgram(Platform platform, const QString& executablePath, std::function<void()> ending)
+    : platform_(std::move(platform)), executablePath_(executablePath), ending_(std::move(ending)) {
     FillAppState(state_, QFileInfo(executablePath).absolutePath(), *platform_.Volumes);
     prompts_ = std::make_unique<QtPrompts>(state_.ProductName);
     SettingServices settings{.Prompts = *prompts_,
@@ -70,9 +72,26 @@ int MainProgram::Run() {
     // Later, so that the panel is on the screen before the icon's pictures are read.
     QTimer::singleShot(0, this, &SetApplicationIcon);
     const int status = QApplication::exec();
+    // The toolkit may have ended the loop by itself, as at the end of a session.
+    panel_->Form_Unload();
+    End();
     platform_.Hotkey->Unregister();
     dialogs_->CloseAll();
+    // Not before everything has returned that could still write to the store, or two instances would use it.
+    // And before anything waits, so that the next start is accepted at once.
+    platform_.InstanceLock->Release();
     return status;
+}
+
+// The panel has been unloaded for the last time.
+void MainProgram::End() {
+    if (std::exchange(isEnding_, true))
+        return;
+    state_.Exiting = true;
+    if (ending_)
+        ending_();
+    // Not quit(), which first asks each window, and one that is in the middle of a question may refuse.
+    QCoreApplication::exit();
 }
 
 void MainProgram::ListenToOutside() {
@@ -96,6 +115,9 @@ PlaceScene MainProgram::Scene() const {
 
 void MainProgram::ReloadPanel() {
     panel_->Form_Unload();
+    // The user, or the end of the session, may have ended the program while a message was shown.
+    if (isEnding_)
+        return;
     panel_.reset();
     state_.IgnoreCache = true;
     LoadPanel();
@@ -123,7 +145,7 @@ void MainProgram::LoadPanel() {
                                  .Prompts = *prompts_,
                                  .MenuActions = dialogs_->Actions()};
     panel_ = std::make_unique<frmMain>(state_, services);
-    connect(panel_.get(), &frmMain::Unloaded, qApp, &QCoreApplication::quit);
+    connect(panel_.get(), &frmMain::Unloaded, this, &MainProgram::End);
     panel_->Form_Load();
 }
 

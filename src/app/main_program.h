@@ -8,6 +8,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 namespace paneda {
@@ -21,7 +22,8 @@ class MainProgram : public QObject {
     Q_OBJECT
 
 public:
-    MainProgram(Platform platform, const QString& executablePath);
+    // `ending` is called once, when the program is about to end and all that it keeps is on the disk.
+    MainProgram(Platform platform, const QString& executablePath, std::function<void()> ending = {});
     ~MainProgram() override;
 
     // Runs the program until the panel is closed; returns the exit status. If this executable runs already,
@@ -29,21 +31,25 @@ public:
     // only shows a message (1).
     int Run();
 
-    // Deletes the panel and builds a new one from the store. The cache is not used.
+    // Deletes the panel and builds a new one from the store. The cache is not used. Does nothing while the
+    // program ends.
     void ReloadPanel();
 
 private:
     void LoadPanel();
     void ListenToOutside();
+    void End();
     PlaceScene Scene() const;
 
     Platform platform_;
     QString executablePath_;
+    std::function<void()> ending_;
     AppState state_;
     std::unique_ptr<QtPrompts> prompts_;
     NoSatellites satellites_;
     std::unique_ptr<PanelDialogs> dialogs_;
     std::unique_ptr<frmMain> panel_;
+    bool isEnding_ = false;
 };
 
 } // namespace paneda

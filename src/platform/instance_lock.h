@@ -9,10 +9,13 @@ class InstanceLock {
 public:
     virtual ~InstanceLock() = default;
 
-    // Takes the lock of this executable and keeps it until the process ends, however it ends. False if
+    // Takes the lock of this executable and keeps it until Release or the end of the process. False if
     // another process has it. If the lock cannot be made at all, the answer is true: to start twice is better
     // than not to start.
     virtual bool TryLock(const QString& executablePath) = 0;
+
+    // Lets the next instance start. Does nothing without a lock.
+    virtual void Release() = 0;
 };
 
 } // namespace paneda

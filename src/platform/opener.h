@@ -19,7 +19,8 @@ public:
     // Begins what the request asks for and returns at once, without a result: if something cannot be found or
     // started, the desktop tells the user, by a notification on Linux and by the shell's own message on
     // Windows. Neither makes the panel wait for an answer. Started programs keep running when the panel ends
-    // and leave no zombie.
+    // and leave no zombie. The destructor waits half a second for starts that are not complete, and leaves
+    // threads that take longer to EndProcess.
     virtual void Open(const LaunchRequest& request, const LaunchPaths& paths) = 0;
 };
 

@@ -6,7 +6,7 @@ namespace paneda {
 
 namespace {
 
-constexpr unsigned long kWaitAtEnd = 2'000; // ms
+constexpr unsigned long kWaitAtEnd = 200; // ms
 
 } // namespace
 
@@ -19,7 +19,7 @@ ThreadedPlayer::~ThreadedPlayer() {
     board_->CloseAll();
     Tell([](SoundWorker& worker) { worker.CloseAll(); });
     thread_->quit();
-    // A thread that hangs stays until the process ends; to destroy a running thread would abort the program.
+    // A thread that hangs stays until EndProcess; to destroy a running thread would abort the program.
     if (!thread_->wait(kWaitAtEnd))
         static_cast<void>(thread_.release());
 }

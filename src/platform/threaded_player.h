@@ -19,7 +19,7 @@ public:
     using MakeWorker = std::function<std::unique_ptr<SoundWorker>(std::shared_ptr<SoundBoard>)>;
 
     explicit ThreadedPlayer(MakeWorker makeWorker);
-    // Waits at most 2 s for a device that hangs.
+    // Waits a fifth of a second at most for a device that hangs.
     ~ThreadedPlayer() override;
     Q_DISABLE_COPY_MOVE(ThreadedPlayer)
 

@@ -22,11 +22,11 @@ namespace {
 
 class FakeLock : public InstanceLock {
 public:
-    explicit FakeLock(bool isFree) : isFree_(isFree) {}
-    bool TryLock(const QString&) override { return isFree_; }
+    explicit FakeLock(bool isFree) : IsFree(isFree) {}
+    bool TryLock(const QString&) override { return std::exchange(IsFree, false); }
+    void Release() override { IsFree = true; }
 
-private:
-    bool isFree_;
+    bool IsFree;
 };
 
 Platform FakePlatform(bool isFirst) {
@@ -82,9 +82,14 @@ void tst_main_program::reload() {
     QVERIFY(useHotkey(true));
     Platform platform = FakePlatform(true);
     const auto& hotkey = static_cast<const FakeHotkey&>(*platform.Hotkey);
+    const auto& lock = static_cast<const FakeLock&>(*platform.InstanceLock);
+    bool savedInTime = false;
     bool heldAtFirst = false;
     bool heldAfterwards = true;
-    MainProgram program(std::move(platform), store.Path(u"paneda"_s));
+    const auto ending = [&] {
+        savedInTime = !lock.IsFree && !store.Bytes(u"setting.ini"_s).isEmpty();
+    };
+    MainProgram program(std::move(platform), store.Path(u"paneda"_s), ending);
     QPointer<frmMain> first;
     std::vector<OpenedCategory> seen;
     bool hiddenPanelShown = false;
@@ -112,6 +117,7 @@ void tst_main_program::reload() {
     QCOMPARE(program.Run(), 0);
     QVERIFY(hiddenPanelShown);
     QVERIFY(first.isNull());
+    QVERIFY(savedInTime && lock.IsFree);
     // The old registration would call the panel that is gone.
     QVERIFY(heldAtFirst && !heldAfterwards);
     QCOMPARE(seen.size(), 2U);

@@ -4,11 +4,15 @@
 #include "support/link_builder.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTest>
 
 #include <csignal>
 #include <memory>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace paneda;
 using namespace Qt::StringLiterals;
@@ -38,6 +42,24 @@ void UseHandler(const QString& script) {
                 "x-scheme-handler/https=mark.desktop\n");
 }
 
+// Makes every start of a program wait in the kernel, as on a network that no longer answers, while it lives.
+class Unanswered {
+public:
+    explicit Unanswered(const QString& file)
+        : file_(::open(QFile::encodeName(file).constData(), O_RDONLY | O_CLOEXEC)) {
+        ::signal(SIGIO, SIG_IGN); // the request to give the lease back
+        isHeld_ = ::fcntl(file_, F_SETLEASE, F_WRLCK) == 0;
+    }
+    ~Unanswered() { ::close(file_); }
+    Q_DISABLE_COPY_MOVE(Unanswered)
+
+    bool IsHeld() const { return isHeld_; }
+
+private:
+    int file_;
+    bool isHeld_ = false;
+};
+
 } // namespace
 
 // Presses on buttons of the installed program, and what they start.
@@ -52,6 +74,7 @@ private Q_SLOTS:
     void chosenBrowser();
     void outcomes();
     void windowState();
+    void endAtOnce();
 
 private:
     void AddButton(const QString& name, const QByteArray& bytes) const {
@@ -83,6 +106,7 @@ void tst_desktop_launch::initTestCase() {
     AddButton(u"[015] Shortcut.lnk"_s, MakeLink({.LocalPath = mark,
                                                  .WorkingFolder = program_->Stored(u"@/Work"_s),
                                                  .Arguments = u"-x \"a b\""_s}));
+    AddButton(u"[016] No window.pnd"_s, Record(mark, u"Window State=Minimized"_s));
     for (const char* state : {"Minimized", "Maximized"}) {
         const QString more = u"Parameter=-T \"A Window\" -e sleep 60\nWindow State=%1"_s;
         AddButton(u"[014] %1.pnd"_s.arg(QLatin1StringView(state)),
@@ -165,6 +189,32 @@ void tst_desktop_launch::windowState() {
     ClickAt(program_->Button(u"[014] Minimized.pnd"_s), 1, {u"shift"_s});
     QTRY_COMPARE(WindowState(FindWindow(u"A Window"_s)), u"Iconic"_s);
     QVERIFY(program_->HasEnded());
+}
+
+// The end waits neither for a window that never comes nor for a start that the kernel holds up, and both
+// programs run all the same.
+void tst_desktop_launch::endAtOnce() {
+    program_->AddMark(u"Slow/xdg-open"_s);
+    program_->SetVariable(u"PATH"_s, program_->Expand(u"@/Slow:"_s) + qEnvironmentVariable("PATH"));
+    QVERIFY(program_->Start());
+    {
+        const Unanswered opener(program_->Expand(u"@/Slow/xdg-open"_s));
+        if (!opener.IsHeld())
+            QSKIP("This file system knows no leases.");
+        ClickAt(program_->Button(u"[008] Document.pnd"_s), 1);
+        const QPoint last = program_->Button(u"[016] No window.pnd"_s);
+        QElapsedTimer clock;
+        clock.start();
+        ClickAt(last, 1, {u"shift"_s});
+        QVERIFY(program_->HasEnded());
+        const qint64 took = clock.elapsed();
+        QVERIFY2(took < 2000, qPrintable(QString::number(took)));
+        QCOMPARE(program_->ExitCode(), 0);
+        QCOMPARE(program_->NextStart(), u"@/Tools/mark in @/Tools"_s);
+        QVERIFY(program_->Start());
+    }
+    QCOMPARE(program_->NextStart(), u"@/Slow/xdg-open in @/Tools: @/Tools/a letter.txt"_s);
+    QVERIFY(program_->Close());
 }
 
 QTEST_MAIN(tst_desktop_launch)

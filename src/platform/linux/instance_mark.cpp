@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include <cerrno>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -25,8 +26,16 @@ QString MarkPath(const QString& executablePath) {
 } // namespace
 
 InstanceMark::~InstanceMark() {
-    if (file_ >= 0)
-        ::close(file_);
+    Release();
+}
+
+void InstanceMark::Release() {
+    if (file_ < 0)
+        return;
+    // A child that a dead network place holds up before it has become another program has the file open too,
+    // so that closing it here would not end the lock.
+    ::flock(file_, LOCK_UN);
+    ::close(std::exchange(file_, -1));
 }
 
 bool InstanceMark::TryLock(const QString& executablePath) {

@@ -13,6 +13,7 @@ public:
     Q_DISABLE_COPY_MOVE(InstanceMark)
 
     bool TryLock(const QString& executablePath) override;
+    void Release() override;
 
 private:
     int file_ = -1;

@@ -12,7 +12,8 @@ namespace paneda {
 
 namespace {
 
-constexpr int kWorkers = 8;
+constexpr int kWaitAtEnd = 500;      // ms
+constexpr int kLastNoticeWait = 100; // ms
 
 // Empty, or why it does not run.
 QString StartDetached(const StartPlan& plan) {
@@ -34,8 +35,10 @@ QString StartOpener(const StartPlan& plan) {
     return reason.isEmpty() ? QString() : FileError{plan.Arguments.last(), reason}.Text();
 }
 
-void Start(const LaunchRequest& request, const LaunchPaths& paths) {
+void Start(const LaunchRequest& request, const LaunchPaths& paths, LaunchTurn& turn) {
     const StartPlan plan = PlanStart(request, paths);
+    if (!turn.Begin())
+        return;
     QString problem = plan.Problem;
     if (!plan.Program.isEmpty())
         problem = ProblemText(request.Name, plan.OwnsWindow ? StartDetached(plan) : StartOpener(plan));
@@ -45,12 +48,18 @@ void Start(const LaunchRequest& request, const LaunchPaths& paths) {
 
 } // namespace
 
-LinuxOpener::LinuxOpener() {
-    workers_.setMaxThreadCount(kWorkers);
+LinuxOpener::~LinuxOpener() {
+    QStringList problems;
+    const QString reason =
+        QStringLiteral("The disk or the network did not answer before Paneda Launcher ended.");
+    for (const QString& name : workers_.End(kWaitAtEnd))
+        problems.append(ProblemText(name, reason));
+    if (!problems.isEmpty())
+        TellSession(problems.join(u'\n'), kLastNoticeWait);
 }
 
 void LinuxOpener::Open(const LaunchRequest& request, const LaunchPaths& paths) {
-    workers_.start([request, paths] { Start(request, paths); });
+    workers_.Run(request.Name, [request, paths](LaunchTurn& turn) { Start(request, paths, turn); });
 }
 
 } // namespace paneda

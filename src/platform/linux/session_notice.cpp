@@ -9,7 +9,6 @@ namespace paneda {
 
 namespace {
 
-constexpr int kWait = 2000; // ms
 constexpr int kUsualTime = -1;
 const QString kService = QStringLiteral("org.freedesktop.Notifications");
 const QString kTitle = QStringLiteral("Paneda Launcher");
@@ -21,7 +20,7 @@ QString AsBody(QString text) {
         .replace(u'>', QStringLiteral("&gt;"));
 }
 
-bool Notify(const QString& text) {
+bool Notify(const QString& text, int wait) {
     const std::optional<QDBusConnection> bus = SessionBus();
     if (!bus)
         return false;
@@ -29,13 +28,13 @@ bool Notify(const QString& text) {
         kService, QStringLiteral("/org/freedesktop/Notifications"), kService, QStringLiteral("Notify"));
     call.setArguments({kTitle, 0U, QStringLiteral("dialog-error"), kTitle, AsBody(text), QStringList(),
                        QVariantMap(), kUsualTime});
-    return bus->call(call, QDBus::Block, kWait).type() == QDBusMessage::ReplyMessage;
+    return bus->call(call, QDBus::Block, wait).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace
 
-void TellSession(const QString& text) {
-    if (!Notify(text))
+void TellSession(const QString& text, int wait) {
+    if (!Notify(text, wait))
         qWarning("%s", qUtf8Printable(text));
 }
 

@@ -16,11 +16,11 @@ QString MutexName(const QString& executablePath) {
 } // namespace
 
 MutexLock::~MutexLock() {
-    Drop();
+    Release();
 }
 
 bool MutexLock::TryLock(const QString& executablePath) {
-    Drop();
+    Release();
     mutex_ = CreateMutexW(nullptr, FALSE, Wide(MutexName(executablePath)));
     const DWORD error = GetLastError();
     if (!mutex_)
@@ -28,11 +28,11 @@ bool MutexLock::TryLock(const QString& executablePath) {
         return error != ERROR_ACCESS_DENIED;
     if (error != ERROR_ALREADY_EXISTS)
         return true;
-    Drop();
+    Release();
     return false;
 }
 
-void MutexLock::Drop() {
+void MutexLock::Release() {
     if (mutex_)
         CloseHandle(mutex_);
     mutex_ = nullptr;

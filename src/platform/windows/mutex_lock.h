@@ -13,10 +13,9 @@ public:
     Q_DISABLE_COPY_MOVE(MutexLock)
 
     bool TryLock(const QString& executablePath) override;
+    void Release() override;
 
 private:
-    void Drop();
-
     void* mutex_ = nullptr; // handle
 };
 

@@ -15,8 +15,7 @@ namespace paneda {
 
 namespace {
 
-constexpr int kWorkers = 8;
-constexpr int kWaitAtEnd = 30'000; // ms
+constexpr int kWaitAtEnd = 500; // ms
 
 static_assert(int(ShowCommand::Normal) == SW_SHOWNORMAL && int(ShowCommand::Minimized) == SW_SHOWMINIMIZED &&
               int(ShowCommand::Maximized) == SW_SHOWMAXIMIZED);
@@ -63,10 +62,12 @@ void TellEmptyTarget(const LaunchRequest& request) {
     MessageBoxW(nullptr, Wide(text), L"Paneda Launcher", MB_OK | MB_ICONERROR | MB_SETFOREGROUND);
 }
 
-void Start(const LaunchRequest& request, const LaunchPaths& paths, HWND owner) {
+void Start(const LaunchRequest& request, const LaunchPaths& paths, HWND owner, LaunchTurn& turn) {
     const ComScope com;
     const QuietErrors quiet;
     const ShellCall call = PlanShellCall(request, paths);
+    if (!turn.Begin())
+        return;
     if (call.File.isEmpty()) {
         TellEmptyTarget(request);
         return;
@@ -102,20 +103,16 @@ ShellCall PlanShellCall(const LaunchRequest& request, const LaunchPaths& paths) 
     return {};
 }
 
-ShellOpener::ShellOpener() : workers_(std::make_unique<QThreadPool>()) {
-    workers_->setMaxThreadCount(kWorkers);
-}
-
 ShellOpener::~ShellOpener() {
-    // A call that hangs stays until the process ends; to destroy the pool would wait for it.
-    if (!workers_->waitForDone(kWaitAtEnd))
-        static_cast<void>(workers_.release());
+    // Those that were given up are not told: a message of the system would end with this process.
+    static_cast<void>(workers_.End(kWaitAtEnd));
 }
 
 void ShellOpener::Open(const LaunchRequest& request, const LaunchPaths& paths) {
     // The window that was pressed; the system's own questions appear in front of it.
     const HWND owner = GetActiveWindow();
-    workers_->start([request, paths, owner] { Start(request, paths, owner); });
+    workers_.Run(request.Name,
+                 [request, paths, owner](LaunchTurn& turn) { Start(request, paths, owner, turn); });
 }
 
 } // namespace paneda

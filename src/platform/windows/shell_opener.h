@@ -1,10 +1,7 @@
 #pragma once
 
+#include "platform/launch_workers.h"
 #include "platform/opener.h"
-
-#include <QThreadPool>
-
-#include <memory>
 
 namespace paneda {
 
@@ -24,18 +21,18 @@ struct ShellCall {
 ShellCall PlanShellCall(const LaunchRequest& request, const LaunchPaths& paths);
 
 // Passes targets to the shell on other threads, because the shell may access a slow volume and may wait for
-// the program that it starts. If the panel ends meanwhile, this process stays without a window until the
-// shell has finished, at most 30 s.
+// the program that it starts. The end of the panel cuts a call short that takes longer than half a second,
+// and closes a message of the shell.
 class ShellOpener : public Opener {
 public:
-    ShellOpener();
+    ShellOpener() = default;
     ~ShellOpener() override;
     Q_DISABLE_COPY_MOVE(ShellOpener)
 
     void Open(const LaunchRequest& request, const LaunchPaths& paths) override;
 
 private:
-    std::unique_ptr<QThreadPool> workers_;
+    LaunchWorkers workers_;
 };
 
 } // namespace paneda

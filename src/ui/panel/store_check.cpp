@@ -12,7 +12,8 @@ namespace paneda {
 
 namespace {
 
-constexpr unsigned long kWaitAtEnd = 2'000; // milliseconds
+// Milliseconds; enough for any disk that is not asleep.
+constexpr unsigned long kWaitAtEnd = 100;
 
 } // namespace
 
@@ -27,7 +28,8 @@ StoreFindings LookAtDisk(const CachedStart& cached) {
 }
 
 StoreCheck::~StoreCheck() {
-    // A thread that still runs is not deleted: deleting a running QThread would abort the program.
+    // A thread that runs longer deletes itself if the program runs on, and otherwise stays until EndProcess.
+    // It uses nothing but what it holds itself.
     if (worker_ && worker_->wait(kWaitAtEnd))
         delete worker_;
 }
@@ -37,8 +39,8 @@ void StoreCheck::Start(CachedStart cached, std::function<void(CatalogueList)> ch
         return;
     auto found = std::make_shared<StoreFindings>();
     worker_ = QThread::create([found, cached = std::move(cached)] { *found = LookAtDisk(cached); });
+    connect(worker_, &QThread::finished, worker_, &QObject::deleteLater);
     connect(worker_, &QThread::finished, this, [this, found, changed = std::move(changed)] {
-        worker_->deleteLater();
         worker_ = nullptr;
         if (found->Differs)
             changed(std::move(found->Catalogue));

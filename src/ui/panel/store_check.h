@@ -3,6 +3,7 @@
 #include "core/store/catalogue_loader.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QThread>
 
 #include <functional>
@@ -33,7 +34,7 @@ class StoreCheck : public QObject {
 
 public:
     StoreCheck() = default;
-    // Waits 2 seconds at most for a worker that still runs.
+    // Waits a tenth of a second at most for a worker that still runs.
     ~StoreCheck() override;
 
     // If something differs, `changed` is called from the event loop with the catalogue that was read. It is
@@ -41,7 +42,7 @@ public:
     void Start(CachedStart cached, std::function<void(CatalogueList)> changed);
 
 private:
-    QThread* worker_ = nullptr;
+    QPointer<QThread> worker_;
 };
 
 } // namespace paneda
