@@ -88,6 +88,7 @@ void MainProgram::End() {
     if (std::exchange(isEnding_, true))
         return;
     state_.Exiting = true;
+    platform_.OutsideRequest->Stop();
     if (ending_)
         ending_();
     // Not quit(), which first asks each window, and one that is in the middle of a question may refuse.

@@ -17,6 +17,9 @@ public:
     // Returns at once; false if the desktop has no way to receive requests.
     virtual bool Listen(const QString& executablePath, std::function<void(const QString& text)> execute) = 0;
 
+    // Ends Listen: later requests get no answer, and `execute` is not called after this.
+    virtual void Stop() = 0;
+
     // Asks the instance of this executable that listens in another process to show its panel, and lets it
     // come to the front. Waits at most a second; false if nobody answered.
     virtual bool Send(const QString& executablePath) = 0;

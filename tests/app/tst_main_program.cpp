@@ -83,16 +83,18 @@ void tst_main_program::reload() {
     Platform platform = FakePlatform(true);
     const auto& hotkey = static_cast<const FakeHotkey&>(*platform.Hotkey);
     const auto& lock = static_cast<const FakeLock&>(*platform.InstanceLock);
+    const auto& requests = static_cast<const FakeRequests&>(*platform.OutsideRequest);
     bool savedInTime = false;
     bool heldAtFirst = false;
     bool heldAfterwards = true;
     const auto ending = [&] {
-        savedInTime = !lock.IsFree && !store.Bytes(u"setting.ini"_s).isEmpty();
+        savedInTime = !lock.IsFree && !requests.Execute && !store.Bytes(u"setting.ini"_s).isEmpty();
     };
     MainProgram program(std::move(platform), store.Path(u"paneda"_s), ending);
     QPointer<frmMain> first;
     std::vector<OpenedCategory> seen;
     bool hiddenPanelShown = false;
+    bool shownAfterEnd = true;
     QTimer::singleShot(0, qApp, [&] {
         first = ShownPanel();
         if (!first)
@@ -111,13 +113,16 @@ void tst_main_program::reload() {
         if (!second)
             return QApplication::quit();
         seen.push_back(second->Opened());
+        const auto late = requests.Execute;
         second->close();
+        late({});
+        shownAfterEnd = ShownPanel() != nullptr;
     });
     QTimer::singleShot(30'000, qApp, &QCoreApplication::quit);
     QCOMPARE(program.Run(), 0);
     QVERIFY(hiddenPanelShown);
     QVERIFY(first.isNull());
-    QVERIFY(savedInTime && lock.IsFree);
+    QVERIFY(savedInTime && lock.IsFree && !shownAfterEnd);
     // The old registration would call the panel that is gone.
     QVERIFY(heldAtFirst && !heldAfterwards);
     QCOMPARE(seen.size(), 2U);

@@ -104,8 +104,13 @@ public:
 class FakeRequests : public OutsideRequest {
 public:
     QStringList Sent; // executable paths
+    std::function<void(const QString&)> Execute;
 
-    bool Listen(const QString&, std::function<void(const QString&)>) override { return true; }
+    bool Listen(const QString&, std::function<void(const QString&)> execute) override {
+        Execute = std::move(execute);
+        return true;
+    }
+    void Stop() override { Execute = {}; }
     bool Send(const QString& executablePath) override {
         Sent.append(executablePath);
         return true;

@@ -5,6 +5,8 @@
 
 #include <QDBusMessage>
 
+#include <utility>
+
 namespace paneda {
 
 namespace {
@@ -29,10 +31,16 @@ void CallBus(const QDBusConnection& bus, const QString& method, const QVariantLi
 } // namespace
 
 DBusRequests::~DBusRequests() {
-    if (ownName_.isEmpty())
+    Stop();
+}
+
+void DBusRequests::Stop() {
+    execute_ = {};
+    const QString own = std::exchange(ownName_, {});
+    if (own.isEmpty())
         return;
     if (std::optional<QDBusConnection> bus = SessionBus()) {
-        for (const QString& name : {kName, ownName_})
+        for (const QString& name : {kName, own})
             CallBus(*bus, QStringLiteral("ReleaseName"), {name});
         bus->unregisterObject(kPath);
     }
@@ -65,7 +73,12 @@ bool DBusRequests::Send(const QString& executablePath) {
 void DBusRequests::Execute(const QString& text) {
     // Later, so that the sender gets its answer before the panel is shown.
     QMetaObject::invokeMethod(
-        this, [this, text] { execute_(text); }, Qt::QueuedConnection);
+        this,
+        [this, text] {
+            if (execute_)
+                execute_(text);
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace paneda

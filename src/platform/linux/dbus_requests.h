@@ -18,6 +18,7 @@ public:
     ~DBusRequests() override;
 
     bool Listen(const QString& executablePath, std::function<void(const QString& text)> execute) override;
+    void Stop() override;
     bool Send(const QString& executablePath) override;
 
     Q_SCRIPTABLE void Execute(const QString& text);

@@ -4,6 +4,7 @@
 #include "platform/windows/wide_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace paneda {
 
@@ -40,14 +41,22 @@ QString DdeCommandText(const QByteArray& bytes) {
 }
 
 DdeRequests::~DdeRequests() {
-    if (instance_ != 0) {
-        DdeUninitialize(instance_);
-        listener = nullptr;
-    }
+    Stop();
+}
+
+void DdeRequests::Stop() {
+    execute_ = {};
+    const DWORD instance = std::exchange(instance_, 0);
+    if (instance == 0)
+        return;
+    DdeUninitialize(instance);
+    listener = nullptr;
     if (hasTurn_ && turn_)
         ReleaseMutex(turn_);
     if (turn_)
         CloseHandle(turn_);
+    turn_ = nullptr;
+    hasTurn_ = false;
 }
 
 bool DdeRequests::Listen(const QString& executablePath, std::function<void(const QString& text)> execute) {
@@ -114,7 +123,12 @@ void DdeRequests::Execute(HDDEDATA command) {
     DdeUnaccessData(command);
     // Later, so that the sender gets its answer before the panel is shown.
     QMetaObject::invokeMethod(
-        &context_, [this, text] { execute_(text); }, Qt::QueuedConnection);
+        &context_,
+        [this, text] {
+            if (execute_)
+                execute_(text);
+        },
+        Qt::QueuedConnection);
 }
 
 HDDEDATA CALLBACK DdeRequests::Callback(UINT type, UINT, HCONV, HSZ first, HSZ second, HDDEDATA data,

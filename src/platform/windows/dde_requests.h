@@ -21,6 +21,7 @@ public:
     Q_DISABLE_COPY_MOVE(DdeRequests)
 
     bool Listen(const QString& executablePath, std::function<void(const QString& text)> execute) override;
+    void Stop() override;
     bool Send(const QString& executablePath) override;
 
 private:

@@ -161,6 +161,8 @@ void frmMain::ShowPicture(const QImage& picture) {
 }
 
 void frmMain::AfterFirstPaint() {
+    if (unloaded_)
+        return;
     if (load_.CacheValid)
         CheckStore();
     // The pictures of a cached start show the free space of an earlier session, and without a reading the
@@ -308,6 +310,9 @@ void frmMain::Form_LinkExecute(const QString&) {
 }
 
 void frmMain::BringToFront() {
+    // A request may still arrive while the user reads why the place could not be saved.
+    if (unloaded_)
+        return;
     if (isMinimized())
         showNormal();
     else
@@ -355,6 +360,8 @@ void frmMain::Form_Unload() {
         return;
     unloaded_ = true;
     hide();
+    prepare_.stop();
+    drivesChange_.stop();
     const FileResult saved = SaveAtExit(state_);
     calls_.Stop();
     services_.Volumes.Watch({});

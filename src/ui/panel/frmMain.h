@@ -70,7 +70,7 @@ public:
     void ShowAtStart();
 
     // Hides the panel, saves its place and the settings that are kept at exit, and stops its services. A
-    // second call does nothing.
+    // second call does nothing. After it the panel cannot be shown again.
     void Form_Unload();
 
     // Another program asked for the panel: shows it, whatever the text of the request.
@@ -93,7 +93,7 @@ public:
     const OpenedCategory& Opened() const { return opened_; }
 
 Q_SIGNALS:
-    // The user has closed the panel to end the program; Form_Unload has run.
+    // The panel has been closed to end the program. Form_Unload has run: all that is kept is on the disk.
     void Unloaded();
 
 protected:
