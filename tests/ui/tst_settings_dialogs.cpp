@@ -221,6 +221,14 @@ void TestSettingsDialogs::failedAutostart() {
     // What is shown and stored is what the session does.
     QVERIFY(scene.Record(kRecordAutostart) == ConfigValue(qint16(0)));
     QVERIFY(!scene.Get<QCheckBox>("chkAutoStart")->isChecked());
+    // A save that fails leaves setting.ini as it was, although its first key is written before `config`.
+    const QByteArray before = scene.Store.Bytes(u"setting.ini"_s);
+    const QString config = ConfigFilePath(scene.State.AppFolder);
+    QVERIFY(QFile::remove(config) && QDir().mkpath(config));
+    for (const char* control : {"txtDrivePaneda", "lblSave"})
+        scene.Press(control);
+    QCOMPARE(scene.Prompts.Shown.size(), 2);
+    QCOMPARE(scene.Store.Bytes(u"setting.ini"_s), before);
 }
 
 void TestSettingsDialogs::hotkeys_data() {

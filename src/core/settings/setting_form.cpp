@@ -1,5 +1,6 @@
 #include "core/settings/setting_form.h"
 
+#include "core/files/ini_file.h"
 #include "core/settings/config_settings.h"
 #include "core/settings/settings.h"
 #include "core/store/store_layout.h"
@@ -138,13 +139,20 @@ SettingOutcome WriteSettings(const SettingPlan& plan, const QString& appFolder,
         return result.has_value();
     };
     const auto writeKey = [&](const KeyWrite& write) {
-        note(WriteSetting(appFolder, setting::kProperties, write.Key, write.Value));
+        return note(WriteSetting(appFolder, setting::kProperties, write.Key, write.Value));
     };
     const QString config = ConfigFilePath(appFolder);
-    writeKey(plan.First);
+    const QString before =
+        ReadIni(setting::kProperties.toString(), plan.First.Key, SettingIniFile(appFolder));
+    const bool changed = writeKey(plan.First);
     outcome.Written = note(WriteRecords(plan.Records, config));
-    if (!outcome.Written)
+    if (!outcome.Written) {
+        // The user is told that nothing was saved; so this key is not to be the exception. A missing key
+        // means 0.
+        if (changed)
+            writeKey({plan.First.Key, IfEmpty(before, QStringLiteral("0"))});
         return outcome;
+    }
     const FileResult switched = plan.Autostart ? setAutostart(*plan.Autostart) : FileResult();
     if (!switched) {
         outcome.Autostart = switched.error();

@@ -70,8 +70,9 @@ SettingForm ReadSettingForm(const ConfigFile& config, const IniText& settings, c
 // Decides what a save of the form has to write. `autostartAtLoad`: whether autostart is on now.
 SettingPlan PlanSettings(const SettingForm& form, bool autostartAtLoad);
 
-// Carries out the plan. If `config` cannot be written, the remaining steps are skipped; after any other
-// failure they are still done. If autostart cannot be changed, its former value is written back to record 3.
+// Carries out the plan. If `config` cannot be written, the first key gets its former value back and the
+// remaining steps are skipped; after any other failure they are still done. If autostart cannot be changed,
+// its former value is written back to record 3.
 SettingOutcome WriteSettings(const SettingPlan& plan, const QString& appFolder,
                              const AutostartSwitch& setAutostart);
 
