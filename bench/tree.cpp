@@ -3,8 +3,8 @@
 //
 // usage: bench_tree [FOLDER]   the trees are made below FOLDER, else in the folder for temporary files
 
+#include "core/disk/disk_entries.h"
 #include "notes/node_operations.h"
-#include "platform/file_flush.h"
 
 #include <QDir>
 #include <QFile>
@@ -133,7 +133,7 @@ void MeasureChanges(TreeModel& tree) {
 double TimeOfPlainWrites(const TreeModel& tree) {
     std::vector<std::pair<QString, QByteArray>> files;
     for (const TreeNode& node : tree.Nodes()) {
-        QFile file(tree.NodeFolder(node) + QStringLiteral("/Properties.ini"));
+        QFile file((tree.NodeFolder(node) / QStringLiteral("Properties.ini")).Text());
         if (!file.open(QIODevice::ReadOnly))
             qFatal("Cannot read %s", qPrintable(file.fileName()));
         files.emplace_back(file.fileName(), file.readAll());
@@ -149,9 +149,9 @@ double TimeOfPlainWrites(const TreeModel& tree) {
 
 // Writes out what making the tree has left in the system's caches, which the first flush would wait for.
 void FlushTree(const TreeModel& tree) {
-    QStringList files;
+    std::vector<DiskPath> files;
     for (const TreeNode& node : tree.Nodes())
-        files.append(tree.NodeFolder(node) + QStringLiteral("/Properties.ini"));
+        files.push_back(tree.NodeFolder(node) / QStringLiteral("Properties.ini"));
     if (const FileResult flushed = FlushFilesToDisk(files); !flushed)
         qFatal("%s", qPrintable(flushed.error().Text()));
 }
@@ -161,7 +161,6 @@ double MeasureRenumber(TreeModel& tree) {
     NoPrompts prompts;
     NodeTransfer transfer;
     NodeServices services{prompts, {}, {}, {}};
-    services.Flush = &FlushFilesToDisk;
     NodeOperations operations(tree, transfer, services);
     transfer.Pending = PendingNode{QStringLiteral("First"), {}, NodePosition::Above, {}, {}, {}};
     double last = 0;

@@ -18,7 +18,7 @@ constexpr qsizetype kUserPosition = 20;
 EditLock ReadEditLock(const NotePlace& place) {
     if (!place.MultiUser)
         return {};
-    const QString value = ReadNodeIni(place.NoteFolder).Value(node_key::kProperties, node_key::kEditing);
+    const QString value = ReadNodeIni(place.Folder()).Value(node_key::kProperties, node_key::kEditing);
     return {value, !value.isEmpty()};
 }
 
@@ -29,7 +29,8 @@ QString LockHolder(const QString& editingValue) {
 FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk& disk) {
     FirstEdit edit;
     // A save that is under way clears the mark at its end.
-    const FileGuard guard(NoteGuardFile(place.NoteFolder));
+    GuardWait wait;
+    const FileGuard guard(NoteGuardFile(place.Folder()), wait);
     edit.Lock = ReadEditLock(place);
     if (edit.Lock.LockedByOther) {
         edit.Notice = QStringLiteral("Someone is editing this note! Editing Not Allow");
@@ -39,17 +40,17 @@ FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk
     if (!place.MultiUser)
         return edit;
     const QString stamp = KeyDate(session.Now) + u' ' + KeyTime(session.Now) + u' ' + session.UserName;
-    const auto written = disk.WriteKeys(place, place.NoteFolder, {{node_key::kEditing, stamp}});
+    const auto written = disk.WriteKeys(place, place.Folder(), {{node_key::kEditing, stamp}}, wait);
     if (!written)
         edit.Notice = QStringLiteral("Other users cannot be told that you are editing this note.\r") +
                       written.error().Text();
     return edit;
 }
 
-FileResult ReleaseEditLock(const NotePlace& place, NoteDisk& disk) {
+FileResult ReleaseEditLock(const NotePlace& place, NoteDisk& disk, GuardWait& wait) {
     if (!place.MultiUser)
         return {};
-    return disk.WriteKeys(place, place.NoteFolder, {{node_key::kEditing, QString()}});
+    return disk.WriteKeys(place, place.Folder(), {{node_key::kEditing, QString()}}, wait);
 }
 
 } // namespace paneda

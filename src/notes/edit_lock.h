@@ -48,6 +48,6 @@ struct FirstEdit {
 FirstEdit BeginEdit(const NotePlace& place, const NoteSession& session, NoteDisk& disk);
 
 // Empties the lock, whoever holds it. Does nothing for a tree of a single user.
-FileResult ReleaseEditLock(const NotePlace& place, NoteDisk& disk);
+FileResult ReleaseEditLock(const NotePlace& place, NoteDisk& disk, GuardWait& wait);
 
 } // namespace paneda

@@ -2,8 +2,6 @@
 
 #include "notes/node_properties.h"
 
-#include <QDirIterator>
-#include <QFileInfo>
 #include <QUuid>
 
 #include <algorithm>
@@ -23,34 +21,34 @@ QString FolderName(double number) {
 }
 
 // A folder of our own that no loader shows.
-tl::expected<QString, FileError> MakeHiddenFolder(const QString& contentFolder, const QString& prefix) {
-    const QString path = contentFolder + u'/' + prefix + QUuid::createUuid().toString(QUuid::Id128);
+tl::expected<DiskPath, FileError> MakeHiddenFolder(const DiskPath& contentFolder, const QString& prefix) {
+    const DiskPath path = contentFolder / (prefix + QUuid::createUuid().toString(QUuid::Id128));
     if (const EntryResult made = MakeNewFolder(path); !made)
         return tl::make_unexpected(made.error().Error);
     return path;
 }
 
 // A copy that another program is making must not be touched.
-void RemoveLeftovers(const QString& contentFolder, const QDateTime& now) {
-    QDirIterator folders(contentFolder, {kMoving + u'*', kDeleted + u'*'},
-                         QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
-    while (folders.hasNext()) {
-        const QString folder = folders.next();
-        const bool isOld = folders.fileInfo().lastModified().daysTo(now) > kLeftoverDays;
-        // Whatever stays is tried again the next time.
-        if (isOld || folders.fileName().startsWith(kDeleted))
+void RemoveLeftovers(const DiskPath& contentFolder, const QDateTime& now) {
+    // Whatever stays is tried again the next time.
+    for (const DiskEntry& entry : ListEntries(contentFolder).value_or(std::vector<DiskEntry>())) {
+        const bool isMoving = entry.Name.startsWith(kMoving);
+        if (entry.Kind != EntryKind::Folder || !(isMoving || entry.Name.startsWith(kDeleted)))
+            continue;
+        const DiskPath folder = contentFolder / entry.Name;
+        if (!isMoving || LookAt(folder).Modified.daysTo(now) > kLeftoverDays)
             std::ignore = RemoveTree(folder);
     }
 }
 
-tl::expected<MovedFolder, FileError> PlaceCopy(const NodeMove& move, const QString& copy) {
+tl::expected<MovedFolder, FileError> PlaceCopy(const NodeMove& move, const DiskPath& copy) {
     if (const FileResult copied = CopyTree(move.SourceFolder, copy); !copied)
         return tl::make_unexpected(copied.error());
     const FileResult sorted = WriteSort(copy, move.ChooseSort(ScanSiblings(move.TargetLevel)));
     if (!sorted)
         return tl::make_unexpected(sorted.error());
     auto claimed =
-        ClaimFolder(move.TargetLevel, [&copy](const QString& path) { return RenameEntry(copy, path); });
+        ClaimFolder(move.TargetLevel, [&copy](const DiskPath& path) { return RenameEntry(copy, path); });
     if (!claimed)
         return tl::make_unexpected(claimed.error().Error);
     return MovedFolder{std::move(*claimed), {}};
@@ -60,7 +58,7 @@ tl::expected<MovedFolder, FileError> MoveToOtherVolume(const NodeMove& move) {
     const auto hidden = MakeHiddenFolder(move.TargetContent, kMoving);
     if (!hidden)
         return tl::make_unexpected(hidden.error());
-    auto moved = PlaceCopy(move, *hidden + QStringLiteral("/node"));
+    auto moved = PlaceCopy(move, *hidden / QStringLiteral("node"));
     const FileResult cleaned = RemoveTree(*hidden);
     if (!moved)
         return moved;
@@ -74,15 +72,15 @@ tl::expected<MovedFolder, FileError> MoveToOtherVolume(const NodeMove& move) {
 
 } // namespace
 
-tl::expected<ClaimedFolder, EntryError> ClaimFolder(const QString& levelFolder,
-                                                    const std::function<EntryResult(const QString&)>& take) {
+tl::expected<ClaimedFolder, EntryError> ClaimFolder(const DiskPath& levelFolder,
+                                                    const std::function<EntryResult(const DiskPath&)>& take) {
     double number = 0;
     for (int attempt = 1;; ++attempt) {
         ClaimedFolder claimed{{}, ScanSiblings(levelFolder)};
         // What has the name need not be a folder that a scan sees.
         number = std::max(claimed.Scan.HighestNumber, number) + 1;
         claimed.Folder = FolderName(number);
-        const EntryResult taken = take(levelFolder + u'/' + claimed.Folder);
+        const EntryResult taken = take(levelFolder / claimed.Folder);
         if (taken)
             return claimed;
         if (taken.error().Problem != EntryProblem::AlreadyThere || attempt == kAttempts)
@@ -91,28 +89,28 @@ tl::expected<ClaimedFolder, EntryError> ClaimFolder(const QString& levelFolder,
 }
 
 tl::expected<MovedFolder, FileError> MoveNodeFolder(const NodeMove& move) {
-    auto claimed = ClaimFolder(move.TargetLevel,
-                               [&move](const QString& path) { return RenameEntry(move.SourceFolder, path); });
+    auto claimed = ClaimFolder(
+        move.TargetLevel, [&move](const DiskPath& path) { return RenameEntry(move.SourceFolder, path); });
     if (!claimed && claimed.error().Problem == EntryProblem::OtherVolume)
         return MoveToOtherVolume(move);
     if (!claimed)
         return tl::make_unexpected(claimed.error().Error);
     MovedFolder moved{std::move(*claimed), {}};
     const FileResult sorted =
-        WriteSort(move.TargetLevel + u'/' + moved.Claimed.Folder, move.ChooseSort(moved.Claimed.Scan));
+        WriteSort(move.TargetLevel / moved.Claimed.Folder, move.ChooseSort(moved.Claimed.Scan));
     if (!sorted)
         moved.Failures.push_back(sorted.error());
     return moved;
 }
 
-FileResult RemoveNodeFolder(const QString& contentFolder, const QString& nodeFolder, const QDateTime& now) {
+FileResult RemoveNodeFolder(const DiskPath& contentFolder, const DiskPath& nodeFolder, const QDateTime& now) {
     RemoveLeftovers(contentFolder, now);
     if (!EntryExists(nodeFolder))
         return {};
     const auto hidden = MakeHiddenFolder(contentFolder, kDeleted);
     if (!hidden)
         return tl::make_unexpected(hidden.error());
-    const EntryResult renamed = RenameEntry(nodeFolder, *hidden + QStringLiteral("/node"));
+    const EntryResult renamed = RenameEntry(nodeFolder, *hidden / QStringLiteral("node"));
     const FileResult removed = RemoveTree(*hidden);
     if (renamed)
         return removed;

@@ -32,14 +32,14 @@ struct ClaimedFolder {
 
 // Finds the next folder number of a level and calls `take` with the path, which makes the folder. If somebody
 // else has taken the name in the meantime, tries again with the next number, up to 50 times.
-tl::expected<ClaimedFolder, EntryError> ClaimFolder(const QString& levelFolder,
-                                                    const std::function<EntryResult(const QString&)>& take);
+tl::expected<ClaimedFolder, EntryError> ClaimFolder(const DiskPath& levelFolder,
+                                                    const std::function<EntryResult(const DiskPath&)>& take);
 
 struct NodeMove {
-    QString SourceContent; // content folder of the tree that the node leaves
-    QString SourceFolder;  // the node's folder
-    QString TargetContent;
-    QString TargetLevel; // folder of the level
+    DiskPath SourceContent; // content folder of the tree that the node leaves
+    DiskPath SourceFolder;  // the node's folder
+    DiskPath TargetContent;
+    DiskPath TargetLevel; // folder of the level
     // The text that the node gets there.
     std::function<QString(const SiblingScan&)> ChooseSort;
     QDateTime Now;
@@ -57,6 +57,6 @@ tl::expected<MovedFolder, FileError> MoveNodeFolder(const NodeMove& move);
 // Removes a node's folder. After a failure it is no longer in the tree, or still there whole. A missing
 // folder is not a failure. Leftovers of killed moves are removed too when they are more than a day older than
 // `now`; younger ones may be copies that another program is making.
-FileResult RemoveNodeFolder(const QString& contentFolder, const QString& nodeFolder, const QDateTime& now);
+FileResult RemoveNodeFolder(const DiskPath& contentFolder, const DiskPath& nodeFolder, const QDateTime& now);
 
 } // namespace paneda

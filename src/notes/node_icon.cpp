@@ -2,8 +2,6 @@
 
 #include "core/files/file_tree.h"
 
-#include <QFileInfo>
-
 namespace paneda {
 
 namespace {
@@ -11,18 +9,18 @@ namespace {
 const QString kPng = QStringLiteral("Image.png");
 const QString kIco = QStringLiteral("Image.ico");
 
-FileResult RemoveIcon(const QString& nodeFolder, const QString& name) {
-    const QString file = FindEntry(nodeFolder, name);
-    return QFileInfo(file).isFile() ? RemoveTree(file) : FileResult();
+FileResult RemoveIcon(const DiskPath& nodeFolder, const QString& name) {
+    const DiskPath file = FindEntry(nodeFolder, name);
+    return LookAt(file).Kind == EntryKind::File ? WithoutProblem(RemoveFile(file)) : FileResult();
 }
 
 } // namespace
 
-FileResult CopyNodeIcon(const QString& source, const QString& nodeFolder) {
+FileResult CopyNodeIcon(const QString& source, const DiskPath& nodeFolder) {
     return CopyWholeFile(source, FindEntry(nodeFolder, QStringLiteral("Image.") + source.right(3)));
 }
 
-FileResult ChangeNodeIcon(const QString& source, const QString& nodeFolder) {
+FileResult ChangeNodeIcon(const QString& source, const DiskPath& nodeFolder) {
     if (source.isEmpty()) {
         const FileResult png = RemoveIcon(nodeFolder, kPng);
         const FileResult ico = RemoveIcon(nodeFolder, kIco);
@@ -33,7 +31,7 @@ FileResult ChangeNodeIcon(const QString& source, const QString& nodeFolder) {
     return RemoveIcon(nodeFolder, source.endsWith(u"ico", Qt::CaseInsensitive) ? kPng : kIco);
 }
 
-QString FaviconFile(const QString& nodeFolder) {
+DiskPath FaviconFile(const DiskPath& nodeFolder) {
     return FindEntry(nodeFolder, kIco);
 }
 

@@ -9,13 +9,13 @@ namespace paneda {
 // A node's own icon: Image.png, which wins, or Image.ico in its folder, in any case of letters.
 
 // Copies a picture to "Image." and the last three characters of its name.
-FileResult CopyNodeIcon(const QString& source, const QString& nodeFolder);
+FileResult CopyNodeIcon(const QString& source, const DiskPath& nodeFolder);
 
 // Gives a node another icon, or none for an empty source. The new picture is in place before the old one is
 // removed.
-FileResult ChangeNodeIcon(const QString& source, const QString& nodeFolder);
+FileResult ChangeNodeIcon(const QString& source, const DiskPath& nodeFolder);
 
 // Where the icon of a web address belongs.
-QString FaviconFile(const QString& nodeFolder);
+DiskPath FaviconFile(const DiskPath& nodeFolder);
 
 } // namespace paneda

@@ -39,8 +39,8 @@ void NodeOperations::StartMove(int row) {
 
 QString NodeOperations::PlaceFault(const TreeModel& source, int targetRow) const {
     const TreeNode* target = tree_.Find(targetRow);
-    const QString from = RealPath(source.NodeFolder(transfer_.Moving->Node));
-    const QString to = RealPath(target ? tree_.NodeFolder(*target) : tree_.TreePath());
+    const QString from = RealPath(source.NodeFolder(transfer_.Moving->Node).Text());
+    const QString to = RealPath(target ? tree_.NodeFolder(*target).Text() : tree_.TreePath());
     if (to == from)
         return QStringLiteral("Cannot Place to Same Node");
     return to.startsWith(from + u'/') ? QStringLiteral("Cannot Place to Child Node") : QString();
@@ -66,7 +66,7 @@ int NodeOperations::FinishMove(int targetRow, MoveChoice choice) {
 
 int NodeOperations::PlaceMoving(TreeModel& source, int targetRow, NodePosition position) {
     const TreeNode node = transfer_.Moving->Node;
-    const QString oldFolder = RealPath(source.NodeFolder(node));
+    const QString oldFolder = RealPath(source.NodeFolder(node).Text());
     transfer_.Pending =
         PendingNode{node.Name, kKeepIcon, position, node.Description, node.Type, node.LinkData};
     CloseNote();
@@ -82,7 +82,7 @@ int NodeOperations::PlaceMoving(TreeModel& source, int targetRow, NodePosition p
 
 void NodeOperations::FollowMove(TreeModel& tree, const QString& oldFolder, int newRow) const {
     const TreeNode* placed = tree_.Find(newRow);
-    const QString newFolder = placed ? RealPath(tree_.NodeFolder(*placed)) : QString();
+    const QString newFolder = placed ? RealPath(tree_.NodeFolder(*placed).Text()) : QString();
     const int keep = &tree == &tree_ ? newRow : -1;
     // A folder that could not be removed on its volume is still a node.
     const bool hasLeft = oldFolder == newFolder || !EntryExists(oldFolder);

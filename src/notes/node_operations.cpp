@@ -25,18 +25,19 @@ bool HasIcon(const QString& source) {
 
 // A folder that is missing or has no name is found out by the operation itself.
 FileResult CheckUnchanged(const TreeModel& tree, const TreeNode& listed) {
-    const QString folder = tree.NodeFolder(listed);
+    const DiskPath folder = tree.NodeFolder(listed);
     TreeNode found;
     ReadNodeKeys(ReadNodeIni(folder), tree.AppPath(), found);
     if (found.Name.isEmpty() || (found.Name == listed.Name && found.Sort == listed.Sort))
         return {};
-    return Failure(folder, QStringLiteral("This node has changed since it was listed, so nothing was done. "
-                                          "The tree has been read again."));
+    return Failure(folder.Text(),
+                   QStringLiteral("This node has changed since it was listed, so nothing was done. "
+                                  "The tree has been read again."));
 }
 
-bool IsSameFolder(const QString& a, const QString& b) {
-    const QString real = QFileInfo(a).canonicalFilePath();
-    return a == b || (!real.isEmpty() && real == QFileInfo(b).canonicalFilePath());
+bool IsSameFolder(const DiskPath& a, const DiskPath& b) {
+    const QString real = QFileInfo(a.Text()).canonicalFilePath();
+    return a.Text() == b.Text() || (!real.isEmpty() && real == QFileInfo(b.Text()).canonicalFilePath());
 }
 
 } // namespace
@@ -53,7 +54,7 @@ void NodeOperations::CloseNote() const {
         services_.CloseNote();
 }
 
-void NodeOperations::FetchFavicon(const TreeNode& node, const QString& folder) const {
+void NodeOperations::FetchFavicon(const TreeNode& node, const DiskPath& folder) const {
     if (node.Type == kUrlNode && services_.FetchFavicon)
         services_.FetchFavicon(node.LinkData.Target, FaviconFile(folder));
 }
@@ -98,7 +99,7 @@ SortChoice NodeOperations::ChooseFor(const Goal& goal, const SiblingScan& scan) 
     return ChooseSort(goal.Position, base, NeighbourSort(goal.Position, base, scan.Sorts));
 }
 
-FileResult NodeOperations::FillNode(const QString& folder, const PendingNode& pending,
+FileResult NodeOperations::FillNode(const DiskPath& folder, const PendingNode& pending,
                                     const IniText& properties) const {
     if (HasIcon(pending.IconSource)) {
         if (const FileResult copied = CopyNodeIcon(pending.IconSource, folder); !copied)
@@ -109,11 +110,11 @@ FileResult NodeOperations::FillNode(const QString& folder, const PendingNode& pe
 
 tl::expected<NodeOperations::Placed, FileError> NodeOperations::AddOnDisk(const Goal& goal,
                                                                           const PendingNode& pending) const {
-    const QString level = goal.Place.Folder();
-    auto claimed = ClaimFolder(level, [](const QString& path) { return MakeNewFolder(path); });
+    const DiskPath level = goal.Place.Folder();
+    auto claimed = ClaimFolder(level, [](const DiskPath& path) { return MakeNewFolder(path); });
     if (!claimed)
         return tl::make_unexpected(claimed.error().Error);
-    const QString folder = level + u'/' + claimed->Folder;
+    const DiskPath folder = level / claimed->Folder;
     const SortChoice choice = ChooseFor(goal, claimed->Scan);
     IniText properties;
     // Neither is too long.
@@ -133,12 +134,12 @@ tl::expected<NodeOperations::Placed, FileError> NodeOperations::AddOnDisk(const 
 
 tl::expected<NodeOperations::Placed, FileError>
 NodeOperations::MoveWithinLevel(const Goal& goal, const TreeNode& moving) const {
-    const QString level = goal.Place.Folder();
+    const DiskPath level = goal.Place.Folder();
     Placed placed{moving, ScanSiblings(level), false, {}};
     const SortChoice choice = ChooseFor(goal, placed.Scan);
-    if (const auto there = LoadNodeIni(level + u'/' + moving.Folder); !there)
+    if (const auto there = LoadNodeIni(level / moving.Folder); !there)
         return tl::make_unexpected(there.error());
-    if (const FileResult written = WriteSort(level + u'/' + moving.Folder, choice.Sort); !written)
+    if (const FileResult written = WriteSort(level / moving.Folder, choice.Sort); !written)
         return tl::make_unexpected(written.error());
     placed.Node.Sort = choice.Sort;
     placed.Renumber = choice.Renumber;
@@ -149,17 +150,18 @@ tl::expected<NodeOperations::Placed, FileError>
 NodeOperations::MoveOnDisk(const Goal& goal, const TreeModel& source, const TreeNode& moving) const {
     if (const FileResult unchanged = CheckUnchanged(source, moving); !unchanged)
         return tl::make_unexpected(unchanged.error());
-    const QString level = goal.Place.Folder();
-    const QString oldLevel = LevelFolder(source.TreePath(), moving.RelativePath);
+    const DiskPath level = goal.Place.Folder();
+    const DiskPath oldLevel = LevelFolder(source.TreePath(), moving.RelativePath);
     if (IsSameFolder(oldLevel, level))
         return MoveWithinLevel(goal, moving);
     SortChoice choice;
-    auto moved = MoveNodeFolder({source.TreePath(), source.NodeFolder(moving), tree_.TreePath(), level,
-                                 [&](const SiblingScan& scan) {
-                                     choice = ChooseFor(goal, scan);
-                                     return choice.Sort;
-                                 },
-                                 services_.Now()});
+    auto moved =
+        MoveNodeFolder({source.ContentFolder(), source.NodeFolder(moving), tree_.ContentFolder(), level,
+                        [&](const SiblingScan& scan) {
+                            choice = ChooseFor(goal, scan);
+                            return choice.Sort;
+                        },
+                        services_.Now()});
     if (!moved)
         return tl::make_unexpected(moved.error());
     Placed placed{moving, std::move(moved->Claimed.Scan), choice.Renumber, std::move(moved->Failures)};
@@ -189,13 +191,13 @@ bool NodeOperations::IsTooLong(const PendingNode& pending, bool setsLink, const 
 
 int NodeOperations::AddNode(int targetRow, const PendingNode& pending) {
     const auto goal = TrimBlanks(pending.Name).isEmpty() ? std::nullopt : GoalOf(targetRow, pending.Position);
-    if (!goal || IsTooLong(pending, true, goal->Place.Folder()))
+    if (!goal || IsTooLong(pending, true, goal->Place.Folder().Text()))
         return -1;
     tl::expected<Placed, FileError> placed;
     RunWork([&] { placed = AddOnDisk(*goal, pending); });
     if (!placed)
         return Stop(placed.error());
-    FetchFavicon(placed->Node, goal->Place.Folder() + u'/' + placed->Node.Folder);
+    FetchFavicon(placed->Node, goal->Place.Folder() / placed->Node.Folder);
     const int row = tree_.EnterNode(placed->Node, targetRow, goal->Position);
     if (placed->Renumber) {
         const FileResult numbered = Renumber(*goal, WholeLevel(*goal, *placed), placed->Node.Folder);
@@ -233,25 +235,28 @@ bool NodeOperations::EditNode(int row) {
         return false;
     const TreeNode before = *shown;
     const PendingNode wanted = *transfer_.Pending;
-    const QString folder = tree_.NodeFolder(before);
-    if (const FileResult unchanged = CheckUnchanged(tree_, before); !unchanged)
-        return Stop(unchanged.error()) >= 0;
+    const DiskPath folder = tree_.NodeFolder(before);
     const bool keepsIcon = wanted.IconSource == kKeepIcon;
     const bool changesLink = !keepsIcon || wanted.Type != before.Type;
-    if (IsTooLong(wanted, changesLink, folder))
+    if (IsTooLong(wanted, changesLink, folder.Text()))
         return false;
-    const auto properties = ChangeNodeKeys(folder, wanted, changesLink);
+    tl::expected<IniText, FileError> properties;
+    std::vector<FileError> failures;
+    RunWork([&] {
+        const FileResult unchanged = CheckUnchanged(tree_, before);
+        properties =
+            unchanged ? ChangeNodeKeys(folder, wanted, changesLink) : tl::make_unexpected(unchanged.error());
+        if (properties && before.Type.isEmpty() && !keepsIcon)
+            Note(failures, ChangeNodeIcon(wanted.IconSource, folder));
+    });
     if (!properties)
         return Stop(properties.error()) >= 0;
-    std::vector<FileError> failures;
-    if (before.Type.isEmpty() && !keepsIcon)
-        Note(failures, ChangeNodeIcon(wanted.IconSource, folder));
     TreeNode after = before;
     ReadNodeKeys(*properties, tree_.AppPath(), after);
     if (changesLink)
         FetchFavicon(after, folder);
     tree_.ChangeNode(row, after);
-    const QString level = LevelFolder(tree_.TreePath(), before.RelativePath);
+    const DiskPath level = LevelFolder(tree_.TreePath(), before.RelativePath);
     Note(failures, MoveRemark(level, RemarkFileName(before.Folder, before.Name), level,
                               RemarkFileName(before.Folder, after.Name)));
     Tell(failures);
@@ -273,17 +278,24 @@ bool NodeOperations::DeleteNode(int row, DeleteMode mode) {
                                QStringLiteral("Delete Confirmation")))
         return false;
     CloseNote();
-    const QString folder = tree_.NodeFolder(node);
-    if (const FileResult unchanged = CheckUnchanged(tree_, node); !unchanged)
-        return Stop(unchanged.error()) >= 0;
+    const DiskPath folder = tree_.NodeFolder(node);
+    FileResult unchanged;
     std::vector<FileError> failures;
-    RunWork([&] { Note(failures, RemoveNodeFolder(tree_.TreePath(), folder, services_.Now())); });
-    const bool isGone = !EntryExists(folder);
-    if (isGone) {
+    bool isGone = false;
+    RunWork([&] {
+        unchanged = CheckUnchanged(tree_, node);
+        if (!unchanged)
+            return;
+        Note(failures, RemoveNodeFolder(tree_.ContentFolder(), folder, services_.Now()));
+        isGone = !EntryExists(folder);
+        if (isGone)
+            Note(failures,
+                 RemoveRemark(LevelFolder(tree_.TreePath(), node.RelativePath), node.Folder, node.Name));
+    });
+    if (!unchanged)
+        return Stop(unchanged.error()) >= 0;
+    if (isGone)
         tree_.RemoveNode(row);
-        Note(failures,
-             RemoveRemark(LevelFolder(tree_.TreePath(), node.RelativePath), node.Folder, node.Name));
-    }
     Tell(failures);
     return isGone;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/files/file_batch.h"
+#include "core/files/file_io.h"
 #include "core/files/ini_text.h"
 #include "core/prompts.h"
 #include "notes/disk_work.h"
@@ -35,13 +35,11 @@ struct NodeServices {
     std::function<TreeModel*(int treeIndex)> TreeOf;
     // Saves and closes the note window, before the folder that it writes to is moved or removed.
     std::function<void()> CloseNote;
-    // Fetches the icon of an address into a file.
-    std::function<void(const QString& address, const QString& file)> FetchFavicon;
+    // Fetches the icon of an address into a file of the tree.
+    std::function<void(const QString& address, const DiskPath& file)> FetchFavicon;
     std::function<QDateTime()> Now = &QDateTime::currentDateTimeUtc;
     // Runs what reads and writes the disk, which may take seconds; empty: it runs at once.
     DiskWork Work = {};
-    // Flushes many files together; empty: a renumbering flushes one by one.
-    FlushFiles Flush = {};
 };
 
 // Changes to one tree, on the disk and on its list of rows. Each failure is shown to the user with path and
@@ -104,7 +102,7 @@ private:
     int AddNode(int targetRow, const PendingNode& pending);
     int PlaceNode(int targetRow, const PendingNode& pending, const MovingNode& moving);
     tl::expected<Placed, FileError> AddOnDisk(const Goal& goal, const PendingNode& pending) const;
-    FileResult FillNode(const QString& folder, const PendingNode& pending, const IniText& properties) const;
+    FileResult FillNode(const DiskPath& folder, const PendingNode& pending, const IniText& properties) const;
     tl::expected<Placed, FileError> MoveOnDisk(const Goal& goal, const TreeModel& source,
                                                const TreeNode& moving) const;
     tl::expected<Placed, FileError> MoveWithinLevel(const Goal& goal, const TreeNode& moving) const;
@@ -120,7 +118,7 @@ private:
 
     void RunWork(const std::function<void()>& work) const;
     void CloseNote() const;
-    void FetchFavicon(const TreeNode& node, const QString& folder) const;
+    void FetchFavicon(const TreeNode& node, const DiskPath& folder) const;
     void Tell(const std::vector<FileError>& failures) const;
     int Stop(const FileError& failure);
 

@@ -1,10 +1,9 @@
 #include "notes/node_properties.h"
 
+#include "core/files/file_batch.h"
 #include "core/files/file_guard.h"
 #include "core/files/ini_file.h"
 #include "notes/tree_store.h"
-
-#include <QFileInfo>
 
 #include <utility>
 
@@ -21,8 +20,8 @@ QString KeepQuotes(const QString& text) {
     return quoted ? u'"' + trimmed + u'"' : text;
 }
 
-FileGuard GuardNode(const QString& nodeFolder) {
-    return FileGuard(LevelGuardFile(QFileInfo(nodeFolder).path()));
+FileGuard GuardNode(const DiskPath& nodeFolder) {
+    return FileGuard(LevelGuardFile(nodeFolder.Parent()));
 }
 
 struct KeyValue {
@@ -47,22 +46,22 @@ void AddLinkKeys(const IniText& properties, const PendingNode& pending, std::vec
 
 } // namespace
 
-QString NodeIniFile(const QString& nodeFolder) {
+DiskPath NodeIniFile(const DiskPath& nodeFolder) {
     return FindEntry(nodeFolder, kIniName);
 }
 
-QString LevelGuardFile(const QString& levelFolder) {
-    return levelFolder + QStringLiteral("/nodes");
+DiskPath LevelGuardFile(const DiskPath& levelFolder) {
+    return levelFolder / QStringLiteral("nodes");
 }
 
-IniText ReadNodeIni(const QString& nodeFolder) {
+IniText ReadNodeIni(const DiskPath& nodeFolder) {
     // The usual spelling first: a search lists the folder.
-    if (auto bytes = ReadFileBytes(nodeFolder + u'/' + kIniName, kMaxIniFile))
+    if (auto bytes = ReadFileBytes(nodeFolder / kIniName, kMaxIniFile))
         return IniText(std::move(*bytes));
     return ReadIniFile(NodeIniFile(nodeFolder));
 }
 
-tl::expected<IniText, FileError> LoadNodeIni(const QString& nodeFolder) {
+tl::expected<IniText, FileError> LoadNodeIni(const DiskPath& nodeFolder) {
     auto bytes = ReadFileBytes(NodeIniFile(nodeFolder), kMaxIniFile);
     if (!bytes)
         return tl::make_unexpected(bytes.error());
@@ -106,45 +105,44 @@ IniResult SetSort(IniText& properties, const QString& sort) {
     return properties.SetValue(node_key::kProperties, node_key::kSort, sort);
 }
 
-FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties) {
+FileResult WriteNodeIni(const DiskPath& nodeFolder, const IniText& properties) {
     return ReplaceFile(NodeIniFile(nodeFolder), properties.Bytes());
 }
 
-tl::expected<IniText, FileError> ChangeNodeKeys(const QString& nodeFolder, const PendingNode& pending,
+tl::expected<IniText, FileError> ChangeNodeKeys(const DiskPath& nodeFolder, const PendingNode& pending,
                                                 bool changesLink) {
     const FileGuard guard = GuardNode(nodeFolder);
     auto properties = LoadNodeIni(nodeFolder);
     if (!properties)
         return properties;
     if (const IniResult set = SetNodeKeys(*properties, pending, changesLink); !set)
-        return Failure(NodeIniFile(nodeFolder), set.error());
+        return Failure(NodeIniFile(nodeFolder).Text(), set.error());
     if (const FileResult written = WriteNodeIni(nodeFolder, *properties); !written)
         return tl::make_unexpected(written.error());
     return properties;
 }
 
-FileResult WriteSort(const QString& nodeFolder, const QString& sort) {
+FileResult WriteSort(const DiskPath& nodeFolder, const QString& sort) {
     const FileGuard guard = GuardNode(nodeFolder);
     return WriteIni(node_key::kProperties.toString(), node_key::kSort.toString(), sort,
                     NodeIniFile(nodeFolder));
 }
 
-FileResult WriteSorts(const QString& levelFolder, const QStringList& folders, const QStringList& sorts,
-                      const FlushFiles& flush) {
+FileResult WriteSorts(const DiskPath& levelFolder, const QStringList& folders, const QStringList& sorts) {
     const FileGuard guard(LevelGuardFile(levelFolder));
-    QStringList files;
+    std::vector<DiskPath> files;
     for (const QString& folder : folders)
-        files.append(NodeIniFile(levelFolder + u'/' + folder));
+        files.push_back(NodeIniFile(levelFolder / folder));
     const auto bytesOf = [&](std::size_t index) -> tl::expected<QByteArray, FileError> {
-        auto bytes = ReadFileBytes(files[qsizetype(index)], kMaxIniFile);
+        auto bytes = ReadFileBytes(files[index], kMaxIniFile);
         if (!bytes)
             return bytes;
         IniText properties(std::move(*bytes));
         if (const IniResult set = SetSort(properties, sorts[qsizetype(index)]); !set)
-            return Failure(files[qsizetype(index)], set.error());
+            return Failure(files[index].Text(), set.error());
         return properties.Bytes();
     };
-    return ReplaceFiles(files, bytesOf, flush);
+    return ReplaceFiles(files, bytesOf);
 }
 
 } // namespace paneda

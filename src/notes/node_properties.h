@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/files/file_batch.h"
+#include "core/files/file_io.h"
 #include "core/files/ini_text.h"
 #include "notes/tree_node.h"
 
@@ -32,18 +32,18 @@ inline constexpr QStringView kStartIn = u"Start In";
 inline constexpr QStringView kWindowState = u"Window State";
 } // namespace node_key
 
-// Host path of the Properties.ini of a folder, in the spelling that it has there.
-QString NodeIniFile(const QString& nodeFolder);
+// The Properties.ini of a folder, in the spelling that it has there.
+DiskPath NodeIniFile(const DiskPath& nodeFolder);
 
 // What a FileGuard is created with by those who change the Properties.ini of any node of this level. One
 // guard for the whole level, so that a renumbering needs no more than one.
-QString LevelGuardFile(const QString& levelFolder);
+DiskPath LevelGuardFile(const DiskPath& levelFolder);
 
 // A file that is missing or cannot be read has no keys.
-IniText ReadNodeIni(const QString& nodeFolder);
+IniText ReadNodeIni(const DiskPath& nodeFolder);
 
 // The same, but fails for a file that is missing or cannot be read.
-tl::expected<IniText, FileError> LoadNodeIni(const QString& nodeFolder);
+tl::expected<IniText, FileError> LoadNodeIni(const DiskPath& nodeFolder);
 
 QString ReadSort(const IniText& properties);
 
@@ -57,19 +57,18 @@ IniResult SetNodeKeys(IniText& properties, const PendingNode& pending, bool sets
 IniResult SetSort(IniText& properties, const QString& sort);
 
 // Replaces the file whole, with all keys that were set at once.
-FileResult WriteNodeIni(const QString& nodeFolder, const IniText& properties);
+FileResult WriteNodeIni(const DiskPath& nodeFolder, const IniText& properties);
 
 // Gives an existing node another title, and another link if asked to; the keys that others wrote in the
 // meantime stay. Returns the whole file as written.
-tl::expected<IniText, FileError> ChangeNodeKeys(const QString& nodeFolder, const PendingNode& pending,
+tl::expected<IniText, FileError> ChangeNodeKeys(const DiskPath& nodeFolder, const PendingNode& pending,
                                                 bool changesLink);
 
 // Changes Sort of an existing node. Fails for a folder that is missing.
-FileResult WriteSort(const QString& nodeFolder, const QString& sort);
+FileResult WriteSort(const DiskPath& nodeFolder, const QString& sort);
 
-// The same for nodes of one level, in this order: a program that is killed has changed the first few. See
-// ReplaceFiles for `flush`. Touches nothing but the disk, so it may run on any thread.
-FileResult WriteSorts(const QString& levelFolder, const QStringList& folders, const QStringList& sorts,
-                      const FlushFiles& flush);
+// The same for nodes of one level, in this order: a program that is killed has changed the first few.
+// Touches nothing but the disk, so it may run on any thread.
+FileResult WriteSorts(const DiskPath& levelFolder, const QStringList& folders, const QStringList& sorts);
 
 } // namespace paneda

@@ -66,7 +66,7 @@ FileResult NodeOperations::Renumber(const Goal& goal, const std::vector<LevelEnt
     changed.append(newFolder);
     sorts.append(byFolder[newFolder]);
     FileResult written;
-    RunWork([&] { written = WriteSorts(goal.Place.Folder(), changed, sorts, services_.Flush); });
+    RunWork([&] { written = WriteSorts(goal.Place.Folder(), changed, sorts); });
     if (written)
         tree_.ChangeSorts(goal.Place.RelativePath, byFolder);
     return written;

@@ -2,50 +2,41 @@
 
 #include "notes/node_properties.h"
 
-#include "core/files/file_guard.h"
 #include "core/files/file_tree.h"
 #include "core/files/ini_file.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
 namespace paneda {
 
-FileResult NoteDisk::Replace(const QString& path, const QByteArray& bytes) {
+FileResult NoteDisk::Replace(const DiskPath& path, const QByteArray& bytes) {
     return ReplaceFile(path, bytes);
 }
 
-FileResult NoteDisk::Copy(const QString& from, const QString& to) {
+FileResult NoteDisk::Copy(const DiskPath& from, const DiskPath& to) {
     return CopyWholeFile(from, to);
 }
 
-FileResult NoteDisk::Remove(const QString& path) {
-    QFile file(path);
-    if (!file.exists() || file.remove())
-        return {};
-    return Failure(path, file.errorString());
+FileResult NoteDisk::Flush(const DiskPath& folder) {
+    return WithoutProblem(FlushFolder(folder));
 }
 
-FileResult NoteDisk::WriteKeys(const NotePlace& place, const QString& folder, const NoteKeyValues& keys) {
-    const QString iniFile = NodeIniFile(folder);
+FileResult NoteDisk::Remove(const DiskPath& path) {
+    return EntryExists(path) ? WithoutProblem(RemoveFile(path)) : FileResult();
+}
+
+FileResult NoteDisk::WriteKeys(const NotePlace&, const DiskPath& folder, const NoteKeyValues& keys,
+                               GuardWait& wait) {
+    const DiskPath iniFile = NodeIniFile(folder);
     // The folder around the tree's root belongs to others, so no file is made there.
-    const bool isRoot =
-        QDir::cleanPath(folder).compare(QDir::cleanPath(place.TreeRoot), Qt::CaseInsensitive) == 0;
-    const FileGuard guard(isRoot ? iniFile : LevelGuardFile(QFileInfo(folder).path()));
-    QByteArray bytes;
-    if (QFileInfo::exists(iniFile)) {
-        auto read = ReadFileBytes(iniFile, kMaxIniFile);
-        if (!read)
-            return tl::make_unexpected(read.error());
-        bytes = std::move(*read);
-    }
-    IniText text(bytes);
+    const FileGuard guard(folder.IsRoot() ? iniFile : LevelGuardFile(folder.Parent()), wait);
+    auto text = LoadIniFile(iniFile);
+    if (!text)
+        return tl::make_unexpected(text.error());
+    const QByteArray before = text->Bytes();
     for (const auto& [key, value] : keys) {
-        if (const IniResult set = text.SetValue(node_key::kProperties, key, value); !set)
-            return Failure(iniFile, set.error());
+        if (const IniResult set = text->SetValue(node_key::kProperties, key, value); !set)
+            return Failure(iniFile.Text(), set.error());
     }
-    return text.Bytes() == bytes ? FileResult() : ReplaceFile(iniFile, text.Bytes());
+    return text->Bytes() == before ? FileResult() : ReplaceFile(iniFile, text->Bytes());
 }
 
 } // namespace paneda

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/files/file_guard.h"
 #include "core/files/file_io.h"
 #include "notes/note_place.h"
 
@@ -23,18 +24,22 @@ public:
     virtual ~NoteDisk() = default;
     Q_DISABLE_COPY_MOVE(NoteDisk)
 
-    virtual FileResult Replace(const QString& path, const QByteArray& bytes);
+    virtual FileResult Replace(const DiskPath& path, const QByteArray& bytes);
 
     // Copies a file of any size under a new name.
-    virtual FileResult Copy(const QString& from, const QString& to);
+    virtual FileResult Copy(const DiskPath& from, const DiskPath& to);
+
+    // Makes sure that the names in a folder are on the disk, so that an older form of a note may go.
+    virtual FileResult Flush(const DiskPath& folder);
 
     // A missing file is not a failure.
-    virtual FileResult Remove(const QString& path);
+    virtual FileResult Remove(const DiskPath& path);
 
     // Writes several keys of a folder's Properties.ini at once, making the file if it is missing. The folder
     // is the note's or one above it, up to the tree's root. Fails where the folder is missing and for a value
-    // that is too long.
-    virtual FileResult WriteKeys(const NotePlace& place, const QString& folder, const NoteKeyValues& keys);
+    // that is too long. `wait` is the time that the whole operation may wait for other processes.
+    virtual FileResult WriteKeys(const NotePlace& place, const DiskPath& folder, const NoteKeyValues& keys,
+                                 GuardWait& wait);
 };
 
 } // namespace paneda

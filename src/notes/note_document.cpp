@@ -105,7 +105,10 @@ NoteView NoteDocument::UndoAllChanges(const NoteSession& session) {
 
 FileResult NoteDocument::ReleaseLock() {
     FileResult released;
-    RunWork([&] { released = ReleaseEditLock(place_, disk_); });
+    RunWork([&] {
+        GuardWait wait;
+        released = ReleaseEditLock(place_, disk_, wait);
+    });
     lockedByOther_ = lockedByOther_ && !released;
     return released;
 }
@@ -114,7 +117,10 @@ FileResult NoteDocument::StoreSide(QStringView key, int pixels) {
     if (place_.NoteFolder.isEmpty())
         return {};
     FileResult stored;
-    RunWork([&] { stored = disk_.WriteKeys(place_, place_.NoteFolder, {{key, QString::number(pixels)}}); });
+    RunWork([&] {
+        GuardWait wait;
+        stored = disk_.WriteKeys(place_, place_.Folder(), {{key, QString::number(pixels)}}, wait);
+    });
     return stored;
 }
 

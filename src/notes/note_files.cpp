@@ -5,34 +5,31 @@
 #include "core/store/names.h"
 #include "core/text/checksum.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 namespace paneda {
 
-QString NoteRtfFile(const QString& noteFolder) {
+DiskPath NoteRtfFile(const DiskPath& noteFolder) {
     return FindEntry(noteFolder, QStringLiteral("content.rtf"));
 }
 
-QString NoteZipFile(const QString& noteFolder) {
+DiskPath NoteZipFile(const DiskPath& noteFolder) {
     return FindEntry(noteFolder, QStringLiteral("content.zip"));
 }
 
-QString NoteGuardFile(const QString& noteFolder) {
-    return noteFolder + QStringLiteral("/content");
+DiskPath NoteGuardFile(const DiskPath& noteFolder) {
+    return noteFolder / QStringLiteral("content");
 }
 
-NoteForm FindNoteForm(const QString& noteFolder) {
-    const auto hasZip = [&noteFolder] { return QFileInfo::exists(NoteZipFile(noteFolder)); };
+NoteForm FindNoteForm(const DiskPath& noteFolder) {
+    const auto hasZip = [&noteFolder] { return EntryExists(NoteZipFile(noteFolder)); };
     if (hasZip())
         return NoteForm::Zip;
-    if (QFileInfo::exists(NoteRtfFile(noteFolder)))
+    if (EntryExists(NoteRtfFile(noteFolder)))
         return NoteForm::Rtf;
     // A zip that has come since the first look may be why the other file has gone.
     return hasZip() ? NoteForm::Zip : NoteForm::None;
 }
 
-QString NoteContentFile(const QString& noteFolder, NoteForm form) {
+DiskPath NoteContentFile(const DiskPath& noteFolder, NoteForm form) {
     switch (form) {
     case NoteForm::Rtf:
         return NoteRtfFile(noteFolder);
@@ -44,46 +41,46 @@ QString NoteContentFile(const QString& noteFolder, NoteForm form) {
     return {};
 }
 
-NoteOnDisk LookAtNote(const QString& noteFolder) {
+NoteOnDisk LookAtNote(const DiskPath& noteFolder) {
     const NoteForm form = FindNoteForm(noteFolder);
     if (form == NoteForm::None)
         return {};
-    const QString file = NoteContentFile(noteFolder, form);
+    const DiskPath file = NoteContentFile(noteFolder, form);
     if (const auto bytes = ReadFileBytes(file, kMaxNoteText))
         return DescribeNote(noteFolder, form, *bytes);
-    const QFileInfo info(file);
-    return {form, info.size(), info.lastModified(), 0, false};
+    const EntryState state = LookAt(file);
+    return {form, state.Size, state.Modified, 0, false};
 }
 
-NoteOnDisk DescribeNote(const QString& noteFolder, NoteForm form, const QByteArray& fileBytes) {
-    const QFileInfo info(NoteContentFile(noteFolder, form));
-    return {form, fileBytes.size(), info.lastModified(), Fnv1a64OfWords(fileBytes), false};
+NoteOnDisk DescribeNote(const DiskPath& noteFolder, NoteForm form, const QByteArray& fileBytes) {
+    const EntryState state = LookAt(NoteContentFile(noteFolder, form));
+    return {form, fileBytes.size(), state.Modified, Fnv1a64OfWords(fileBytes), false};
 }
 
 bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b) {
     return a.Form == b.Form && a.Size == b.Size && a.Hash == b.Hash;
 }
 
-QByteArray ReadZippedNote(const QString& zipFile) {
+QByteArray ReadZippedNote(const QByteArray& zip) {
     QByteArray text;
     // No listener for errors: an archive that cannot be read is an empty note.
-    ZipExtractionClass zip(
+    ZipExtractionClass extraction(
         {}, [&text](const QString&, const QByteArray& bytes) { text = bytes; },
         [](const QString& name) { return name.compare(u"content.rtf", Qt::CaseInsensitive) == 0; });
-    if (zip.OpenZip(zipFile))
-        zip.Extract({}, false, false);
+    if (extraction.OpenZip(zip, QStringLiteral("content.zip")))
+        extraction.Extract({}, false, false);
     return text;
 }
 
-QString KeptNotePath(const QString& noteFolder, const QString& words, NoteForm form) {
+DiskPath KeptNotePath(const DiskPath& noteFolder, const QString& words, NoteForm form) {
     const QString extension = form == NoteForm::Zip ? QStringLiteral("zip") : QStringLiteral("rtf");
     // Leaves room for the rest within what file systems allow for a name.
     const QString base = SafeFileName(words).left(60);
     for (int number = 1;; ++number) {
         const QString tail = number == 1 ? QString() : QStringLiteral(" %1").arg(number);
-        const QString path =
+        const DiskPath path =
             FindEntry(noteFolder, QStringLiteral("content (%1%2).%3").arg(base, tail, extension));
-        if (!QFileInfo::exists(path))
+        if (!EntryExists(path))
             return path;
     }
 }

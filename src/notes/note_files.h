@@ -27,33 +27,34 @@ struct NoteOnDisk {
 inline constexpr qint64 kMaxNoteText = kMaxZipEntry;
 
 // Where the files lie, found in any case of letters.
-QString NoteRtfFile(const QString& noteFolder);
-QString NoteZipFile(const QString& noteFolder);
+DiskPath NoteRtfFile(const DiskPath& noteFolder);
+DiskPath NoteZipFile(const DiskPath& noteFolder);
 
 // What a FileGuard is created with by those that change the note's text or take its edit lock.
-QString NoteGuardFile(const QString& noteFolder);
+DiskPath NoteGuardFile(const DiskPath& noteFolder);
 
 // The form of the note at this moment, right also when another process turns one form into the other.
-NoteForm FindNoteForm(const QString& noteFolder);
+NoteForm FindNoteForm(const DiskPath& noteFolder);
 
 // The file of a form; empty for None.
-QString NoteContentFile(const QString& noteFolder, NoteForm form);
+DiskPath NoteContentFile(const DiskPath& noteFolder, NoteForm form);
 
 // The note's file as it is now.
-NoteOnDisk LookAtNote(const QString& noteFolder);
+NoteOnDisk LookAtNote(const DiskPath& noteFolder);
 
 // The record of a file with these bytes, its time taken from the disk.
-NoteOnDisk DescribeNote(const QString& noteFolder, NoteForm form, const QByteArray& fileBytes);
+NoteOnDisk DescribeNote(const DiskPath& noteFolder, NoteForm form, const QByteArray& fileBytes);
 
 // Whether the two are the same file contents.
 bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b);
 
-// The text within a content.zip: its entry "content.rtf", in any case of letters and in any folder, the last
-// one if there are several. Empty when there is none or it cannot be read, for whatever reason.
-QByteArray ReadZippedNote(const QString& zipFile);
+// The text within the bytes of a content.zip: its entry "content.rtf", in any case of letters and in any
+// folder, the last one if there are several. Empty when there is none or it cannot be read, for whatever
+// reason.
+QByteArray ReadZippedNote(const QByteArray& zip);
 
 // A path in the folder that is not taken, "content (<words>).<extension>", for a text that is kept beside the
 // note. What no file name may hold is replaced.
-QString KeptNotePath(const QString& noteFolder, const QString& words, NoteForm form);
+DiskPath KeptNotePath(const DiskPath& noteFolder, const QString& words, NoteForm form);
 
 } // namespace paneda

@@ -8,8 +8,6 @@
 #include "core/text/ranges.h"
 #include "core/text/text_rules.h"
 
-#include <QFileInfo>
-
 namespace paneda {
 
 namespace {
@@ -18,16 +16,16 @@ namespace {
 constexpr int kMaxLooks = 4;
 
 // False when the file has gone since it was found, so that another look is due.
-bool ReadText(const QString& folder, NoteForm form, LoadedNote& note) {
-    const QString file = NoteContentFile(folder, form);
+bool ReadText(const DiskPath& folder, NoteForm form, LoadedNote& note) {
+    const DiskPath file = NoteContentFile(folder, form);
     const auto bytes = ReadFileBytes(file, kMaxNoteText);
     if (bytes) {
         note.OnDisk = DescribeNote(folder, form, *bytes);
-        note.Rtf = form == NoteForm::Zip ? ReadZippedNote(file) : *bytes;
+        note.Rtf = form == NoteForm::Zip ? ReadZippedNote(*bytes) : *bytes;
         note.OnDisk.Unseen = form == NoteForm::Zip && note.Rtf.isEmpty();
-        return !note.OnDisk.Unseen || QFileInfo::exists(file);
+        return !note.OnDisk.Unseen || EntryExists(file);
     }
-    if (!QFileInfo::exists(file))
+    if (!EntryExists(file))
         return false;
     note.OnDisk = LookAtNote(folder);
     note.OnDisk.Unseen = true;
@@ -52,11 +50,11 @@ void LoadText(const NotePlace& place, const NoteSession& session, const QByteArr
               LoadedNote& note) {
     note.State = NoteState::Shown;
     for (int look = 0; look < kMaxLooks; ++look) {
-        const NoteForm form = FindNoteForm(place.NoteFolder);
-        if (form != NoteForm::None && ReadText(place.NoteFolder, form, note))
+        const NoteForm form = FindNoteForm(place.Folder());
+        if (form != NoteForm::None && ReadText(place.Folder(), form, note))
             return;
     }
-    if (QFileInfo(place.NoteFolder).isDir())
+    if (LookAt(place.Folder()).Kind == EntryKind::Folder)
         CreateText(place, session, emptyRtf, disk, note);
     else
         note.State = NoteState::Missing;
@@ -68,7 +66,7 @@ int SideOr(const QString& value, int fallback) {
 }
 
 void ReadKeys(const NotePlace& place, const NoteSession& session, LoadedNote& note) {
-    const IniText ini = ReadNodeIni(place.NoteFolder);
+    const IniText ini = ReadNodeIni(place.Folder());
     const auto value = [&ini](QStringView key) { return ini.Value(node_key::kProperties, key); };
     note.Width = SideOr(value(node_key::kWidth), session.Settings.Width);
     note.Height = SideOr(value(node_key::kHeight), DefaultNoteHeight(session));
@@ -98,7 +96,7 @@ LoadedNote LoadNote(const NotePlace& place, const NoteSession& session, const QB
 }
 
 QByteArray RestoreNoteText(const NotePlace& place, NoteOnDisk& onDisk) {
-    const QString& folder = place.NoteFolder;
+    const DiskPath folder = place.Folder();
     const auto bytes = ReadFileBytes(NoteRtfFile(folder), kMaxNoteText);
     onDisk = LookAtNote(folder);
     const bool isShown = bytes && IsSameNote(onDisk, DescribeNote(folder, NoteForm::Rtf, *bytes));

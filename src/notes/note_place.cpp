@@ -1,7 +1,5 @@
 #include "notes/note_place.h"
 
-#include <QDir>
-
 #include <algorithm>
 
 namespace paneda {
@@ -10,16 +8,12 @@ int DefaultNoteHeight(const NoteSession& session) {
     return std::max(session.PanelHeight, session.Settings.Height);
 }
 
-QStringList FoldersUpToRoot(const NotePlace& place) {
-    const QString root = QDir::cleanPath(place.TreeRoot);
-    QString folder = QDir::cleanPath(place.NoteFolder);
-    QStringList folders{folder};
-    const QString below = root.endsWith(u'/') ? root : root + u'/';
-    if (place.TreeRoot.isEmpty() || !folder.startsWith(below, Qt::CaseInsensitive))
-        return folders;
-    while (folder.size() > below.size()) {
-        folder = folder.left(std::max(folder.lastIndexOf(u'/'), root.size()));
-        folders.append(folder);
+std::vector<DiskPath> FoldersUpToRoot(const NotePlace& place) {
+    DiskPath folder = place.Folder();
+    std::vector<DiskPath> folders{folder};
+    while (folder.RefusesLinks() && !folder.IsRoot() && folder.NamesBelowRoot()) {
+        folder = folder.Parent();
+        folders.push_back(folder);
     }
     return folders;
 }

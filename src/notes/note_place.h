@@ -1,10 +1,12 @@
 #pragma once
 
+#include "core/disk/disk_path.h"
 #include "core/settings/app_state.h"
 
 #include <QDateTime>
 #include <QString>
-#include <QStringList>
+
+#include <vector>
 
 namespace paneda {
 
@@ -13,6 +15,9 @@ struct NotePlace {
     QString NoteFolder; // empty: no note
     QString TreeRoot;   // the tree's content folder
     bool MultiUser = false;
+
+    // Links within the tree are refused.
+    DiskPath Folder() const { return DiskPath::Below(TreeRoot, NoteFolder); }
 };
 
 // Who works on notes, when, and with which settings.
@@ -28,7 +33,7 @@ int DefaultNoteHeight(const NoteSession& session);
 
 // The note's folder and all above it, up to the tree's content folder, which comes last. Only the note's
 // folder if that is not below the content folder.
-QStringList FoldersUpToRoot(const NotePlace& place);
+std::vector<DiskPath> FoldersUpToRoot(const NotePlace& place);
 
 // "yyyy-mm-dd" and "hh:mm:ss", the forms in which all keys hold them.
 QString KeyDate(const QDateTime& time);

@@ -9,7 +9,6 @@
 #include "core/files/ini_file.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 namespace paneda {
 
@@ -26,7 +25,7 @@ QString FileTime(const QDateTime& time) {
     return time.toString(QStringLiteral("yyyy-MM-dd HH.mm.ss"));
 }
 
-QString LastUser(const QString& folder) {
+QString LastUser(const DiskPath& folder) {
     return ReadNodeIni(folder).Value(node_key::kProperties, node_key::kLastEditUser);
 }
 
@@ -34,7 +33,7 @@ QString LastUser(const QString& folder) {
 class Saving {
 public:
     Saving(const NotePlace& place, const NoteSession& session, const NoteDraft& draft, NoteDisk& disk)
-        : place_(place), session_(session), draft_(draft), disk_(disk), folder_(place.NoteFolder) {}
+        : place_(place), session_(session), draft_(draft), disk_(disk), folder_(place.Folder()) {}
 
     tl::expected<SavedNote, FileError> Run();
 
@@ -55,16 +54,17 @@ private:
     const NoteSession& session_;
     const NoteDraft& draft_;
     NoteDisk& disk_;
-    const QString folder_;
+    const DiskPath folder_;
+    GuardWait wait_;
     SavedNote saved_;
 };
 
 tl::expected<SavedNote, FileError> Saving::Run() {
-    if (!QFileInfo(folder_).isDir())
-        return Failure(folder_, QStringLiteral("The folder of this note does not exist any more."));
+    if (LookAt(folder_).Kind != EntryKind::Folder)
+        return Failure(folder_.Text(), QStringLiteral("The folder of this note does not exist any more."));
     if (draft_.Rtf.size() > kMaxNoteText)
-        return Failure(folder_, QStringLiteral("The note is larger than %1 bytes.").arg(kMaxNoteText));
-    const FileGuard guard(NoteGuardFile(folder_));
+        return Failure(folder_.Text(), QStringLiteral("The note is larger than %1 bytes.").arg(kMaxNoteText));
+    const FileGuard guard(NoteGuardFile(folder_), wait_);
     const NoteOnDisk found = LookAtNote(folder_);
     if (const auto kept = KeepOthers(found); !kept)
         return tl::make_unexpected(kept.error());
@@ -108,27 +108,28 @@ QString Saving::KeptWords() const {
 }
 
 FileResult Saving::Keep(NoteForm form, const QString& words, const QString& notice) {
-    const QString path = KeptNotePath(folder_, words, form);
+    const DiskPath path = KeptNotePath(folder_, words, form);
     if (const auto copied = disk_.Copy(NoteContentFile(folder_, form), path); !copied)
         return copied;
-    saved_.KeptFiles.append(path);
+    saved_.KeptFiles.append(path.Text());
     if (!saved_.Notice.isEmpty())
         saved_.Notice += u'\r';
-    saved_.Notice += notice + u'\r' + QDir::toNativeSeparators(path);
+    saved_.Notice += notice + u'\r' + QDir::toNativeSeparators(path.Text());
     return {};
 }
 
 // Whether an rtf beside the zip is more than what an ended save left there, which is older than the zip or
 // has its text.
 bool Saving::HidesText() const {
-    const QFileInfo rtf(NoteRtfFile(folder_));
-    const QFileInfo zip(NoteZipFile(folder_));
-    if (!rtf.isFile())
+    const DiskPath rtf = NoteRtfFile(folder_);
+    const DiskPath zip = NoteZipFile(folder_);
+    const EntryState rtfState = LookAt(rtf);
+    if (rtfState.Kind != EntryKind::File)
         return false;
-    const QByteArray zipped = ReadZippedNote(zip.filePath());
-    if (!zipped.isEmpty() && rtf.lastModified() <= zip.lastModified())
+    const QByteArray zipped = ReadZippedNote(ReadFileBytes(zip, kMaxNoteText).value_or(QByteArray()));
+    if (!zipped.isEmpty() && rtfState.Modified <= LookAt(zip).Modified)
         return false;
-    const auto text = ReadFileBytes(rtf.filePath(), kMaxNoteText);
+    const auto text = ReadFileBytes(rtf, kMaxNoteText);
     return !text || *text != zipped;
 }
 
@@ -157,7 +158,10 @@ FileResult Saving::WriteZipped() {
         return tl::make_unexpected(zipped.error());
     if (const auto written = ReplaceContent(NoteForm::Zip, *zipped); !written)
         return written;
-    Collect(saved_.Failures, disk_.Remove(NoteRtfFile(folder_)));
+    auto removed = disk_.Flush(folder_);
+    if (removed)
+        removed = disk_.Remove(NoteRtfFile(folder_));
+    Collect(saved_.Failures, removed);
     return {};
 }
 
@@ -173,6 +177,8 @@ FileResult Saving::WritePlain(NoteForm before) {
     const NoteOnDisk inZip = saved_.OnDisk;
     auto changed = ReplaceContent(NoteForm::Rtf, draft_.Rtf);
     if (changed)
+        changed = disk_.Flush(folder_);
+    if (changed)
         changed = disk_.Remove(NoteZipFile(folder_));
     if (!changed)
         saved_.OnDisk = inZip;
@@ -186,12 +192,14 @@ void Saving::WriteKeys() {
     Collect(saved_.Failures, disk_.WriteKeys(place_, folder_,
                                              {{node_key::kLastEditUser, session_.UserName},
                                               {node_key::kLastEditDate, date},
-                                              {node_key::kLastEditTime, time}}));
-    for (const QString& folder : FoldersUpToRoot(place_))
-        Collect(saved_.Failures,
-                disk_.WriteKeys(place_, folder, {{node_key::kLastAllLevelEditTime, date + u' ' + time}}));
+                                              {node_key::kLastEditTime, time}},
+                                             wait_));
+    for (const DiskPath& folder : FoldersUpToRoot(place_))
+        Collect(
+            saved_.Failures,
+            disk_.WriteKeys(place_, folder, {{node_key::kLastAllLevelEditTime, date + u' ' + time}}, wait_));
     if (!draft_.LockedByOther)
-        Collect(saved_.Failures, ReleaseEditLock(place_, disk_));
+        Collect(saved_.Failures, ReleaseEditLock(place_, disk_, wait_));
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "notes/remark_file.h"
 
-#include "core/files/file_tree.h"
 #include "core/files/ini_text.h"
-#include <QFileInfo>
 
 namespace paneda {
 
@@ -13,15 +11,15 @@ constexpr qsizetype kMaxName = 240;
 const QString kEnd = QStringLiteral(".txt");
 constexpr QStringView kForbidden = u"\\/:*?\"<>|";
 
-FileResult WriteRemarkFile(const QString& path) {
+FileResult WriteRemarkFile(const DiskPath& path) {
     IniText text;
     text.SetValue(u"Remark", u"Remark", u"");
     return ReplaceFile(path, text.Bytes());
 }
 
 // A folder of that name was made by the user.
-FileResult RemoveFile(const QString& path) {
-    return QFileInfo(path).isFile() ? RemoveTree(path) : FileResult();
+FileResult RemoveIfFile(const DiskPath& path) {
+    return LookAt(path).Kind == EntryKind::File ? WithoutProblem(RemoveFile(path)) : FileResult();
 }
 
 } // namespace
@@ -37,26 +35,26 @@ QString RemarkFileName(const QString& nodeFolderName, const QString& nodeName) {
     return name + kEnd;
 }
 
-FileResult WriteRemark(const QString& levelFolder, const QString& nodeFolderName, const QString& nodeName) {
+FileResult WriteRemark(const DiskPath& levelFolder, const QString& nodeFolderName, const QString& nodeName) {
     return WriteRemarkFile(FindEntry(levelFolder, RemarkFileName(nodeFolderName, nodeName)));
 }
 
-FileResult MoveRemark(const QString& fromLevel, const QString& fromFile, const QString& toLevel,
+FileResult MoveRemark(const DiskPath& fromLevel, const QString& fromFile, const DiskPath& toLevel,
                       const QString& toFile) {
-    const QString from = FindEntry(fromLevel, fromFile);
-    const QString to = toLevel + u'/' + toFile;
-    if (QFileInfo(from).isFile() && (from == to || RenameEntry(from, to)))
+    const DiskPath from = FindEntry(fromLevel, fromFile);
+    const DiskPath to = toLevel / toFile;
+    if (LookAt(from).Kind == EntryKind::File && (from.Text() == to.Text() || RenameEntry(from, to)))
         return {};
     // It carries nothing: a new one is as good, where it is in the way of another or on another volume.
     if (!EntryExists(to)) {
         if (const FileResult written = WriteRemarkFile(to); !written)
             return written;
     }
-    return RemoveFile(from);
+    return RemoveIfFile(from);
 }
 
-FileResult RemoveRemark(const QString& levelFolder, const QString& nodeFolderName, const QString& nodeName) {
-    return RemoveFile(FindEntry(levelFolder, RemarkFileName(nodeFolderName, nodeName)));
+FileResult RemoveRemark(const DiskPath& levelFolder, const QString& nodeFolderName, const QString& nodeName) {
+    return RemoveIfFile(FindEntry(levelFolder, RemarkFileName(nodeFolderName, nodeName)));
 }
 
 } // namespace paneda

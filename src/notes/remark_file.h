@@ -13,13 +13,13 @@ namespace paneda {
 // that was made elsewhere has to be found by its name. Cut to what a file system takes.
 QString RemarkFileName(const QString& nodeFolderName, const QString& nodeName);
 
-FileResult WriteRemark(const QString& levelFolder, const QString& nodeFolderName, const QString& nodeName);
+FileResult WriteRemark(const DiskPath& levelFolder, const QString& nodeFolderName, const QString& nodeName);
 
 // Gives the file of a node its new name or place, or makes one if it is missing. A file that has the new name
 // already is not touched.
-FileResult MoveRemark(const QString& fromLevel, const QString& fromFile, const QString& toLevel,
+FileResult MoveRemark(const DiskPath& fromLevel, const QString& fromFile, const DiskPath& toLevel,
                       const QString& toFile);
 
-FileResult RemoveRemark(const QString& levelFolder, const QString& nodeFolderName, const QString& nodeName);
+FileResult RemoveRemark(const DiskPath& levelFolder, const QString& nodeFolderName, const QString& nodeName);
 
 } // namespace paneda

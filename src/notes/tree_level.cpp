@@ -14,7 +14,7 @@ constexpr double kHighestFolder = 999'999'999'999;
 
 } // namespace
 
-QString LevelPlace::Folder() const {
+DiskPath LevelPlace::Folder() const {
     return LevelFolder(ContentFolder, RelativePath);
 }
 
@@ -29,13 +29,13 @@ LevelPlace PlaceOf(const QString& contentFolder, const TreeNode& node) {
 
 TreeNodeList LoadLevel(const LevelPlace& place, const QString& appPath) {
     TreeNodeList nodes;
-    const QString folder = place.Folder();
+    const DiskPath folder = place.Folder();
     TreeNode node;
     node.RelativePath = place.RelativePath;
     node.Level = place.Level;
     node.PathLabel = place.PathLabel;
     for (const QString& name : ListNodeFolders(folder)) {
-        const QString nodeFolder = folder + u'/' + name;
+        const DiskPath nodeFolder = folder / name;
         ReadNodeKeys(ReadNodeIni(nodeFolder), appPath, node);
         if (node.Name.isEmpty())
             continue;
@@ -47,11 +47,11 @@ TreeNodeList LoadLevel(const LevelPlace& place, const QString& appPath) {
     return nodes;
 }
 
-SiblingScan ScanSiblings(const QString& levelFolder) {
+SiblingScan ScanSiblings(const DiskPath& levelFolder) {
     SiblingScan scan;
     scan.Folders = ListNodeFolders(levelFolder);
     for (const QString& name : scan.Folders) {
-        const IniText properties = ReadNodeIni(levelFolder + u'/' + name);
+        const IniText properties = ReadNodeIni(levelFolder / name);
         scan.Sorts.append(ReadSort(properties));
         scan.IsNode.push_back(!properties.Value(node_key::kProperties, node_key::kName).isEmpty());
         const double number = LeadingNumber(name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/disk/disk_path.h"
 #include "notes/tree_node.h"
 
 #include <QString>
@@ -13,7 +14,7 @@ struct LevelPlace {
     int Level = 0;
     QString PathLabel;
 
-    QString Folder() const;
+    DiskPath Folder() const;
 };
 
 // The place of a node's children, and its own.
@@ -33,7 +34,7 @@ struct SiblingScan {
     double HighestNumber = 0;
 };
 
-SiblingScan ScanSiblings(const QString& levelFolder);
+SiblingScan ScanSiblings(const DiskPath& levelFolder);
 
 // The folders that are nodes, in the order that their texts give; equal texts stay in byte order of names.
 std::vector<std::size_t> NodesInOrder(const SiblingScan& scan);

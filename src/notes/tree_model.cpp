@@ -40,8 +40,8 @@ const TreeNode* TreeModel::Find(int row) const {
     return position < 0 ? nullptr : &nodes_[std::size_t(position)];
 }
 
-QString TreeModel::NodeFolder(const TreeNode& node) const {
-    return LevelFolder(settings_.ContentFolder, node.RelativePath) + u'/' + node.Folder;
+DiskPath TreeModel::NodeFolder(const TreeNode& node) const {
+    return LevelFolder(settings_.ContentFolder, node.RelativePath) / node.Folder;
 }
 
 int TreeModel::LastTop() const {

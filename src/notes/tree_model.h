@@ -54,6 +54,8 @@ public:
     const QString& TreeName() const { return treeName_; }
     // The content folder as the host names it.
     const QString& TreePath() const { return settings_.ContentFolder; }
+    // The same, with links behind it refused.
+    DiskPath ContentFolder() const { return DiskPath::Below(TreePath(), TreePath()); }
     int TreeIndex() const { return treeIndex_; }
     const TreeSettings& Settings() const { return settings_; }
     const QString& AppPath() const { return appPath_; }
@@ -69,7 +71,7 @@ public:
     int RowOf(const QString& relativePath, const QString& folder, int exceptRow = -1) const;
     // The node of a row; nothing when it is not shown. Valid until the next change.
     const TreeNode* Find(int row) const;
-    QString NodeFolder(const TreeNode& node) const;
+    DiskPath NodeFolder(const TreeNode& node) const;
 
     // Twips.
     static int RowTop(int position) { return TopMargin + position * RowHeight; }

@@ -8,7 +8,6 @@
 #include "notes/node_properties.h"
 
 #include <QDir>
-#include <QDirIterator>
 
 #include <algorithm>
 
@@ -56,8 +55,8 @@ TreeSettings ReadTreeSettings(const AppState& state, const QString& treeName) {
     settings.NoteTitle2Color = ReadHexColour(text.Value(u"Note", u"Title 2 Color"));
     ResolveContentFolder(settings, state.AppPath, state.Drives);
     if (!settings.ContentFolder.isEmpty())
-        settings.MultiUser =
-            ReadNodeIni(settings.ContentFolder).Value(node_key::kProperties, node_key::kMultiuser) == u"1";
+        settings.MultiUser = ReadNodeIni(DiskPath::Below(settings.ContentFolder, settings.ContentFolder))
+                                 .Value(node_key::kProperties, node_key::kMultiuser) == u"1";
     return settings;
 }
 
@@ -78,7 +77,7 @@ QRgb ReadHexColour(const QString& text) {
     return qRgb(int(HexPair(text.left(2))), int(HexPair(text.mid(2, 2))), int(HexPair(text.right(2))));
 }
 
-QString LevelFolder(const QString& contentFolder, const QString& relativePath) {
+DiskPath LevelFolder(const QString& contentFolder, const QString& relativePath) {
     if (contentFolder.isEmpty())
         return {};
     QString folder = contentFolder;
@@ -88,25 +87,23 @@ QString LevelFolder(const QString& contentFolder, const QString& relativePath) {
     // The root of a drive keeps its separator.
     if (relativePath.size() > 1 || !contentFolder.endsWith(u'/'))
         folder.chop(1);
-    return folder;
+    return DiskPath::Below(contentFolder, folder);
 }
 
-QStringList ListNodeFolders(const QString& levelFolder) {
-    if (levelFolder.isEmpty())
+QStringList ListNodeFolders(const DiskPath& levelFolder) {
+    if (levelFolder.Text().isEmpty())
         return {};
     QStringList folders = ListFolders(levelFolder);
     folders.removeIf([](const QString& name) { return !IsNodeFolderName(name); });
     return folders;
 }
 
-bool HasSubfolder(const QString& nodeFolder) {
-    QDirIterator folders(nodeFolder, QDir::Dirs | QDir::NoDotAndDotDot);
-    while (folders.hasNext()) {
-        folders.next();
-        if (IsNodeFolderName(folders.fileName()))
-            return true;
-    }
-    return false;
+bool HasSubfolder(const DiskPath& nodeFolder) {
+    // A folder that cannot be read shows no box.
+    const auto entries = ListEntries(nodeFolder).value_or(std::vector<DiskEntry>());
+    return std::any_of(entries.begin(), entries.end(), [](const DiskEntry& entry) {
+        return entry.Kind == EntryKind::Folder && !entry.Hidden && IsNodeFolderName(entry.Name);
+    });
 }
 
 } // namespace paneda

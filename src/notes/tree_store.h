@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/disk/disk_path.h"
+
 #include <QRgb>
 #include <QString>
 #include <QStringList>
@@ -51,14 +53,14 @@ void ResolveContentFolder(TreeSettings& settings, const QString& appPath, const 
 // The opaque colour of RRGGBB. A pair of characters that is not hexadecimal counts as 0; empty is black.
 QRgb ReadHexColour(const QString& text);
 
-// Host path of a level's folder; `relativePath` begins and ends with a backslash. Empty for an empty content
-// folder.
-QString LevelFolder(const QString& contentFolder, const QString& relativePath);
+// A level's folder; `relativePath` begins and ends with a backslash. Links behind the content folder are
+// refused. Empty for an empty content folder.
+DiskPath LevelFolder(const QString& contentFolder, const QString& relativePath);
 
 // Names of the folders in a level that may be nodes, in byte order. An empty folder path has none.
-QStringList ListNodeFolders(const QString& levelFolder);
+QStringList ListNodeFolders(const DiskPath& levelFolder);
 
 // Whether a node shows an expand box: it has a folder of whatever kind.
-bool HasSubfolder(const QString& nodeFolder);
+bool HasSubfolder(const DiskPath& nodeFolder);
 
 } // namespace paneda

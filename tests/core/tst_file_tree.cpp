@@ -1,3 +1,4 @@
+#include "core/files/file_io.h"
 #include "core/files/file_tree.h"
 #include "support/store_builder.h"
 

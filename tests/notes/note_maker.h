@@ -23,23 +23,27 @@ class StoppingDisk : public NoteDisk {
 public:
     int StepsLeft = INT_MAX;
 
-    FileResult Replace(const QString& path, const QByteArray& bytes) override {
+    FileResult Replace(const DiskPath& path, const QByteArray& bytes) override {
         return Step() ? NoteDisk::Replace(path, bytes) : Stopped(path);
     }
-    FileResult Copy(const QString& from, const QString& to) override {
+    FileResult Copy(const DiskPath& from, const DiskPath& to) override {
         return Step() ? NoteDisk::Copy(from, to) : Stopped(to);
     }
-    FileResult Remove(const QString& path) override {
+    FileResult Remove(const DiskPath& path) override {
         return Step() ? NoteDisk::Remove(path) : Stopped(path);
     }
-    FileResult WriteKeys(const NotePlace& place, const QString& folder, const NoteKeyValues& keys) override {
-        return Step() ? NoteDisk::WriteKeys(place, folder, keys) : Stopped(folder);
+    FileResult Flush(const DiskPath& folder) override {
+        return Step() ? NoteDisk::Flush(folder) : Stopped(folder);
+    }
+    FileResult WriteKeys(const NotePlace& place, const DiskPath& folder, const NoteKeyValues& keys,
+                         GuardWait& wait) override {
+        return Step() ? NoteDisk::WriteKeys(place, folder, keys, wait) : Stopped(folder);
     }
 
 private:
     bool Step() { return StepsLeft-- > 0; }
-    static FileResult Stopped(const QString& path) {
-        return tl::make_unexpected(FileError{path, QStringLiteral("No space left on device")});
+    static FileResult Stopped(const DiskPath& path) {
+        return tl::make_unexpected(FileError{path.Text(), QStringLiteral("No space left on device")});
     }
 };
 

@@ -41,8 +41,8 @@ public:
         NodeServices services{Prompts, {}, {}, {}};
         services.TreeOf = [this](int index) { return trees_[std::size_t(index) - 1].get(); };
         services.CloseNote = [this] { ++NotesClosed; };
-        services.FetchFavicon = [this](const QString& address, const QString& file) {
-            Fetched.append(address + u' ' + file.mid(Store.AppFolder().size() + 1));
+        services.FetchFavicon = [this](const QString& address, const DiskPath& file) {
+            Fetched.append(address + u' ' + file.Text().mid(Store.AppFolder().size() + 1));
         };
         return {tree, Transfer, services};
     }

@@ -122,7 +122,7 @@ void tst_tree_model::expandsAndCollapses() {
     QCOMPARE(deep.RelativePath, u"\\000001\\000001\\"_s);
     QCOMPARE(deep.PathLabel, u"Tree \\ a \\ a2"_s);
     QCOMPARE(deep.Level, 2);
-    QCOMPARE(tree.NodeFolder(deep), desk.Store.Path(u"Tree/000001/000001/000001"_s));
+    QCOMPARE(tree.NodeFolder(deep).Text(), desk.Store.Path(u"Tree/000001/000001/000001"_s));
 
     tree.SelectRow(5);
     tree.ToggleNode(1);

@@ -1,11 +1,9 @@
 #include "core/files/file_io.h"
 
+#include "core/disk/disk_file.h"
 #include "core/text/text_rules.h"
 
 #include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -13,29 +11,25 @@ namespace paneda {
 
 namespace {
 
-// A shortcut of the desktop is a file like any other, whatever it leads to and even if that is gone. Qt looks
-// through it.
-bool IsFile(const QFileInfo& entry) {
-    return entry.isFile() || entry.isShortcut();
+constexpr qint64 kChunk = 64 * 1024; // bytes
+const QString kTooLarge = QStringLiteral("The file is larger than %1 bytes.");
+
+enum class Wanted { Files, Folders, Everything };
+
+bool IsWanted(const DiskEntry& entry, Wanted wanted) {
+    if (entry.Name.isEmpty() || entry.Name.contains(u'\\') || entry.Name.startsWith(kUnfinishedPrefix))
+        return false;
+    if (wanted == Wanted::Everything)
+        return true;
+    return !entry.Hidden && entry.Kind == (wanted == Wanted::Files ? EntryKind::File : EntryKind::Folder);
 }
 
-bool IsFolder(const QFileInfo& entry) {
-    return entry.isDir() && !entry.isShortcut();
-}
-
-bool IsAnything(const QFileInfo&) {
-    return true;
-}
-
-QStringList ListNames(const QString& folder, bool (*isWanted)(const QFileInfo&), QDir::Filters more = {}) {
+QStringList ListNames(const DiskPath& folder, Wanted wanted) {
     QStringList names;
-    // Without System the shortcuts to nowhere are left out.
-    QDirIterator entries(folder, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot | more);
-    while (entries.hasNext()) {
-        entries.next();
-        const QString name = entries.fileName();
-        if (!name.contains(u'\\') && !name.startsWith(kUnfinishedPrefix) && isWanted(entries.fileInfo()))
-            names.append(name);
+    // A folder that cannot be read has no entries.
+    for (const DiskEntry& entry : ListEntries(folder).value_or(std::vector<DiskEntry>())) {
+        if (IsWanted(entry, wanted))
+            names.append(entry.Name);
     }
     std::sort(names.begin(), names.end(),
               [](const QString& a, const QString& b) { return CompareText(a, b) < 0; });
@@ -44,60 +38,54 @@ QStringList ListNames(const QString& folder, bool (*isWanted)(const QFileInfo&),
 
 } // namespace
 
-tl::unexpected<FileError> Failure(const QString& path, const QString& reason) {
-    return tl::make_unexpected(FileError{QDir::toNativeSeparators(path), reason});
-}
-
-QString FileError::Text() const {
-    return Path + QStringLiteral(": ") + Reason;
-}
-
-QString FailureText(const std::vector<FileError>& failures) {
-    QStringList lines;
-    for (const FileError& failure : failures)
-        lines.append(failure.Text());
-    return lines.join(u'\n');
-}
-
 QString FindEntry(const QString& folder, const QString& name) {
-    const QString exact = QDir(folder).filePath(name);
-    if (QFileInfo::exists(exact))
+    return FindEntry(DiskPath(folder), name).Text();
+}
+
+DiskPath FindEntry(const DiskPath& folder, const QString& name) {
+    const DiskPath exact = folder / name;
+    if (EntryExists(exact))
         return exact;
-    const QStringList names = ListNames(folder, IsAnything, QDir::Hidden);
+    const QStringList names = ListNames(folder, Wanted::Everything);
     const auto found = std::find_if(names.begin(), names.end(),
                                     [&name](const QString& entry) { return SameName(entry, name); });
-    return found == names.end() ? exact : QDir(folder).filePath(*found);
+    return found == names.end() ? exact : folder / *found;
 }
 
-tl::expected<QByteArray, FileError> ReadFileBytes(const QString& path, qint64 limit) {
-    const QFileInfo info(path);
-    if (!info.exists() && !info.isShortcut())
-        return Failure(path, QStringLiteral("The file does not exist."));
-    if (!IsFile(info))
-        return Failure(path, QStringLiteral("This is not a file."));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return Failure(path, file.errorString());
-    if (file.size() > limit)
-        return Failure(path, QStringLiteral("The file is larger than %1 bytes.").arg(limit));
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return Failure(path, file.errorString());
-    return bytes;
+bool EntryExists(const DiskPath& path) {
+    return LookAt(path).Kind != EntryKind::Missing;
 }
 
-FileResult MakeFolder(const QString& path) {
-    if (QFileInfo(path).isDir() || QDir().mkdir(path))
-        return {};
-    return Failure(path, QStringLiteral("The folder cannot be created."));
+tl::expected<QByteArray, FileError> ReadFileBytes(const DiskPath& path, qint64 limit) {
+    auto file = DiskFile::OpenToRead(path);
+    if (!file)
+        return tl::make_unexpected(file.error().Error);
+    if (file->Size() > limit)
+        return Failure(path.Text(), kTooLarge.arg(limit));
+    QByteArray bytes;
+    // The size may be wrong: a file of the system has none, and another process may be writing.
+    for (qint64 wanted = file->Size() + 1;; wanted = kChunk) {
+        const auto part = file->Read(wanted);
+        if (!part)
+            return tl::make_unexpected(part.error().Error);
+        bytes += *part;
+        if (bytes.size() > limit)
+            return Failure(path.Text(), kTooLarge.arg(limit));
+        if (part->size() < wanted)
+            return bytes;
+    }
 }
 
-QStringList ListFolders(const QString& folder) {
-    return ListNames(folder, IsFolder);
+FileResult MakeFolder(const DiskPath& path) {
+    return LookAt(path).Kind == EntryKind::Folder ? FileResult() : WithoutProblem(MakeNewFolder(path));
 }
 
-QStringList ListFiles(const QString& folder) {
-    return ListNames(folder, IsFile);
+QStringList ListFolders(const DiskPath& folder) {
+    return ListNames(folder, Wanted::Folders);
+}
+
+QStringList ListFiles(const DiskPath& folder) {
+    return ListNames(folder, Wanted::Files);
 }
 
 } // namespace paneda

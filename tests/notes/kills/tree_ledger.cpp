@@ -20,7 +20,8 @@ QByteArray Contents(const QString& path) {
 }
 
 int SaveIn(const QString& node, const QString& file) {
-    const QByteArray text = file.endsWith(u".zip"_s) ? ReadZippedNote(file) : Contents(file);
+    const QByteArray bytes = Contents(file);
+    const QByteArray text = file.endsWith(u".zip"_s) ? ReadZippedNote(bytes) : bytes;
     return FindSave(node, text).Save;
 }
 

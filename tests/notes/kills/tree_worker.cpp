@@ -7,7 +7,6 @@
 #include "notes/note_load.h"
 #include "notes/note_save.h"
 #include "notes/tree_model.h"
-#include "platform/file_flush.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -44,9 +43,7 @@ public:
 
 private:
     NodeServices Services() {
-        NodeServices services{prompts_, [this](int) { return &tree_; }, {}, {}};
-        services.Flush = &FlushFilesToDisk;
-        return services;
+        return {prompts_, [this](int) { return &tree_; }, {}, {}};
     }
     void Tell(const QString& line) { journal_.write(line.toUtf8() + '\n'); }
     int Below(int limit) { return random_.bounded(limit); }
@@ -172,7 +169,7 @@ void TreeWorker::Delete() {
 
 void TreeWorker::Save() {
     const TreeNode node = RandomNode();
-    const NotePlace place{tree_.NodeFolder(node), work_.Content, work_.Shared};
+    const NotePlace place{tree_.NodeFolder(node).Text(), work_.Content, work_.Shared};
     NoteSession session;
     session.UserName = work_.Who;
     session.Now = QDateTime::currentDateTime();

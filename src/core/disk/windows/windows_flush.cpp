@@ -1,10 +1,7 @@
-#include "platform/file_flush.h"
+#include "core/disk/disk_entries.h"
 
-#include "platform/windows/wide_text.h"
+#include "core/disk/windows/place.h"
 
-#include <QDir>
-
-#include <windows.h>
 #include <winternl.h>
 
 namespace paneda {
@@ -23,29 +20,29 @@ FlushEx FindFlushEx() {
                    : nullptr;
 }
 
-FileResult FlushOne(const QString& path, FlushEx withoutDisk) {
-    const QString name = QDir::toNativeSeparators(path);
+FileResult FlushOne(const DiskPath& path, FlushEx withoutDisk) {
+    const auto place = Locate(path);
+    if (!place)
+        return tl::make_unexpected(place.error().Error);
     constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE file = CreateFileW(Wide(name), GENERIC_WRITE, kShare, nullptr, OPEN_EXISTING,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return Failure(path, qt_error_string(int(GetLastError())));
+    const Handle file(CreateFileW(place->Path.c_str(), GENERIC_WRITE, kShare, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL | place->NoFollow(), nullptr));
+    if (!file.IsOpen())
+        return WithoutProblem(SystemFailure(path.Text(), GetLastError()));
     IO_STATUS_BLOCK status{};
     // File systems that do not know the short way get the long one.
-    const bool flushed = (withoutDisk && withoutDisk(file, kNoDiskFlush, nullptr, 0, &status) >= 0) ||
-                         FlushFileBuffers(file) != FALSE;
-    const DWORD error = flushed ? ERROR_SUCCESS : GetLastError();
-    CloseHandle(file);
-    return flushed ? FileResult() : Failure(path, qt_error_string(int(error)));
+    const bool flushed = (withoutDisk && withoutDisk(file.Get(), kNoDiskFlush, nullptr, 0, &status) >= 0) ||
+                         FlushFileBuffers(file.Get()) != FALSE;
+    return flushed ? FileResult() : WithoutProblem(SystemFailure(path.Text(), GetLastError()));
 }
 
 } // namespace
 
 // A volume can be flushed at once by administrators alone. The last file asks the disk to empty its cache,
 // which is what the others wait for. Names are safe with their files' metadata.
-FileResult FlushFilesToDisk(const QStringList& files) {
+FileResult FlushFilesToDisk(const std::vector<DiskPath>& files) {
     const FlushEx flushEx = FindFlushEx();
-    for (qsizetype i = 0; i < files.size(); ++i) {
+    for (std::size_t i = 0; i < files.size(); ++i) {
         const bool isLast = i + 1 == files.size();
         if (const FileResult flushed = FlushOne(files[i], isLast ? nullptr : flushEx); !flushed)
             return flushed;
