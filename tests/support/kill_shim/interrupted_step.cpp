@@ -23,6 +23,7 @@ QProcessEnvironment ChildEnvironment(const QString& folder, const QString& log,
     environment.insert(QStringLiteral("PANEDA_KILL_LOG"), log);
     if (interruption.NamedFilesOnly)
         environment.insert(QStringLiteral("PANEDA_KILL_NAMED"), QStringLiteral("1"));
+    environment.insert(QStringLiteral("PANEDA_KILL_SPARE"), interruption.Spared);
     // A sanitizer wants to come first, which the shim does instead.
     const QString options = QStringLiteral("ASAN_OPTIONS");
     environment.insert(options, environment.value(options) + QStringLiteral(":verify_asan_link_order=0"));

@@ -18,6 +18,7 @@ struct Interruption {
     int At = 0;                            // number of the call, from 1; 0: nothing
     QString Mode = QStringLiteral("kill"); // as in kill_shim.c
     bool NamedFilesOnly = false;           // as on a stick, whose file system has no files without a name
+    QString Spared = {};                   // end of names on which calls are not counted
 };
 
 struct StepEnd {

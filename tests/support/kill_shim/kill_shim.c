@@ -6,16 +6,18 @@
  *   PANEDA_KILL_AT      number of the call, from 1; 0 or nothing: the calls are only counted
  *   PANEDA_KILL_MODE    "kill"    SIGKILL instead of the call; also when it is not set
  *                       "torn"    as "kill", but the first half of a write reaches the file
- *                       "ENOSPC"  that call alone fails, with this error ("EIO" likewise)
- *                       "ENOSPC+" that call and all behind it fail ("EIO+" likewise)
+ *                       "ENOSPC"  that call alone fails, with this error ("EIO" and "EDQUOT" likewise)
+ *                       "ENOSPC+" that call and all behind it fail ("EIO+" and "EDQUOT+" likewise)
  *   PANEDA_KILL_NAMED   any text: files without a name (O_TMPFILE) are refused, as on the file systems of
  *                       sticks
+ *   PANEDA_KILL_SPARE   end of names on which calls are neither counted nor fail
  *   PANEDA_KILL_LOG     file outside of the folder, gets a line "number call path" for each counted call
  *
  * Counted are, on paths below the folder: open, openat and creat that make or empty a file; write, pwrite and
- * writev; copy_file_range, sendfile and ioctl(FICLONE); fsync and fdatasync; truncate and ftruncate; rename,
- * renameat and renameat2; link, linkat, symlink and symlinkat; unlink, unlinkat, remove, rmdir, mkdir and
- * mkdirat. Not seen are writes through stdio and through mapped memory, and paths with "..".
+ * writev; copy_file_range, sendfile and ioctl(FICLONE); fsync, fdatasync and syncfs; truncate and ftruncate;
+ * rename, renameat and renameat2; link, linkat, symlink and symlinkat; unlink, unlinkat, remove, rmdir, mkdir
+ * and mkdirat; where calls fail, also close of a file that was open to be written. Not seen are writes
+ * through stdio and through mapped memory, and paths with "..".
  *
  * A killed process does not take with it what the system has in its caches, so this shows the order of the
  * steps and not what a power failure leaves.
@@ -46,6 +48,7 @@ static int torn;
 static int fail_with; /* 0: kill */
 static int fail_on;   /* and let all later calls fail as well */
 static int refuses_unnamed;
+static const char* spared;
 static int log_file = -1;
 static atomic_long count;
 
@@ -59,18 +62,28 @@ __attribute__((constructor)) static void ReadEnvironment(void) {
     kill_at = at == NULL ? 0 : atol(at);
     mode = mode == NULL ? "kill" : mode;
     torn = strcmp(mode, "torn") == 0;
-    fail_with = strncmp(mode, "ENOSPC", 6) == 0 ? ENOSPC : strncmp(mode, "EIO", 3) == 0 ? EIO : 0;
+    fail_with = strncmp(mode, "ENOSPC", 6) == 0   ? ENOSPC
+                : strncmp(mode, "EDQUOT", 6) == 0 ? EDQUOT
+                : strncmp(mode, "EIO", 3) == 0    ? EIO
+                                                  : 0;
     fail_on = mode[strlen(mode) - 1] == '+';
     refuses_unnamed = getenv("PANEDA_KILL_NAMED") != NULL;
+    spared = getenv("PANEDA_KILL_SPARE");
     if (log_path != NULL)
         log_file =
             (int)syscall(SYS_openat, AT_FDCWD, log_path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
     folder_length = strlen(folder);
 }
 
+static int IsSpared(const char* path) {
+    const size_t length = spared == NULL ? 0 : strlen(spared);
+    const size_t path_length = strlen(path);
+    return length > 0 && path_length >= length && strcmp(path + path_length - length, spared) == 0;
+}
+
 static int LiesInFolder(const char* path) {
     return folder_length > 0 && strncmp(path, folder, folder_length) == 0 &&
-           (path[folder_length] == '/' || path[folder_length] == '\0');
+           (path[folder_length] == '/' || path[folder_length] == '\0') && !IsSpared(path);
 }
 
 /* The path of an open file or folder; empty when it has none. */
@@ -260,6 +273,23 @@ int fsync(int file) {
 
 int fdatasync(int file) {
     return CountFile("fdatasync", file) != kGoOn ? -1 : (int)syscall(SYS_fdatasync, file);
+}
+
+int syncfs(int file) {
+    return CountFile("syncfs", file) != kGoOn ? -1 : (int)syscall(SYS_syncfs, file);
+}
+
+/* Closes the file in any case, as the system does. */
+int close(int file) {
+    const int flags = fail_with == 0 ? O_RDONLY : (int)syscall(SYS_fcntl, file, F_GETFL);
+    const int writes = flags != -1 && (flags & O_ACCMODE) != O_RDONLY;
+    const int fails = writes && CountFile("close", file) != kGoOn;
+    const int error = errno;
+    const int closed = (int)syscall(SYS_close, file);
+    if (!fails)
+        return closed;
+    errno = error;
+    return -1;
 }
 
 int truncate(const char* name, off_t size) {
