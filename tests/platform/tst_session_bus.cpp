@@ -30,6 +30,11 @@ QDBusConnection Other() {
     return QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
 }
 
+// A program that is not the one which was asked.
+QDBusConnection Stranger() {
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"stranger"_s);
+}
+
 // What shows notifications: keeps what it was asked to show.
 class Notifications : public QDBusVirtualObject {
 public:
@@ -218,6 +223,9 @@ void tst_session_bus::portalShortcut() {
     QCOMPARE(portal_.Calls, asked);
     portal_.Activate(Other(), portal_.Session + u'2', u"show"_s);
     portal_.Activate(Other(), portal_.Session, u"hide"_s);
+    portal_.Activate(Stranger(), portal_.Session, u"show"_s);
+    portal_.CloseSession(Stranger());
+    QVERIFY(Stranger().interface()->isServiceRegistered(kPortalName)); // what was sent has arrived
     portal_.Activate(Other(), portal_.Session, u"show"_s);
     QTRY_COMPARE(count, 1);
     // The same combination keeps its session, for whoever listens now.

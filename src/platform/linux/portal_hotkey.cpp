@@ -44,8 +44,16 @@ const QString kClosed = QStringLiteral("Closed");
 const QString kActivated = QStringLiteral("Activated");
 const QString kShortcutId = QStringLiteral("show");
 
-QDBusMessage CloseCall(const QString& path, const QString& interface) {
-    return QDBusMessage::createMethodCall(kService, path, interface, QStringLiteral("Close"));
+QDBusMessage BusCall(const QString& method, const QVariantList& arguments) {
+    const QString name = QStringLiteral("org.freedesktop.DBus");
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(name, QStringLiteral("/org/freedesktop/DBus"), name, method);
+    call.setArguments(arguments);
+    return call;
+}
+
+QDBusMessage CloseCall(const QString& owner, const QString& path, const QString& interface) {
+    return QDBusMessage::createMethodCall(owner, path, interface, QStringLiteral("Close"));
 }
 
 QVariant ShortcutList(const QString& trigger) {
@@ -97,21 +105,40 @@ Hotkey::Answer PortalHotkey::Register(int modifiers, int virtualKey, std::functi
     trigger_ = trigger;
     pressed_ = std::move(pressed);
     state_ = Answer::Asked;
-    CreateSession();
+    StartPortal();
     return state_;
 }
 
 void PortalHotkey::Unregister() {
+    ++attempt_;
     EndRequest();
     state_ = Answer::Refused;
     trigger_.clear();
     if (session_.isEmpty())
         return;
-    bus_->disconnect({}, kPath, kShortcuts, kActivated, this,
+    bus_->disconnect(owner_, kPath, kShortcuts, kActivated, this,
                      SLOT(ShortcutActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
-    bus_->disconnect({}, session_, kSession, kClosed, this, SLOT(SessionClosed()));
-    bus_->send(CloseCall(session_, kSession));
+    bus_->disconnect(owner_, session_, kSession, kClosed, this, SLOT(SessionClosed()));
+    bus_->send(CloseCall(owner_, session_, kSession));
     session_.clear();
+}
+
+void PortalHotkey::StartPortal() {
+    constexpr quint32 kNoFlags = 0;
+    Call(BusCall(QStringLiteral("StartServiceByName"), {kService, kNoFlags}),
+         // The answer says nothing: a portal that somebody else has started may be one that the bus cannot
+         // start.
+         [this](const QDBusMessage&) { FindOwner(); });
+}
+
+// Signals are taken from this process alone: any program of the session can send some that look the same.
+void PortalHotkey::FindOwner() {
+    Call(BusCall(QStringLiteral("GetNameOwner"), {kService}), [this](const QDBusMessage& reply) {
+        if (!HasPortal(reply))
+            return;
+        owner_ = reply.arguments().value(0).toString();
+        CreateSession();
+    });
 }
 
 void PortalHotkey::CreateSession() {
@@ -127,9 +154,9 @@ void PortalHotkey::SessionAnswered(uint response, const QVariantMap& results) {
         Unregister();
         return;
     }
-    bus_->connect({}, kPath, kShortcuts, kActivated, this,
+    bus_->connect(owner_, kPath, kShortcuts, kActivated, this,
                   SLOT(ShortcutActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
-    bus_->connect({}, session_, kSession, kClosed, this, SLOT(SessionClosed()));
+    bus_->connect(owner_, session_, kSession, kClosed, this, SLOT(SessionClosed()));
     BindShortcut();
 }
 
@@ -170,30 +197,40 @@ void PortalHotkey::Ask(const QString& method, QVariantList arguments, QVariantMa
     const QString sender = bus_->baseService().mid(1).replace(u'.', u'_');
     request_ = QStringLiteral("%1/request/%2/%3").arg(kPath, sender, token);
     requestSlot_ = slot;
-    // Without the sender's name, for which Qt would ask the bus and wait for the answer.
-    bus_->connect({}, request_, kRequest, kResponse, this, slot);
-    QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kShortcuts, method);
+    bus_->connect(owner_, request_, kRequest, kResponse, this, slot);
+    QDBusMessage call = QDBusMessage::createMethodCall(owner_, kPath, kShortcuts, method);
     call.setArguments(arguments);
+    Call(call, [this](const QDBusMessage& reply) { HasPortal(reply); });
+}
+
+void PortalHotkey::Call(const QDBusMessage& call, std::function<void(const QDBusMessage&)> answered) {
     auto* watcher = new QDBusPendingCallWatcher(bus_->asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, request = request_] {
-        watcher->deleteLater();
-        if (!watcher->isError() || request != request_)
-            return;
-        // The desktop has no portal, or one without shortcuts.
-        means_ = Means::None;
-        Unregister();
-    });
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, watcher, attempt = attempt_, answered = std::move(answered)] {
+                watcher->deleteLater();
+                if (attempt == attempt_)
+                    answered(watcher->reply());
+            });
+}
+
+bool PortalHotkey::HasPortal(const QDBusMessage& reply) {
+    if (reply.type() != QDBusMessage::ErrorMessage)
+        return true;
+    // The desktop has no portal, or one without shortcuts.
+    means_ = Means::None;
+    Unregister();
+    return false;
 }
 
 void PortalHotkey::EndRequest() {
     if (request_.isEmpty())
         return;
-    bus_->send(CloseCall(request_, kRequest));
+    bus_->send(CloseCall(owner_, request_, kRequest));
     StopListening();
 }
 
 void PortalHotkey::StopListening() {
-    bus_->disconnect({}, request_, kRequest, kResponse, this, requestSlot_);
+    bus_->disconnect(owner_, request_, kRequest, kResponse, this, requestSlot_);
     request_.clear();
 }
 

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QVariantMap>
 
+#include <functional>
 #include <optional>
 
 namespace paneda {
@@ -35,11 +36,17 @@ private Q_SLOTS:
                            const QVariantMap& options);
 
 private:
+    void StartPortal();
+    void FindOwner();
     void CreateSession();
     void BindShortcut();
     // Calls a method of the portal, with `options` as its last argument. The result arrives later, as a
     // signal to `slot`.
     void Ask(const QString& method, QVariantList arguments, QVariantMap options, const char* slot);
+    // The answer to a call of an earlier registration is dropped.
+    void Call(const QDBusMessage& call, std::function<void(const QDBusMessage&)> answered);
+    // False for an error, after which there is no portal for the program.
+    bool HasPortal(const QDBusMessage& reply);
     void EndRequest();
     void StopListening();
 
@@ -48,6 +55,8 @@ private:
     Answer state_ = Answer::Refused;
     QString trigger_;
     std::function<void()> pressed_;
+    int attempt_ = 0; // changes with each end of a registration
+    QString owner_;   // name of the portal's process on the bus
     QString request_; // path of the request that has no result yet; empty for none
     const char* requestSlot_ = nullptr;
     QString session_; // path of the session; empty for none
