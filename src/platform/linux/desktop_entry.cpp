@@ -97,22 +97,15 @@ QStringList FieldValue(QChar code, const DesktopEntry& entry, const QString& ent
     return {};
 }
 
-bool HasFileCode(QString word) {
-    word.remove(QStringLiteral("%%"));
-    return word.contains(u"%f") || word.contains(u"%F") || word.contains(u"%u") || word.contains(u"%U");
-}
-
-// Replaces field codes inside a longer word.
-QString ExpandWord(const QString& word, const DesktopEntry& entry, const QString& entryFile,
-                   const QStringList& files) {
+// Field codes count as words of their own alone and vanish from a longer word: that word may be a script, and
+// the name of a file must not become a part of it.
+QString WithoutCodes(const QString& word) {
     QString result;
     for (qsizetype i = 0; i < word.size(); ++i) {
         if (word[i] != u'%' || i + 1 == word.size())
             result += word[i];
         else if (word[++i] == u'%')
             result += u'%';
-        else
-            result += FieldValue(word[i], entry, entryFile, files).join(u' ');
     }
     return result;
 }
@@ -146,11 +139,11 @@ QStringList ExpandExec(const DesktopEntry& entry, const QString& entryFile, cons
     bool takesFiles = false;
     for (const QString& word : *words) {
         const bool isCode = word.size() == 2 && word[0] == u'%' && word[1] != u'%';
-        takesFiles = takesFiles || HasFileCode(word);
+        takesFiles = takesFiles || (isCode && QStringView(u"fFuU").contains(word[1]));
         if (isCode)
             result += FieldValue(word[1], entry, entryFile, files);
         else
-            result.append(ExpandWord(word, entry, entryFile, files));
+            result.append(WithoutCodes(word));
     }
     return takesFiles ? result : result + files;
 }

@@ -22,9 +22,9 @@ DesktopEntry ParseDesktopEntry(const QByteArray& bytes);
 // Reads at most 1 MiB. If the file cannot be read, all keys are empty.
 DesktopEntry ReadDesktopEntry(const QString& file);
 
-// The Exec line as program and arguments, without quotes and with field codes replaced. `files` replace %f,
-// %F, %u and %U; if the line has none of these, they are added at the end. Empty if the line has no program
-// or an open quote.
+// The Exec line as program and arguments, without quotes and with field codes replaced, where these are words
+// of their own. `files` replace %f, %F, %u and %U; if the line has none of these, they are added at the end.
+// Empty if the line has no program or an open quote.
 QStringList ExpandExec(const DesktopEntry& entry, const QString& entryFile, const QStringList& files);
 
 } // namespace paneda
