@@ -26,6 +26,9 @@ bool X11Compositor::IsActive() {
     if (!x11)
         return QGuiApplication::platformName().startsWith(u"wayland");
     xcb_connection_t* connection = x11->connection();
+    // Qt's platform without windows offers the interface and has no connection.
+    if (!connection)
+        return false;
     const auto atomCookie = xcb_intern_atom(connection, 0, sizeof(kSelection) - 1, kSelection);
     const std::unique_ptr<xcb_intern_atom_reply_t, Free> atom(
         xcb_intern_atom_reply(connection, atomCookie, nullptr));
