@@ -8,7 +8,7 @@ namespace paneda {
 LaunchRequest DecideNodeStart(const TreeNode& node, const QString& appPath, const QString& browser) {
     const NodeLink& link = node.LinkData;
     if (node.Type == kUrlNode)
-        return DecideBrowser(link.Target, browser);
+        return DecideBrowser(link.Target, browser, node.Name);
     const QString target = ResolveStoredPath(link.Target, appPath);
     if (node.Type != kFileNode || target.isEmpty())
         return {};

@@ -1,3 +1,4 @@
+#include "core/files/web_addresses.h"
 #include "core/panel/launch.h"
 #include "support/store_builder.h"
 
@@ -17,6 +18,7 @@ class tst_launch : public QObject {
 private Q_SLOTS:
     void decide_data();
     void decide();
+    void browserAddresses();
     void names();
     void readsFields();
     void afterLaunch();
@@ -80,6 +82,37 @@ void tst_launch::decide() {
     const QString told = request.Target + u'|' + request.Parameter + u'|' + request.StartIn;
     request.Name.clear(); // see names()
     QVERIFY2(request == expected, qPrintable(told));
+}
+
+// Empty for an address that is refused.
+void tst_launch::browserAddresses() {
+    const std::pair<const char*, const char*> rows[] = {
+        {" HTTPS://x.example/a?b=c&d#e ", "HTTPS://x.example/a?b=c&d#e"},
+        {"http://x/ --switch=\"a\\", "http://x/%20--switch=%22a%5C"},
+        {"mailto:a@x.example", "mailto:a@x.example"},
+        {"file:///C:/help/a%20b.HTML?q#c", "file:///C:/help/a%20b.HTML?q#c"},
+        {"www.x.example/a:b", "http://www.x.example/a:b"},
+        {"localhost:8080/", "http://localhost:8080/"},
+        {"--switch=http://x/", ""},
+        {"-x", ""},
+        {"", ""},
+        {"a b", ""},
+        {"http://x/\n--switch", ""},
+        {"javascript:a", ""},
+        {"tool://x/", ""},
+        {"C:\\x.html", ""},
+        {"/x.html", ""},
+        {"file:///C:/x.exe", ""},
+        {"file:///C:/x.exe?.html#.html", ""},
+        {"file:///C:/x.exe%00.html", ""}};
+    for (const auto& [text, address] : rows)
+        QCOMPARE(BrowserAddress(QString::fromLatin1(text)).value_or(QString()), QString::fromLatin1(address));
+    const LaunchRequest refused =
+        DecideLaunch(uR"(E:\G\Evil.url)"_s, {{}, {}, {}, {}, u"--x"_s}, {u"E:"_s, u"other.exe"_s});
+    QCOMPARE(int(refused.What), int(Action::Refuse));
+    QCOMPARE(ProblemText(refused.Name, refused.Target + u": "_s + refused.Problem),
+             u"\"Evil\" cannot be opened.\nE:\\G\\Evil.url: \"--x\" is no address for a browser. It has to "
+             "begin with http://, https://, ftp://, mailto:, file:// or the name of a host."_s);
 }
 
 // What a notice of a failed launch calls the button.

@@ -186,6 +186,8 @@ void tst_tree_model::startsLinks() {
         DecideNodeStart(node, kAppPath, u"b.exe"_s) ==
         (LaunchRequest{Action::OpenTarget, u"E:\\a\\x.exe"_s, u"-p"_s, u"F:\\in"_s, ShowCommand::Minimized}));
     node.Type = kUrlNode;
+    QVERIFY(DecideNodeStart(node, kAppPath, u"b.exe"_s).What == Action::Refuse);
+    node.LinkData.Target = u"http://x/"_s;
     QVERIFY(DecideNodeStart(node, kAppPath, u"b.exe"_s) ==
             (LaunchRequest{Action::OpenBrowser, u"b.exe"_s, node.LinkData.Target, {}, ShowCommand::Normal}));
 }

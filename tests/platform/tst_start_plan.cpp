@@ -75,7 +75,11 @@ void tst_start_plan::initTestCase() {
     Put(u"app/path.desktop"_s, "[Desktop Entry]\nExec=run\nPath=/usr\n", false);
     Put(u"app/term.desktop"_s, "[Desktop Entry]\nExec=run \"a b\"\nTerminal=true\n", false);
     Put(u"app/none.desktop"_s, "[Desktop Entry]\n", false);
-    Put(u"app/link.desktop"_s, "[Desktop Entry]\nType=Link\n", false);
+    Put(u"app/single.desktop"_s, "[Desktop Entry]\nExec=\"/a b/$(x)\"\nTerminal=true\n", false);
+    Put(u"app/link.desktop"_s, "[Desktop Entry]\nType=Link\nURL=--x\n", false);
+    Put(u"app/place.desktop"_s, "[Desktop Entry]\nType=Link\nURL=trash:///\n", false);
+    Put(u"app/option.url"_s, "[InternetShortcut]\nURL=--x\n", false);
+    Put(u"app/web.url"_s, "[InternetShortcut]\nURL=www.a/b c\n", false);
     Put(u"app/none.url"_s, "[InternetShortcut]\n", false);
     QCOMPARE(::mkfifo(QFile::encodeName(folder_.filePath(u"app/pipe"_s)).constData(), 0700), 0);
     for (const char* name : {"xdg-open", "xterm", "firefox"})
@@ -93,7 +97,7 @@ void tst_start_plan::targets_data() {
     QTest::addColumn<QString>("plan");
 
     const auto row = [](const char* name, const char* target, const char* parameter, const char* startIn,
-                        const char* plan) {
+                        const QByteArray& plan) {
         QTest::newRow(name) << QString::fromUtf8(target) << QString::fromUtf8(parameter)
                             << QString::fromUtf8(startIn) << QString::fromUtf8(plan);
     };
@@ -110,6 +114,8 @@ void tst_start_plan::targets_data() {
     row("entry", "@/app/a.desktop", "f", "", "run(f|-x) in @/home own");
     row("entry with path", "@/app/path.desktop", "", "@/app/Inner", "run() in /usr own");
     row("entry in a terminal", "@/app/term.desktop", "", "", "@/bin/xterm(-e|run|a b) in @/home own");
+    row("one word in a terminal", "@/app/single.desktop", "", "",
+        "@/bin/xterm(-e|/bin/sh|-c|exec \"$0\"|/a b/$(x)) in @/home own");
     row("entry without command", "@/app/none.desktop", "", "",
         "@/app/none.desktop: This desktop entry holds no command that can be run.");
     // Ways to name a target.
@@ -124,13 +130,18 @@ void tst_start_plan::targets_data() {
         R"(\\server\share\tool: )"
         "This lies on the network. Make a button for the place where this computer has it.");
     row("shortcut without address", "@/app/none.url", "", "",
-        "@/app/none.url: This shortcut holds no address.");
-    row("entry without address", "@/app/link.desktop", "", "",
-        "@/app/link.desktop: This shortcut holds no address.");
+        "@/app/none.url: It holds no address. Give it one.");
+    const char* const refused =
+        ": \"--x\" is no address for a browser. It has to begin with http://, https://, "
+        "ftp://, mailto:, file:// or the name of a host.";
+    row("option for an address", "@/app/option.url", "", "", QByteArray("@/app/option.url") + refused);
+    row("option in an entry", "@/app/link.desktop", "", "", QByteArray("@/app/link.desktop") + refused);
+    row("place of the desktop", "@/app/place.desktop", "", "", "@/bin/xdg-open(trash:///) in @/app");
+    row("shortcut", "@/app/web.url", "", "", "@/bin/xdg-open(http://www.a/b%20c) in @/app");
     // Start folders.
     row("start folder", "@/app/tool", "", "@/home", "@/app/tool() in @/home own");
-    // Addresses keep their text.
-    row("address", "HTTPS://a/b?c=d e", "x", R"(HTTPS://a/)", "@/bin/xdg-open(HTTPS://a/b?c=d e)");
+    row("address", "HTTPS://a/b?c=d e", "x", R"(HTTPS://a/)", "@/bin/xdg-open(HTTPS://a/b?c=d%20e)");
+    row("address of a program", "tool:a b", "", "", "@/bin/xdg-open(tool:a b)");
 }
 
 void tst_start_plan::targets() {
@@ -157,6 +168,9 @@ void tst_start_plan::otherActions() {
     QCOMPARE(browser(u"firefox.exe"_s), u"@/bin/firefox(https://a b) own"_s);
     QCOMPARE(browser(u"iexplore.exe"_s), u"@/bin/xdg-open(https://a b)"_s);
     QCOMPARE(plan(Action::Nothing, u"c"_s), u""_s);
+    const LaunchRequest refused{Action::Refuse, Stored(u"@/app/x.url"_s), {}, {}, ShowCommand::Normal, u"X"_s,
+                                u"why"_s};
+    QCOMPARE(Describe(refused), u"\"X\" cannot be opened.\n@/app/x.url: why"_s);
 }
 
 void tst_start_plan::openers() {

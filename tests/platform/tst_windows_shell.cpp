@@ -149,7 +149,7 @@ void tst_windows_shell::plans() {
     for (const QString& target :
          {u"http://a.example/x?y=1"_s, u"::{20D04FE0}"_s, u"\\\\server\\share\\x.exe"_s})
         QCOMPARE(plan(LaunchRequest::Action::OpenTarget, target), u"|%1|1|"_s.arg(target));
-    QCOMPARE(plan(LaunchRequest::Action::OpenBrowser, u"firefox.exe"_s), u"open|firefox.exe|1|"_s);
+    QCOMPARE(plan(LaunchRequest::Action::OpenBrowser, u"firefox.exe"_s), u"open|firefox.exe|\"1\"|"_s);
     QCOMPARE(plan(LaunchRequest::Action::Nothing, u"x"_s), u"|||"_s);
 }
 
@@ -162,6 +162,7 @@ void tst_windows_shell::targetsThatAreMissing() {
     const QStringList missing{u"Q:\\gone.exe"_s, app_ + u"\\gone.txt"_s, u" "_s, u"no-such-program"_s};
     for (const QString& target : missing)
         opener.Open({LaunchRequest::Action::OpenTarget, target, {}, {}, ShowCommand::Normal}, paths_);
+    opener.Open({LaunchRequest::Action::Refuse, app_, {}, {}, ShowCommand::Normal, u"X"_s, u"why"_s}, paths_);
     // A message for each, which the user closes when there is time.
     QSet<HWND> boxes;
     const auto closeBoxes = [&boxes] {
@@ -170,7 +171,7 @@ void tst_windows_shell::targetsThatAreMissing() {
             boxes.insert(box);
         return boxes.size();
     };
-    QTRY_COMPARE_WITH_TIMEOUT(closeBoxes(), missing.size(), 20'000);
+    QTRY_COMPARE_WITH_TIMEOUT(closeBoxes(), missing.size() + 1, 20'000);
 }
 
 void tst_windows_shell::icons() {

@@ -2,7 +2,20 @@
 
 #include <QString>
 
+#include <tl/expected.hpp>
+
 namespace paneda {
+
+// Whether a text is a web address or the like: a scheme of two or more letters and ":" (one letter is a
+// drive), or "www.".
+bool IsAddress(const QString& text);
+
+// The form in which an address of a stranger's file may be handed to a browser, or else the reason for the
+// user why it may not. It begins with http://, https://, ftp:// or mailto:, or with file: if it names
+// something that a browser shows, because the system would run a program. A text that begins with the name of
+// a host gets "http://". The result is one word on every command line: it never begins with "-" and holds no
+// blank, quote or backslash; these are written as "%20" and the like.
+tl::expected<QString, QString> BrowserAddress(const QString& text);
 
 // The web addresses that the program opens.
 struct WebAddresses {

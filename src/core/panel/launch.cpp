@@ -2,6 +2,7 @@
 
 #include "core/files/ini_file.h"
 #include "core/files/path_conversion.h"
+#include "core/files/web_addresses.h"
 #include "core/store/names.h"
 #include "core/text/text_rules.h"
 
@@ -100,14 +101,25 @@ LaunchRequest DecideLaunch(const QString& path, const ButtonFields& fields, cons
     if (kind == u"PND")
         return RecordRequest(fields, context.AppPath, name);
     if (kind == u"URL" && context.Browser != u"default")
-        return DecideBrowser(fields.Url, context.Browser, name);
+        return DecideBrowser(fields.Url, context.Browser, name, path);
     return {LaunchRequest::Action::OpenTarget, path, {}, {}, ShowCommand::Normal, name};
 }
 
-LaunchRequest DecideBrowser(const QString& url, const QString& browser, const QString& name) {
+LaunchRequest DecideBrowser(const QString& url, const QString& browser, const QString& name,
+                            const QString& file) {
+    using Action = LaunchRequest::Action;
+    const auto address = BrowserAddress(url);
+    if (!address)
+        return {Action::Refuse, file, {}, {}, ShowCommand::Normal, name, address.error()};
     if (browser == u"default")
-        return {LaunchRequest::Action::OpenTarget, url, {}, {}, ShowCommand::Normal, name};
-    return {LaunchRequest::Action::OpenBrowser, browser, url, {}, ShowCommand::Normal, name};
+        return {Action::OpenTarget, *address, {}, {}, ShowCommand::Normal, name};
+    return {Action::OpenBrowser, browser, *address, {}, ShowCommand::Normal, name};
+}
+
+QString ProblemText(const QString& name, const QString& problem) {
+    if (name.isEmpty() || problem.isEmpty())
+        return problem;
+    return u'"' + name + QStringLiteral("\" cannot be opened.\n") + problem;
 }
 
 bool LaunchesOn(MouseButton button) {

@@ -15,7 +15,8 @@ struct LaunchRequest {
         Nothing,
         OpenDrive,   // the drive `Target` ("E") in the file manager
         OpenTarget,  // `Target` by its kind: a program, a document, a folder, an address
-        OpenBrowser, // the program `Target` with the address `Parameter`
+        OpenBrowser, // the program `Target` with the address `Parameter`, see BrowserAddress
+        Refuse,      // nothing, and the user is told `Problem` about the file `Target`
     };
 
     Action What = Action::Nothing;
@@ -26,6 +27,7 @@ struct LaunchRequest {
     // What the user has pressed, for a message that it cannot be started: a button's caption, a menu's entry.
     // Empty where nothing of that name is on the screen.
     QString Name = {};
+    QString Problem = {}; // of Refuse
 
     friend bool operator==(const LaunchRequest&, const LaunchRequest&) = default;
 };
@@ -68,8 +70,14 @@ ButtonFields ReadButtonFields(const QString& hostPath);
 // gives a request with an empty one, so that the press does not stay without an answer.
 LaunchRequest DecideLaunch(const QString& path, const ButtonFields& fields, const LaunchContext& context);
 
-// How a web address is opened. `name`: see LaunchRequest.
-LaunchRequest DecideBrowser(const QString& url, const QString& browser, const QString& name = {});
+// How a web address is opened, or that it is not (see BrowserAddress). `name`: see LaunchRequest. `file`: the
+// file that holds the address, for the message; stored form, empty for none.
+LaunchRequest DecideBrowser(const QString& url, const QString& browser, const QString& name = {},
+                            const QString& file = {});
+
+// A text for the user about something that cannot be opened: what was pressed, if that has a name, and what
+// the problem is. Empty without a problem.
+QString ProblemText(const QString& name, const QString& problem);
 
 // Whether a press with this mouse button launches at all.
 bool LaunchesOn(MouseButton button);

@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace paneda {
@@ -22,12 +21,6 @@ QString WithoutRegardToCase(const QString& hostPath) {
 }
 
 } // namespace
-
-bool IsAddress(const QString& target) {
-    static const QRegularExpression address(QStringLiteral("^([a-z][a-z0-9+.-]+:|www\\.)"),
-                                            QRegularExpression::CaseInsensitiveOption);
-    return target.contains(address);
-}
 
 TargetKind KindOf(const QString& hostPath) {
     const QFileInfo info(hostPath);

@@ -17,9 +17,6 @@ enum class TargetKind {
     Document
 };
 
-// Whether a target is a web address or the like: a scheme of two or more letters and ":", or "www.".
-bool IsAddress(const QString& target);
-
 // The kind of an existing path. A file is a program if it has execute permission and its content is
 // executable too, because on a volume without permissions every file has that permission. A script needs "#!"
 // or the ending ".sh".

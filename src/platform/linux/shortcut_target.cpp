@@ -1,5 +1,6 @@
 #include "platform/linux/shortcut_target.h"
 
+#include "core/files/web_addresses.h"
 #include "core/text/text_rules.h"
 #include "platform/linux/host_target.h"
 

@@ -2,6 +2,7 @@
 
 #include "core/files/file_io.h"
 #include "core/files/ini_file.h"
+#include "core/files/web_addresses.h"
 #include "core/store/names.h"
 #include "platform/linux/desktop_entry.h"
 #include "platform/linux/host_target.h"
@@ -10,6 +11,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+
+#include <algorithm>
 
 namespace paneda {
 
@@ -31,6 +34,7 @@ StartPlan Unable(const QString& target, const QString& reason) {
     return plan;
 }
 
+// `target` is an address or an absolute path, so that it cannot be an option of the opener.
 StartPlan OpenByDesktop(const QString& target, const QString& folder) {
     const QString opener = FirstInSearchPath({QStringLiteral("xdg-open"), QStringLiteral("gio")});
     if (opener.isEmpty())
@@ -41,28 +45,28 @@ StartPlan OpenByDesktop(const QString& target, const QString& folder) {
     return {opener, {target}, folder};
 }
 
-// `file` holds the address.
-StartPlan OpenAddress(const QString& address, const QString& file, const QString& folder) {
-    if (address.isEmpty())
-        return Unable(file, QStringLiteral("This shortcut holds no address."));
-    return OpenByDesktop(address, folder);
+// Terminals take a command as words, but most take one that is a single word for a line of a shell.
+QStringList AsWords(const QStringList& command) {
+    const auto isPlain = [](QChar c) {
+        return (c.unicode() < 0x80 && c.isLetterOrNumber()) || QStringView(u"/._+-").contains(c);
+    };
+    if (command.size() > 1 || std::all_of(command[0].begin(), command[0].end(), isPlain))
+        return command;
+    return QStringList{QStringLiteral("/bin/sh"), QStringLiteral("-c"), QStringLiteral("exec \"$0\"")} +
+           command;
 }
 
-QString InTerminal(QStringList& arguments) {
+StartPlan PlanInTerminal(const QStringList& command, const QString& folder) {
     const QString terminal =
         FirstInSearchPath({QStringLiteral("x-terminal-emulator"), QStringLiteral("xterm"),
                            QStringLiteral("konsole"), QStringLiteral("xfce4-terminal")});
-    arguments.prepend(QStringLiteral("-e"));
-    return terminal;
-}
-
-StartPlan PlanInTerminal(QStringList words, const QString& folder) {
-    const QString command = words.first();
-    const QString program = InTerminal(words);
-    if (program.isEmpty())
-        return Unable(command, QStringLiteral("It runs in a terminal, and none is installed here, such as "
-                                              "xterm."));
-    return {program, words, folder, true};
+    if (terminal.isEmpty())
+        return Unable(command[0], QStringLiteral("It runs in a terminal, and none is installed here, such "
+                                                 "as xterm."));
+    // With -e this one takes all words for one line of a shell.
+    const bool isXfce = terminal.endsWith(QStringLiteral("/xfce4-terminal"));
+    return {terminal, QStringList(isXfce ? QStringLiteral("-x") : QStringLiteral("-e")) + AsWords(command),
+            folder, true};
 }
 
 StartPlan PlanCommand(QStringList words, const QString& folder) {
@@ -107,10 +111,18 @@ QStringList SplitParameter(const QString& line) {
     return words;
 }
 
+// A desktop entry may lead to places of the desktop too ("trash:///", "smb://server"), and to a path.
+StartPlan PlanLink(const QString& target, const QString& file, const QString& folder) {
+    const auto address = BrowserAddress(target);
+    if (address || IsAddress(target) || target.startsWith(u'/'))
+        return OpenByDesktop(address.value_or(target), folder);
+    return Unable(file, address.error());
+}
+
 StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const QString& folder) {
     const DesktopEntry entry = ReadDesktopEntry(file);
     if (entry.Type == u"Link")
-        return OpenAddress(entry.Url, file, folder);
+        return PlanLink(entry.Url, file, folder);
     // Without a start folder a program starts in the home folder, not in the folder of application entries.
     const QString own = QFileInfo(file).absolutePath();
     const QString start = QDir(folder) == QDir(own) ? QDir::homePath() : folder;
@@ -143,15 +155,15 @@ StartPlan PlanMissing(const QString& target, const LaunchPaths& paths) {
 }
 
 StartPlan PlanInternetShortcut(const QString& file, const QString& folder) {
-    return OpenAddress(ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), file), file,
-                       folder);
+    const auto address =
+        BrowserAddress(ReadIni(QStringLiteral("InternetShortcut"), QStringLiteral("URL"), file));
+    return address ? OpenByDesktop(*address, folder) : Unable(file, address.error());
 }
 
 StartPlan PlanFollowed(const LaunchRequest& request, const LaunchPaths& paths) {
-    if (IsAddress(request.Target)) {
-        const bool bare = request.Target.startsWith(u"www.", Qt::CaseInsensitive);
-        return OpenByDesktop(bare ? QStringLiteral("http://") + request.Target : request.Target, {});
-    }
+    // A record may name any program, and so any address that a program has registered for.
+    if (IsAddress(request.Target))
+        return OpenByDesktop(BrowserAddress(request.Target).value_or(request.Target), {});
     const QString target = FindTarget(request.Target, paths);
     const QString folder = ExistingFolder(request.StartIn, paths, QFileInfo(target).absolutePath());
     const QStringList arguments = SplitParameter(request.Parameter);
@@ -191,16 +203,13 @@ StartPlan PlanDrive(const QString& letter, const LaunchPaths& paths) {
 
 // A store that comes from Windows may name "firefox.exe" in its settings.
 StartPlan PlanBrowser(const LaunchRequest& request, const LaunchPaths& paths) {
-    const QStringList address(request.Parameter.isEmpty() ? QStringList() : QStringList(request.Parameter));
+    const QStringList address(request.Parameter);
     const QString program = FindTarget(request.Target, paths);
     if (KindOf(program) == TargetKind::Program)
         return {program, address, {}, true};
     const QString other = QStandardPaths::findExecutable(WithoutExtension(request.Target));
     if (!other.isEmpty())
         return {other, address, {}, true};
-    if (request.Parameter.isEmpty())
-        return Unable(request.Target, QStringLiteral("This browser is not there. Choose another one in the "
-                                                     "settings."));
     return OpenByDesktop(request.Parameter, {});
 }
 
@@ -214,17 +223,13 @@ StartPlan PlanAction(const LaunchRequest& request, const LaunchPaths& paths) {
         return PlanTarget(request, paths);
     case LaunchRequest::Action::OpenBrowser:
         return PlanBrowser(request, paths);
+    case LaunchRequest::Action::Refuse:
+        return Unable(paths.Drives.ToHost(request.Target, paths.AppPath), request.Problem);
     }
     return {};
 }
 
 } // namespace
-
-QString ProblemText(const QString& name, const QString& problem) {
-    if (name.isEmpty() || problem.isEmpty())
-        return problem;
-    return u'"' + name + QStringLiteral("\" cannot be opened.\n") + problem;
-}
 
 StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths) {
     StartPlan plan = PlanAction(request, paths);

@@ -26,8 +26,4 @@ struct StartPlan {
 // shortcut is replaced by its target.
 StartPlan PlanStart(const LaunchRequest& request, const LaunchPaths& paths);
 
-// A text for the user about something that cannot be opened: what was pressed, if that has a name, and what
-// the problem is. Empty without a problem.
-QString ProblemText(const QString& name, const QString& problem);
-
 } // namespace paneda

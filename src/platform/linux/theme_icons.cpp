@@ -1,5 +1,6 @@
 #include "platform/linux/theme_icons.h"
 
+#include "core/files/web_addresses.h"
 #include "platform/linux/desktop_entry.h"
 #include "platform/linux/host_target.h"
 #include "platform/linux/shortcut_target.h"

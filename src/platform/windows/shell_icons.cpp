@@ -1,5 +1,6 @@
 #include "platform/windows/shell_icons.h"
 
+#include "core/files/web_addresses.h"
 #include "platform/windows/com_scope.h"
 #include "platform/windows/quiet_errors.h"
 #include "platform/windows/target_path.h"

@@ -1,5 +1,7 @@
 #include "platform/windows/shell_opener.h"
 
+#include "core/files/file_io.h"
+#include "core/files/web_addresses.h"
 #include "platform/windows/com_scope.h"
 #include "platform/windows/quiet_errors.h"
 #include "platform/windows/target_path.h"
@@ -54,11 +56,17 @@ SHELLEXECUTEINFOW InfoOf(const ShellCall& call) {
     return info;
 }
 
-// The shell has no message for this. Like the shell's, this one belongs to no window.
-void TellEmptyTarget(const LaunchRequest& request) {
-    if (request.What == LaunchRequest::Action::Nothing)
-        return;
-    const QString text = u'"' + request.Name + QStringLiteral("\" has no target. Give it one.");
+// The shell has no message for these.
+QString ProblemOf(const LaunchRequest& request, const LaunchPaths& paths) {
+    if (request.What != LaunchRequest::Action::Refuse)
+        return u'"' + request.Name + QStringLiteral("\" has no target. Give it one.");
+    const QString file = HostTarget(request.Target, paths);
+    return ProblemText(request.Name,
+                       file.isEmpty() ? request.Problem : FileError{file, request.Problem}.Text());
+}
+
+// Like the shell's messages, this one belongs to no window.
+void TellProblem(const QString& text) {
     MessageBoxW(nullptr, Wide(text), L"Paneda Launcher", MB_OK | MB_ICONERROR | MB_SETFOREGROUND);
 }
 
@@ -69,7 +77,8 @@ void Start(const LaunchRequest& request, const LaunchPaths& paths, HWND owner, L
     if (!turn.Begin())
         return;
     if (call.File.isEmpty()) {
-        TellEmptyTarget(request);
+        if (request.What != LaunchRequest::Action::Nothing)
+            TellProblem(ProblemOf(request, paths));
         return;
     }
     SHELLEXECUTEINFOW first = InfoOf(call);
@@ -88,6 +97,7 @@ void Start(const LaunchRequest& request, const LaunchPaths& paths, HWND owner, L
 ShellCall PlanShellCall(const LaunchRequest& request, const LaunchPaths& paths) {
     switch (request.What) {
     case LaunchRequest::Action::Nothing:
+    case LaunchRequest::Action::Refuse:
         return {};
     case LaunchRequest::Action::OpenDrive:
         return {{}, FileManager(), request.Target + u':', {}, ShowCommand::Normal};
@@ -97,8 +107,12 @@ ShellCall PlanShellCall(const LaunchRequest& request, const LaunchPaths& paths) 
         return {{}, target, request.Parameter, folder, request.Show};
     }
     case LaunchRequest::Action::OpenBrowser:
-        return {
-            QStringLiteral("open"), HostTarget(request.Target, paths), request.Parameter, {}, request.Show};
+        // An address holds no quote and no backslash, see BrowserAddress.
+        return {QStringLiteral("open"),
+                HostTarget(request.Target, paths),
+                QString(u'"' + request.Parameter + u'"'),
+                {},
+                request.Show};
     }
     return {};
 }

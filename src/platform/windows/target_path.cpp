@@ -1,5 +1,6 @@
 #include "platform/windows/target_path.h"
 
+#include "core/files/web_addresses.h"
 #include "core/text/text_rules.h"
 #include "platform/windows/wide_text.h"
 
@@ -8,7 +9,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -16,12 +16,7 @@ namespace paneda {
 
 namespace {
 
-constexpr DWORD kLongestPath = 32'768;   // characters, with the mark at its end
-constexpr qsizetype kShortestScheme = 2; // characters; one letter is a drive
-
-bool IsLetter(QChar c) {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
-}
+constexpr DWORD kLongestPath = 32'768; // characters, with the mark at its end
 
 using PathBuffer = std::array<wchar_t, kLongestPath>;
 
@@ -49,19 +44,6 @@ QString RegisteredProgram(const QString& name) {
 }
 
 } // namespace
-
-// No regular expression: Qt keeps data for them in each thread, and in a static build with this compiler the
-// program crashes when a thread that has such data ends.
-bool IsAddress(const QString& target) {
-    if (target.startsWith(u"www.", Qt::CaseInsensitive))
-        return true;
-    const qsizetype colon = target.indexOf(u':');
-    if (colon < kShortestScheme || !IsLetter(target[0]))
-        return false;
-    return std::all_of(target.begin(), target.begin() + colon, [](QChar c) {
-        return IsLetter(c) || (c >= u'0' && c <= u'9') || c == u'+' || c == u'.' || c == u'-';
-    });
-}
 
 QString HostTarget(const QString& target, const LaunchPaths& paths) {
     if (IsAddress(target))

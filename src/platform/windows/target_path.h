@@ -6,9 +6,6 @@
 
 namespace paneda {
 
-// Whether a target is a web address or the like: a scheme of two or more letters and ":", or "www.".
-bool IsAddress(const QString& target);
-
 // The target in the form that the shell needs. A path without a drive is on the program's drive. A relative
 // path becomes a path in the program's folder if it exists there; else the shell has to find it. A path that
 // is too long for the shell gets its short form if the volume has one. Addresses are not changed. A text of
