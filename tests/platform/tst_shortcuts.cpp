@@ -1,12 +1,15 @@
 #include "platform/linux/shortcut_target.h"
 #include "platform/linux/start_plan.h"
 #include "platform/linux/theme_icons.h"
+#include "platform/linux/x11_compositor.h"
 #include "support/link_builder.h"
 #include "support/store_builder.h"
 
 #include <QFile>
 #include <QImage>
 #include <QTest>
+
+#include <sys/stat.h>
 
 using namespace paneda;
 using namespace paneda::test;
@@ -23,6 +26,8 @@ private Q_SLOTS:
     void plans();
     void problems();
     void icons();
+    void foreignIcons();
+    void noConnection();
 
 private:
     QString Expand(QString text) const;
@@ -62,6 +67,8 @@ void tst_shortcuts::initTestCase() {
         QVERIFY(QFile::setPermissions(files_.Path(name), QFile::ReadOwner | QFile::ExeOwner));
     }
     qputenv("PATH", QFile::encodeName(files_.Path(u"bin"_s)));
+    files_.AddFolder(u"home"_s);
+    qputenv("HOME", QFile::encodeName(files_.Path(u"home"_s)));
     files_.AddFolder(u"Work"_s);
     files_.AddFolder(u"app"_s);
     files_.AddFile(u"Tools/text.txt"_s, "text");
@@ -71,6 +78,8 @@ void tst_shortcuts::initTestCase() {
         picture.fill(colour);
         QVERIFY(picture.save(files_.Path(name)));
     }
+    files_.AddFile(u"app/red.svg"_s, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
+                                     "<rect width='9' height='9' fill='red'/></svg>");
     files_.AddFile(u"Tools/blue.desktop"_s, Expand(u"[Desktop Entry]\nIcon=@/blue.png\nExec=x\n"_s).toUtf8());
 
     Put(u"app/tool.lnk"_s, {.LocalPath = u"~\\Tools\\tool"_s});
@@ -159,6 +168,35 @@ void tst_shortcuts::icons() {
         const QImage icon = ThemeIcons().IconOf(file, paths_, 32);
         QCOMPARE(icon.isNull() ? QColor() : icon.pixelColor(16, 16), colour);
     }
+}
+
+// What a stranger has written: no picture of it, no wait, and the entry's or target's usual icon if there is
+// one.
+void tst_shortcuts::foreignIcons() {
+    const QString pipe = files_.Path(u"pipe"_s);
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QImage large(1025, 16, QImage::Format_RGB32);
+    large.fill(Qt::red);
+    QVERIFY(large.save(files_.Path(u"large.png"_s)));
+    QVERIFY(large.scaled(16, 16).save(files_.Path(u"app/red.jpg"_s)));
+    QVERIFY(QFile::copy(files_.Path(u"app/red.jpg"_s), files_.Path(u"home/red.jpg"_s)));
+    const auto icon = [this](const QString& picture) {
+        files_.AddFile(u"app/icon.desktop"_s, Expand(u"[Desktop Entry]\nIcon="_s + picture).toUtf8());
+        const QImage image = ThemeIcons().IconOf(Expand(u"~\\app\\icon.desktop"_s), paths_, 32);
+        return image.isNull() ? QColor() : image.pixelColor(16, 16);
+    };
+    QCOMPARE(icon(u"@/red.png"_s), QColor(Qt::red));
+    const QColor none = icon(u"@/nowhere.png"_s);
+    for (const QString& picture : {u"@/pipe"_s, u"/dev/zero"_s, u"@/large.png"_s, u"@/app/red.jpg"_s,
+                                   u"@/app/red.svg"_s, u"../../../../../../../@/red"_s})
+        QCOMPARE(icon(picture), none);
+    // The time that these formats may take has no limit, so they count where the user has put them.
+    QVERIFY(icon(u"@/home/red.jpg"_s) != none);
+}
+
+// Qt's platform without windows.
+void tst_shortcuts::noConnection() {
+    QVERIFY(!X11Compositor().IsActive());
 }
 
 QTEST_MAIN(tst_shortcuts)

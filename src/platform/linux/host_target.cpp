@@ -6,6 +6,12 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <array>
+
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace paneda {
 
 namespace {
@@ -18,6 +24,17 @@ QString WithoutRegardToCase(const QString& hostPath) {
             return {};
     }
     return found;
+}
+
+// The first four bytes. Opened so that it cannot block if the file has become a pipe in the meantime.
+QByteArray FirstBytes(const QString& path) {
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
+        return {};
+    std::array<char, 4> bytes{};
+    const ssize_t count = ::read(file, bytes.data(), bytes.size());
+    ::close(file);
+    return {bytes.data(), std::max<qsizetype>(count, 0)};
 }
 
 } // namespace
@@ -37,8 +54,7 @@ TargetKind KindOf(const QString& hostPath) {
         return TargetKind::Shortcut;
     if (!info.isExecutable() || !info.isFile())
         return TargetKind::Document;
-    QFile file(hostPath);
-    const QByteArray begin = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
+    const QByteArray begin = FirstBytes(hostPath);
     // A file that can be executed but not read is a program too.
     if (begin.isEmpty() && !info.isReadable())
         return TargetKind::Program;

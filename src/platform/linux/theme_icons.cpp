@@ -2,12 +2,12 @@
 
 #include "core/files/web_addresses.h"
 #include "platform/linux/desktop_entry.h"
+#include "platform/linux/foreign_icon.h"
 #include "platform/linux/host_target.h"
 #include "platform/linux/shortcut_target.h"
 
 #include <QFileInfo>
 #include <QIcon>
-#include <QImageReader>
 #include <QMimeDatabase>
 #include <QPainter>
 #include <QPixmap>
@@ -39,11 +39,26 @@ QIcon FirstOf(const QStringList& names) {
     return {};
 }
 
-QIcon EntryIcon(const QString& file) {
+// What is to be found, on which terms.
+struct Wanted {
+    const LaunchPaths& Paths;
+    int Pixels;
+    int ShortcutsSoFar = 0;
+};
+
+QIcon PictureIcon(const QString& file, const Wanted& wanted) {
+    const LaunchPaths& paths = wanted.Paths;
+    return ForeignIcon(file, wanted.Pixels, paths.Drives.ToHost(paths.AppPath, paths.AppPath));
+}
+
+QIcon EntryIcon(const QString& file, const Wanted& wanted) {
     const QString name = ReadDesktopEntry(file).Icon;
-    if (name.startsWith(u'/'))
-        return QIcon(name);
-    return FirstOf({name, QFileInfo(name).completeBaseName(), QStringLiteral("application-x-executable")});
+    const QIcon picture = name.startsWith(u'/') ? PictureIcon(name, wanted) : QIcon();
+    if (!picture.isNull())
+        return picture;
+    // A name with separators would lead out of the theme's folders.
+    return FirstOf({name.contains(u'/') ? QString() : name, QFileInfo(name).completeBaseName(),
+                    QStringLiteral("application-x-executable")});
 }
 
 QIcon MimeIcon(const QString& file) {
@@ -61,25 +76,26 @@ QIcon AddressIcon() {
         {QStringLiteral("text-html"), QStringLiteral("web-browser"), QStringLiteral("emblem-web")});
 }
 
-QIcon IconFor(const QString& text, const LaunchPaths& paths, int shortcutsSoFar);
+QIcon IconFor(const QString& text, const Wanted& wanted);
 
 // The picture that a shortcut names, if it exists here and can be read, else the icon of its target. Icons
 // inside Windows programs cannot be read.
-QIcon ShortcutIcon(const QString& file, const LaunchPaths& paths, int shortcutsSoFar) {
+QIcon ShortcutIcon(const QString& file, const Wanted& wanted) {
     const auto link = ReadShellLink(file);
-    const QString picture = link ? FindAbsolute(link->IconLocation, paths) : QString();
-    if (QFileInfo(picture).isFile() && QImageReader(picture).canRead())
-        return QIcon(picture);
-    const auto target = ResolveShortcut(file, paths);
-    if (!target || shortcutsSoFar == kMaxShortcutsInARow)
+    const QString path = link ? FindAbsolute(link->IconLocation, wanted.Paths) : QString();
+    const QIcon picture = path.isEmpty() ? QIcon() : PictureIcon(path, wanted);
+    if (!picture.isNull())
+        return picture;
+    const auto target = ResolveShortcut(file, wanted.Paths);
+    if (!target || wanted.ShortcutsSoFar == kMaxShortcutsInARow)
         return {};
-    return IconFor(target->Path, paths, shortcutsSoFar + 1);
+    return IconFor(target->Path, {wanted.Paths, wanted.Pixels, wanted.ShortcutsSoFar + 1});
 }
 
-QIcon IconFor(const QString& text, const LaunchPaths& paths, int shortcutsSoFar) {
+QIcon IconFor(const QString& text, const Wanted& wanted) {
     if (IsAddress(text))
         return AddressIcon();
-    const QString target = FindTarget(text, paths);
+    const QString target = FindTarget(text, wanted.Paths);
     switch (KindOf(target)) {
     case TargetKind::Missing:
         return {};
@@ -87,11 +103,11 @@ QIcon IconFor(const QString& text, const LaunchPaths& paths, int shortcutsSoFar)
         return FirstOf({target == u"/" ? QStringLiteral("drive-harddisk") : QStringLiteral("folder"),
                         QStringLiteral("folder"), QStringLiteral("inode-directory")});
     case TargetKind::DesktopFile:
-        return EntryIcon(target);
+        return EntryIcon(target, wanted);
     case TargetKind::InternetShortcut:
         return AddressIcon();
     case TargetKind::Shortcut:
-        return ShortcutIcon(target, paths, shortcutsSoFar);
+        return ShortcutIcon(target, wanted);
     case TargetKind::Program:
     case TargetKind::ShellScript:
         return ProgramIcon(target);
@@ -124,7 +140,7 @@ QImage Sized(const QIcon& icon, int pixels) {
 
 QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, int pixels) {
     ChooseThemeOnce();
-    const QIcon icon = IconFor(target, paths, 0);
+    const QIcon icon = IconFor(target, {paths, pixels});
     return icon.isNull() ? QImage() : Sized(icon, pixels);
 }
 
