@@ -81,7 +81,7 @@ private:
     AppState Read(PanelLoad& load) const;
     void Show(const AppState& state, const PanelLoad& load, const ThemeState& theme);
     void ShowNote(const AppState& state) const;
-    void SaveAndReadAgain(const AppState& state) const;
+    void SaveAndReadAgain(ConfigFile config, const AppState& state) const;
 
     test::StoreBuilder store_;
     SkinMaker skin_;
@@ -134,8 +134,6 @@ void tst_extremes::ini() {
         else
             QVERIFY(text.isEmpty() && !theme.error().Key.isEmpty());
         ShowNote(state);
-        if (file == u"setting.ini")
-            SaveAndReadAgain(state);
         if (QTest::currentTestFailed()) {
             qWarning("with %s", text.constData());
             break;
@@ -145,6 +143,9 @@ void tst_extremes::ini() {
 }
 
 void tst_extremes::config() {
+    const ThemeState theme = skin_.Theme();
+    PanelLoad load;
+    AppState state = Read(load);
     for (int record = 1; record <= kRecordUserId; ++record) {
         ConfigArray values{false, true, qint16(-1), qint16(0), qint16(SHRT_MAX), qint16(SHRT_MIN)};
         values.insert(values.end(), kReals.begin(), kReals.end());
@@ -153,23 +154,20 @@ void tst_extremes::config() {
         for (const ConfigValue& value : values) {
             ConfigFile config;
             config.Write(record, ConfigArray(record == kRecordDriveTable ? 27 : 2, value));
-            store_.AddFile(u"config"_s, config.Bytes());
-            PanelLoad load;
-            const AppState state = Read(load);
-            Show(state, load, skin_.Theme());
-            SaveAndReadAgain(state);
+            ReadConfigRecords(config, state);
+            Show(state, load, theme);
+            SaveAndReadAgain(config, state);
         }
     }
-    QVERIFY(QFile::remove(store_.Path(u"config"_s)));
 }
 
 // At every byte of a valid cache, so that each number is hit, whatever the layout of the file.
 void tst_extremes::cache() {
     PanelLoad load;
     AppState state = Read(load);
-    PictureRecord pictures{u"Plain"_s, 5, MeasurePieces(skin_.Theme()), {3000, 3000}};
-    WriteCache(state, pictures);
-    const QByteArray whole = store_.Bytes(u"Cache/cache"_s);
+    const ThemeState theme = skin_.Theme();
+    const PictureRecord pictures{u"Plain"_s, 5, MeasurePieces(theme), {3000, 3000}};
+    const QByteArray whole = EncodeCache({state.ProductVersion, state.Catalogue, pictures, false});
     const qsizetype contents = 8 + 4 + state.ProductVersion.size() + 8;
     int taken = 0;
     for (qsizetype at = contents; at + 4 <= whole.size(); ++at) {
@@ -178,15 +176,17 @@ void tst_extremes::cache() {
             qToLittleEndian(number, bytes.data() + at);
             qToLittleEndian(Fnv1a64OfWords(QByteArrayView(bytes).sliced(contents)),
                             bytes.data() + contents - 8);
-            WriteBytes(store_.Path(u"Cache/cache"_s), bytes);
-            state = Read(load);
-            taken += load.CacheValid ? 1 : 0;
-            if (load.CacheValid)
-                Show(state, load, skin_.Theme());
+            auto record = DecodeCache(bytes, state.ProductVersion, state.AppPath);
+            if (!record)
+                continue;
+            ++taken;
+            state.Catalogue = record->Catalogue;
+            load.CacheValid = true;
+            load.Cache = std::move(*record);
+            Show(state, load, theme);
         }
     }
     QVERIFY(taken > 100); // the checksum is right, and most numbers within their ranges are taken
-    QVERIFY(QFile::remove(store_.Path(u"Cache/cache"_s)));
 }
 
 AppState tst_extremes::Read(PanelLoad& load) const {
@@ -236,16 +236,17 @@ void tst_extremes::ShowNote(const AppState& state) const {
 }
 
 // What an exit and the settings dialog write is read as it was.
-void tst_extremes::SaveAndReadAgain(const AppState& state) const {
-    QVERIFY(SaveAtExit(state));
-    const SettingForm form = ReadSettingForm(*ConfigFile::Load(store_.Path(u"config"_s)),
-                                             ReadIniFile(store_.Path(u"setting.ini"_s)), state);
-    QVERIFY(WriteSettings(PlanSettings(form, state.Autostart), state.AppFolder, {}).Complete());
-    PanelLoad load;
-    const AppState again = Read(load);
+void tst_extremes::SaveAndReadAgain(ConfigFile config, const AppState& state) const {
+    const IniText settings = ReadIniFile(store_.Path(u"setting.ini"_s));
+    config.Write(kRecordPanelPlace, {double(state.PanelTop), double(state.PanelLeft)});
+    const SettingForm form = ReadSettingForm(config, settings, state);
+    for (const RecordWrite& write : PlanSettings(form, state.Autostart).Records)
+        QVERIFY(config.Write(write.Record, write.Values));
+    AppState again;
+    ReadConfigRecords(config, again);
     QCOMPARE(QPoint(again.PanelLeft, again.PanelTop), QPoint(state.PanelLeft, state.PanelTop));
     QCOMPARE(again.ButtonsPerRow, state.ButtonsPerRow);
-    QCOMPARE(again.SelectedCategory, state.SelectedCategory);
+    QCOMPARE(again.FeedHeight, state.FeedHeight);
 }
 
 QTEST_MAIN(tst_extremes)
