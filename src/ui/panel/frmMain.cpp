@@ -1,6 +1,5 @@
 #include "ui/panel/frmMain.h"
 
-#include "core/text/text_rules.h"
 #include "ui/panel/plain_panel_look.h"
 #include "ui/panel/screen_metrics.h"
 #include "ui/panel/skin_choice.h"
@@ -9,10 +8,8 @@
 
 #include <QCloseEvent>
 #include <QHelpEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
-#include <QToolTip>
 
 #include <algorithm>
 #include <optional>
@@ -26,38 +23,6 @@ namespace {
 constexpr int kSolidAlpha = 128;
 // Milliseconds. Mounting one volume reports several changes in a row; the drives are read after the last one.
 constexpr int kDrivesSettle = 300;
-constexpr int kLongTipLine = 60; // characters
-
-std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
-    switch (button) {
-    case Qt::LeftButton:
-        return MouseButton::Left;
-    case Qt::RightButton:
-        return MouseButton::Right;
-    case Qt::MiddleButton:
-        return MouseButton::Middle;
-    default:
-        return std::nullopt;
-    }
-}
-
-int ShiftMaskOf(Qt::KeyboardModifiers modifiers) {
-    return (modifiers & Qt::ShiftModifier ? kShiftKey : 0) |
-           (modifiers & Qt::ControlModifier ? kCtrlKey : 0) | (modifiers & Qt::AltModifier ? kAltKey : 0);
-}
-
-// A tool tip as rich text, since Qt breaks long lines in rich text alone and cannot say of an escaped text
-// whether it is rich. Short lines are kept whole; Qt would break them too. Empty for an empty tip.
-QString RichTip(const QString& tip) {
-    QStringList lines;
-    for (const QString& line : tip.split(u'\n', Qt::SkipEmptyParts)) {
-        const QString text = line.toHtmlEscaped();
-        lines.append(line.size() > kLongTipLine ? text : QStringLiteral("<nobr>%1</nobr>").arg(text));
-    }
-    return lines.isEmpty()
-               ? QString()
-               : QStringLiteral("<p>") + lines.join(QStringLiteral("<br>")) + QStringLiteral("</p>");
-}
 
 } // namespace
 
@@ -247,25 +212,6 @@ void frmMain::RefreshDrives() {
         ShowPicture(look_->Picture(0));
 }
 
-void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask) {
-    if (!LaunchesOn(mouse))
-        return;
-    services_.Volumes.Refresh(state_.Drives);
-    const ButtonFields fields = ReadButtonFields(state_.Drives.ToHost(button.Path, state_.AppPath));
-    services_.Opener.Open(DecideLaunch(button.Path, fields, {state_.AppPath, state_.Browser}),
-                          {state_.Drives, state_.AppPath});
-    switch (DecideAfterLaunch(mouse, shiftMask, state_.HideAfterLaunch)) {
-    case AfterLaunch::EndProgram:
-        close();
-        break;
-    case AfterLaunch::Hide:
-        imgHide_Click();
-        break;
-    case AfterLaunch::Stay:
-        break;
-    }
-}
-
 void frmMain::imgHide_Click() {
     services_.Satellites.Hide();
     HidePanelAlone();
@@ -283,26 +229,6 @@ void frmMain::HidePanelAlone() {
 void frmMain::HideAgain() {
     if (!unloaded_ && (isHidden() || isMinimized()))
         HidePanelAlone();
-}
-
-void frmMain::imgMenu_Click() {
-    MainMenu menu(services_.MenuActions, state_.TreeOpacity, this);
-    menu.exec(QCursor::pos());
-}
-
-void frmMain::imgLogo_MouseDown(Qt::MouseButton button) {
-    if (button == Qt::RightButton) {
-        services_.MenuActions.WebSearch();
-        return;
-    }
-    LogoMenu menu(services_.MenuActions, this);
-    menu.exec(QCursor::pos());
-}
-
-// On a very narrow panel the menu's sign lies outside the window. The frame then opens the menu, or the user
-// could not reach the settings to widen the panel.
-bool frmMain::HasRoomForMenu() const {
-    return rect().contains(look_->MenuArea().center());
 }
 
 void frmMain::Form_LinkExecute(const QString&) {
@@ -380,50 +306,6 @@ void frmMain::paintEvent(QPaintEvent*) {
     QTimer::singleShot(0, this, &frmMain::AfterFirstPaint);
 }
 
-void frmMain::mousePressEvent(QMouseEvent* event) {
-    const HitArea area = HitTest(hitAreas_, event->pos());
-    const std::optional<MouseButton> button = MouseButtonOf(event->button());
-    pressed_ = button == MouseButton::Left ? area : HitArea();
-    // Buttons start their target at the press; bars, headers and signs react to the release.
-    if (area.What == HitArea::Kind::Button && button)
-        picIcon_MouseDown(ButtonAt(area), *button, ShiftMaskOf(event->modifiers()));
-    else if (area.What == HitArea::Kind::Logo)
-        imgLogo_MouseDown(event->button());
-    else if (area.What == HitArea::Kind::Frame && button == MouseButton::Right && !HasRoomForMenu())
-        imgMenu_Click();
-    else if (area.What == HitArea::Kind::Frame)
-        motion_.StartDrag(event->globalPosition().toPoint());
-}
-
-void frmMain::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() == Qt::LeftButton)
-        motion_.DoFRDrag(event->globalPosition().toPoint());
-}
-
-void frmMain::mouseDoubleClickEvent(QMouseEvent* event) {
-    // Qt sends the second press of a double click only here; it counts as a press too.
-    mousePressEvent(event);
-    if (HitTest(hitAreas_, event->pos()).What == HitArea::Kind::Frame)
-        fun_.Play();
-}
-
-void frmMain::mouseReleaseEvent(QMouseEvent* event) {
-    motion_.EndFRDrag();
-    const HitArea area = HitTest(hitAreas_, event->pos());
-    const bool clicked = event->button() == Qt::LeftButton && area == pressed_;
-    pressed_ = {};
-    if (!clicked)
-        return;
-    if (area.What == HitArea::Kind::Bar)
-        picCategory_Click(area.Category);
-    else if (area.What == HitArea::Kind::Header)
-        picGroup_Click();
-    else if (area.What == HitArea::Kind::Hide)
-        imgHide_Click();
-    else if (area.What == HitArea::Kind::Menu)
-        imgMenu_Click();
-}
-
 void frmMain::closeEvent(QCloseEvent* event) {
     Form_Unload();
     event->accept();
@@ -441,37 +323,6 @@ bool frmMain::event(QEvent* event) {
         return true;
     }
     return QWidget::event(event);
-}
-
-void frmMain::ShowToolTip(const QPoint& local, const QPoint& global) {
-    const HitArea area = HitTest(hitAreas_, local);
-    if (area != tipArea_) {
-        tipArea_ = area;
-        tip_ = RichTip(ToolTipOf(area));
-    }
-    // An empty text hides the tip that is shown.
-    QToolTip::showText(global, tip_, this, area.Rect);
-}
-
-void frmMain::ForgetToolTip() {
-    tipArea_ = {};
-    tip_.clear();
-}
-
-QString frmMain::ToolTipOf(const HitArea& area) const {
-    if (area.What != HitArea::Kind::Button)
-        return SignToolTip(area.What);
-    const ButtonEntry& button = ButtonAt(area);
-    const QString drive = look_->DriveTip(button.ControlIndex);
-    return drive.isEmpty()
-               ? ButtonToolTip(button, state_.Drives.ToHost(button.Path, state_.AppPath), state_.AppPath,
-                               look_->CutsLabel(button, area.Rect.size()))
-               : drive;
-}
-
-const ButtonEntry& frmMain::ButtonAt(const HitArea& area) const {
-    const CategoryEntry& category = state_.Catalogue[std::size_t(area.Category)];
-    return category.Groups[std::size_t(area.Group)].Buttons[std::size_t(area.Button)];
 }
 
 } // namespace paneda
