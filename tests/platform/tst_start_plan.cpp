@@ -71,6 +71,7 @@ void tst_start_plan::initTestCase() {
     Put(u"bin/Twice"_s, script, true);
     Put(u"app/plain.sh"_s, "echo\n", true);
     Put(u"app/text.txt"_s, "text", true);
+    Put(u"app/-x"_s, "text", false);
     Put(u"app/a.desktop"_s, "[Desktop Entry]\nExec=run %f -x\n", true);
     Put(u"app/path.desktop"_s, "[Desktop Entry]\nExec=run\nPath=/usr\n", false);
     Put(u"app/term.desktop"_s, "[Desktop Entry]\nExec=run \"a b\"\nTerminal=true\n", false);
@@ -109,6 +110,7 @@ void tst_start_plan::targets_data() {
     row("script without #!", "@/app/plain.sh", "a", "", "/bin/sh(@/app/plain.sh|a) in @/app own");
     // What only looks like a program.
     row("text that may run", "@/app/text.txt", "a", "@/gone", "@/bin/xdg-open(@/app/text.txt) in @/app");
+    row("text named like an option", "-x", "", "", "@/bin/xdg-open(@/app/-x) in @/app");
     row("pipe", "@/app/pipe", "", "", "@/bin/xdg-open(@/app/pipe) in @/app");
     // Desktop entries start at home, unless a folder is told.
     row("entry", "@/app/a.desktop", "f", "", "run(f|-x) in @/home own");

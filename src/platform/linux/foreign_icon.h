@@ -5,11 +5,11 @@
 
 namespace paneda {
 
-// The picture that a desktop entry or a shortcut names as its icon, at a size near `pixels`. Such files are
-// written by strangers: of at most 4 MiB and 1024 pixels a side, PNG, ICO, XPM, BMP or GIF. No limit holds
-// the time that an SVG or JPEG can take; these are read only where the user or the system has put them, in
-// the home folder or among the installed programs, and never in the program's own folder `appFolder`, which
-// travels. Null for any other file and for what is no regular file.
+// The picture that a desktop entry or a shortcut names as its icon, at a size near `pixels`. Because
+// strangers write such files, it has to be a regular file of at most 4 MiB with a PNG, ICO, XPM, BMP or GIF
+// of at most 1024 pixels a side. SVG and JPEG are read only below the home folder and the folders of
+// installed programs, and never below the program's own folder `appFolder` (host path), which travels: a
+// small one can take minutes to decode. Null for anything else.
 QIcon ForeignIcon(const QString& path, int pixels, const QString& appFolder);
 
 } // namespace paneda

@@ -39,7 +39,7 @@ QIcon FirstOf(const QStringList& names) {
     return {};
 }
 
-// What is to be found, on which terms.
+// How an icon is looked for.
 struct Wanted {
     const LaunchPaths& Paths;
     int Pixels;
