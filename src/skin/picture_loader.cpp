@@ -1,83 +1,122 @@
 #include "skin/picture_loader.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "core/files/file_io.h"
+
+#include <QDir>
 #include <QImageReader>
 
 #include <algorithm>
-#include <array>
+#include <cstring>
 
 namespace paneda {
 
 namespace {
 
-bool IsKnownFormat(const QByteArray& format) {
-    static constexpr std::array<const char*, 5> kFormats{"png", "jpeg", "bmp", "gif", "ico"};
-    return std::any_of(kFormats.begin(), kFormats.end(),
-                       [&format](const char* known) { return format == known; }) ||
-           format == "jpg";
-}
+// A few bytes of a JPEG can keep its decoder busy for long.
+constexpr qint64 kJpegStep = 256;
+// A picture that is shown small is decoded at least at this multiple of its shown size.
+constexpr int kSpare = 4;
 
 bool IsLoadableSize(const QSize& size) {
     return !size.isEmpty() && size.width() <= kMaxPictureSide && size.height() <= kMaxPictureSide;
 }
 
-// Opens the file and finds out its format; false if it is not to be read.
-bool Open(const QString& path, QFile& file, QImageReader& reader) {
-    // A pipe or device would block or never end.
-    const QFileInfo info(path);
-    if (!info.isFile() || info.size() > kMaxPictureFile)
-        return false;
-    file.setFileName(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    reader.setDevice(&file);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(false);
-    return reader.canRead() && IsKnownFormat(reader.format());
+tl::expected<EncodedPicture, QString> ReadEncoded(const QString& path, int wanted) {
+    const auto bytes = ReadFileBytes(path, kMaxPictureFile);
+    if (!bytes)
+        return tl::make_unexpected(bytes.error().Reason);
+    return FindPicture(*bytes, wanted);
 }
 
-// Only icon files hold one picture in several sizes; in the others, further pictures are frames.
-void ChooseSize(QImageReader& reader, int wanted) {
-    if (reader.format() != "ico")
-        return;
-    int best = 0;
-    int bestWidth = 0;
-    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
-        const int width = reader.size().width();
-        const bool enough = width >= wanted;
-        if (bestWidth >= wanted ? enough && width < bestWidth : width > bestWidth) {
-            best = i;
-            bestWidth = width;
-        }
+// Decodes one picture.
+class Decoder {
+public:
+    Decoder(const EncodedPicture& picture, DecodingTime& time)
+        : device_(picture.Bytes, time, std::strcmp(picture.Format, "jpeg") == 0 ? kJpegStep : kWholeReads) {
+        reader_.setDevice(&device_);
+        reader_.setAutoDetectImageFormat(false);
+        reader_.setFormat(picture.Format);
+        reader_.setAutoTransform(false);
     }
-    reader.jumpToImage(best);
-}
+
+    tl::expected<QSize, QString> Size() {
+        const QSize size = reader_.size();
+        if (size.isEmpty())
+            return tl::make_unexpected(QStringLiteral("The picture is damaged."));
+        if (!IsLoadableSize(size))
+            return tl::make_unexpected(
+                QStringLiteral("The picture is more than %1 pixels wide or high.").arg(kMaxPictureSide));
+        return size;
+    }
+
+    tl::expected<QImage, QString> Decode(const PictureWish& wish) {
+        const auto size = Size();
+        if (!size)
+            return tl::make_unexpected(size.error());
+        Prepare(wish, *size);
+        QImage image;
+        // Some formats repeat their size further inside the file.
+        if (!reader_.read(&image) || !IsLoadableSize(image.size()))
+            return tl::make_unexpected(QStringLiteral("The picture is damaged."));
+        return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    }
+
+    bool WasLate() const { return device_.WasLate(); }
+
+private:
+    void Prepare(const PictureWish& wish, const QSize& size) {
+        if (!wish.Room.isEmpty() && size.boundedTo(wish.Room) != size)
+            reader_.setClipRect(QRect(QPoint(), size.boundedTo(wish.Room)));
+        const int enough = kSpare * wish.Width;
+        if (wish.Small && enough > 0 && std::max(size.width(), size.height()) >= 2 * enough)
+            reader_.setScaledSize(size.scaled(enough, enough, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    }
+
+    TimedBytes device_;
+    QImageReader reader_;
+};
 
 } // namespace
 
+QString PictureError::Text() const {
+    return QDir::toNativeSeparators(Path) + QStringLiteral(": ") + Reason;
+}
+
+tl::expected<QImage, PictureError> ReadPicture(const QString& path, const PictureWish& wish,
+                                               DecodingTime& time) {
+    const PictureError late{path, QStringLiteral("There was not enough time to read it."), true};
+    if (time.Left == 0)
+        return tl::make_unexpected(late);
+    const auto encoded = ReadEncoded(path, wish.Width);
+    if (!encoded)
+        return tl::make_unexpected(PictureError{path, encoded.error()});
+    Decoder decoder(*encoded, time);
+    auto image = decoder.Decode(wish);
+    if (decoder.WasLate())
+        return tl::make_unexpected(late);
+    if (!image)
+        return tl::make_unexpected(PictureError{path, image.error()});
+    return std::move(*image);
+}
+
 QImage LoadPicture(const QString& path, int wanted) {
-    QFile file;
-    QImageReader reader;
-    if (!Open(path, file, reader))
-        return {};
-    ChooseSize(reader, wanted);
-    if (!IsLoadableSize(reader.size()))
-        return {};
-    QImage image;
-    // Some formats repeat their size further inside the file.
-    if (!reader.read(&image) || !IsLoadableSize(image.size()))
-        return {};
-    return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    DecodingTime time;
+    return ReadPicture(path, {.Width = wanted}, time).value_or(QImage());
+}
+
+tl::expected<QSize, PictureError> MeasurePicture(const QString& path) {
+    DecodingTime time;
+    const auto encoded = ReadEncoded(path, 0);
+    if (!encoded)
+        return tl::make_unexpected(PictureError{path, encoded.error()});
+    const auto size = Decoder(*encoded, time).Size();
+    if (!size)
+        return tl::make_unexpected(PictureError{path, size.error()});
+    return *size;
 }
 
 QSize ReadPictureSize(const QString& path) {
-    QFile file;
-    QImageReader reader;
-    if (!Open(path, file, reader))
-        return {};
-    const QSize size = reader.size();
-    return IsLoadableSize(size) ? size : QSize();
+    return MeasurePicture(path).value_or(QSize());
 }
 
 } // namespace paneda

@@ -1,23 +1,50 @@
 #pragma once
 
+#include "skin/decoding_time.h"
+#include "skin/picture_bytes.h"
+
 #include <QImage>
 #include <QSize>
 #include <QString>
 
+#include <tl/expected.hpp>
+
 namespace paneda {
 
-// Pictures that are larger, in either direction, are not loaded, and neither are larger files.
-inline constexpr int kMaxPictureSide = 4096; // pixels
-inline constexpr qint64 kMaxPictureFile = 64 * 1024 * 1024;
+// Files that are larger are not read.
+inline constexpr qint64 kMaxPictureFile = 64 * 1024 * 1024; // bytes
+
+// Why a picture is not shown.
+struct PictureError {
+    QString Path; // host path
+    QString Reason;
+    bool Late = false; // decoding it took too long; another time it may not
+
+    // One line for the user.
+    QString Text() const;
+};
+
+// What is wanted of a picture.
+struct PictureWish {
+    int Width = 0; // pixels; of a file with several pictures the smallest one of this width, or the largest
+    QSize Room =
+        {}; // pixels; what lies beyond, at the right and below, is cut off. Empty: nothing is cut off
+    bool Small = false; // it is shown Width pixels wide, so that a far larger one may come scaled down
+};
 
 // A picture from a file, as premultiplied ARGB. Its format (PNG, JPG, BMP, GIF, ICO) is that of its contents,
-// whatever its extension says. Of a file with several pictures, the smallest one that is at least `wanted`
-// pixels wide is taken, or the largest if none is. Null for whatever is no regular file, damaged, too large
-// or of another format.
+// whatever its extension says. Fails for whatever is no regular file, damaged, too large, of another format
+// or of too many scans, and when the time is over before the picture is whole.
+tl::expected<QImage, PictureError> ReadPicture(const QString& path, const PictureWish& wish,
+                                               DecodingTime& time);
+
+// The same within a second; null on failure.
 QImage LoadPicture(const QString& path, int wanted = 0);
 
-// The size of the picture that LoadPicture would give, in pixels, read from the file's header alone. Empty if
-// the header has none.
+// The size of the picture that ReadPicture would give, in pixels. Nothing is decoded.
+tl::expected<QSize, PictureError> MeasurePicture(const QString& path);
+
+// The same; empty on failure.
 QSize ReadPictureSize(const QString& path);
 
 } // namespace paneda

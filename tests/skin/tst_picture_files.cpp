@@ -78,6 +78,7 @@ private Q_SLOTS:
     void ReadsByContents();
     void RefusesHostilePictures_data();
     void RefusesHostilePictures();
+    void LimitsWhatDecodingCosts();
     void ReadsRegularFilesOnly();
     void TakesFittingIconSize();
     void ScalesForControls();
@@ -161,6 +162,8 @@ void TestPictureFiles::RefusesHostilePictures_data() {
     QTest::newRow("a format that is not read")
         << QByteArray("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"4\" height=\"4\"/>");
     QTest::newRow("an icon file that is cut") << IconFile({16}).first(40);
+    QTest::newRow("an icon of another size than its entry tells")
+        << IconFile({16}).replace(Encoded(PlainPicture(16, 16, 0xFF000010), "png"), WithSize(20000, 20000));
 }
 
 void TestPictureFiles::RefusesHostilePictures() {
@@ -169,6 +172,37 @@ void TestPictureFiles::RefusesHostilePictures() {
     WriteBytes(path, bytes);
     QVERIFY(LoadPicture(path).isNull());
     ReadPictureSize(path);
+}
+
+void TestPictureFiles::LimitsWhatDecodingCosts() {
+    const QString path = Path(QStringLiteral("picture"));
+    DecodingTime time;
+    // Scans, wherever their markers stand: behind a marker without length, and not in the bytes of a segment.
+    const QByteArray scan("\xFF\xDA\0\3\1\x55", 6);
+    const QByteArray jpeg("\xFF\xD8\xFF\xE1\0\4\xFF\xDA\xFF\xD0\xFF\0", 12);
+    QCOMPARE(CountScans(jpeg + scan.repeated(3) + scan.first(3)), 3);
+    WriteBytes(path, jpeg + scan.repeated(kMaxScans + 1));
+    QVERIFY(ReadPicture(path, {}, time).error().Reason.contains(QStringLiteral("101 scans")));
+
+    // Texts of a PNG unpack to much; none reaches the decoder.
+    QImage noted = PlainPicture(600, 600, kBlue);
+    noted.setText(QStringLiteral("a"), QString(100000, u'a'));
+    WriteBytes(path, Encoded(noted, "png"));
+    QVERIFY(ReadPicture(path, {}, time)->text().isEmpty());
+    QCOMPARE(ReadPicture(path, {.Room = {40, 700}}, time)->size(), QSize(40, 600));
+    QCOMPARE(ReadPicture(path, {.Width = 32, .Small = true}, time)->size(), QSize(128, 128));
+
+    // A clock on which every look takes 30 ms: decoding ends between two of them.
+    quint32 now = 0;
+    const TickSource slow = [&now] { return now += 30; };
+    for (const char* format : {"png", "jpeg", "bmp"}) {
+        WriteBytes(path, Encoded(PlainPicture(600, 600, kBlue), format));
+        DecodingTime ample{100'000, slow};
+        QVERIFY(ReadPicture(path, {}, ample));
+        DecodingTime brief{70, slow};
+        QVERIFY2(ReadPicture(path, {}, brief).error().Late, format);
+        QCOMPARE(brief.Left, 0u);
+    }
 }
 
 void TestPictureFiles::ReadsRegularFilesOnly() {
