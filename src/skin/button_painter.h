@@ -1,9 +1,9 @@
 #pragma once
 
 #include "skin/button_sources.h"
-#include "skin/decoded_pictures.h"
 #include "skin/drawing_surface.h"
 #include "skin/font_choice.h"
+#include "skin/skin_pictures.h"
 #include "skin/theme_state.h"
 
 #include <QString>
@@ -15,14 +15,17 @@ namespace paneda {
 // What every painter of one composition draws with. It reads each picture of the skin once, so each
 // composition needs a new one.
 struct PaintTools {
-    PaintTools(const ThemeState& theme, FontChoice& fonts) : Theme(theme), Fonts(fonts) {}
+    // `room` is the size of the picture that is composed, in pixels: of no piece more is kept.
+    PaintTools(const ThemeState& theme, FontChoice& fonts, const QSize& room = {},
+               TickSource ticks = ProcessorTick)
+        : Theme(theme), Fonts(fonts), Pictures(theme, room, std::move(ticks)) {}
 
-    // A piece of the skin; null if it is missing.
-    QImage Piece(const QString& name) { return Pictures.Get(Theme.PathOf(name)); }
+    // A piece of the skin, tiled or at its own size; null if it is missing.
+    QImage Piece(const QString& name) { return Pictures.Get(name); }
 
     const ThemeState& Theme;
     FontChoice& Fonts;
-    DecodedPictures Pictures;
+    SkinPictures Pictures;
 };
 
 struct ButtonSpec {

@@ -4,7 +4,6 @@
 #include "core/files/path_conversion.h"
 #include "core/store/names.h"
 #include "core/text/text_rules.h"
-#include "skin/picture_loader.h"
 
 namespace paneda {
 
@@ -27,8 +26,12 @@ ButtonPicture ButtonSources::PictureOf(const QString& target, int pixels) {
     if (target.isEmpty())
         return {};
     const QString picture = Finder.Find(PictureStem(Drives.ToHost(target, AppPath)));
-    if (!picture.isEmpty())
-        return {LoadPicture(picture, pixels), true};
+    if (!picture.isEmpty()) {
+        const auto image = ReadPicture(picture, {.Width = pixels, .Small = true}, Time);
+        if (!image)
+            LeftOut.push_back(image.error());
+        return {image.value_or(QImage()), true};
+    }
     const QString path = IconPath(target, *this);
     return {path.isEmpty() ? QImage() : Icons.Icon(path, pixels), false};
 }

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 namespace paneda {
 
@@ -36,18 +37,43 @@ int ComposedNumber(int category) {
 class CategoryPictures::Composition {
 public:
     explicit Composition(const PictureSources& from)
-        : tools_(from.Theme, from.Fonts)
-        , buttons_{from.Icons, from.Drives, from.AppPath, from.Geometry.ButtonsPerRow}
+        : tools_(from.Theme, from.Fonts,
+                 {TwipsToPixels(from.Geometry.PanelWidth), TwipsToPixels(from.Geometry.PanelHeight)},
+                 from.DecodingTicks)
+        , buttons_{from.Icons,   from.Drives,
+                   from.AppPath, from.Geometry.ButtonsPerRow,
+                   {},           {kMaxButtonPicturesTime, from.DecodingTicks}}
         , painter_(
               {from.Catalogue, from.Geometry, from.Sizes, from.Logo.isEmpty() ? QImage() : QImage(from.Logo)},
               tools_, buttons_) {}
 
     PanelPainter& Painter() { return painter_; }
 
+    // Each category has the whole time for the pictures of its buttons.
+    void BeginCategory() {
+        buttons_.Time.Left = kMaxButtonPicturesTime;
+        buttonsBefore_ = buttons_.LeftOut.size();
+    }
+
+    // Whether the category lacks a picture that may be there another time.
+    bool WasLate() const {
+        return SkinWasLate() ||
+               std::any_of(buttons_.LeftOut.begin() + std::ptrdiff_t(buttonsBefore_), buttons_.LeftOut.end(),
+                           [](const PictureError& error) { return error.Late; });
+    }
+    bool SkinWasLate() const { return tools_.Pictures.WasLate(); }
+
+    void MoveLeftOut(std::vector<PictureError>& to) {
+        for (auto& from : {tools_.Pictures.TakeLeftOut(), std::exchange(buttons_.LeftOut, {})})
+            to.insert(to.end(), from.begin(), from.end());
+        buttonsBefore_ = 0;
+    }
+
 private:
     PaintTools tools_;
     ButtonSources buttons_;
     PanelPainter painter_;
+    std::size_t buttonsBefore_ = 0; // left out before this category
 };
 
 CategoryPictures::CategoryPictures(const QString& folder, PictureSources sources, Files files)
@@ -90,6 +116,8 @@ QImage CategoryPictures::Picture(int category) {
         return Painter().PaintFrame();
     const QImage picture =
         onFile_[std::size_t(category)] ? Load(ShownNumber(category), Kind::Finished) : QImage();
+    if (picture.isNull() && unsavedCategory_ == category)
+        return unsaved_;
     return picture.isNull() ? Compose(category) : picture;
 }
 
@@ -100,13 +128,21 @@ PanelPainter& CategoryPictures::Painter() {
 }
 
 QImage CategoryPictures::Compose(int category) {
-    const QImage base = Painter().PaintBase(category);
+    PanelPainter& painter = Painter();
+    composition_->BeginCategory();
+    const QImage base = painter.PaintBase(category);
     DrawingSurface surface(base);
-    Painter().DrawBarTitles(surface, category);
+    painter.DrawBarTitles(surface, category);
     const int number = ComposedNumber(category);
-    canSave_ = Save(number, Kind::Base, base) && Save(number, Kind::Finished, surface.Image());
-    onFile_[std::size_t(category)] = canSave_;
-    return category == 0 ? KeepWithDrives(base, surface.Image()) : surface.Image();
+    const bool whole = !composition_->WasLate();
+    const auto isOnFile = onFile_.begin() + category;
+    *isOnFile = whole && Save(number, Kind::Base, base) && Save(number, Kind::Finished, surface.Image());
+    const QImage shown = category == 0 ? KeepWithDrives(base, surface.Image()) : surface.Image();
+    if (whole)
+        canSave_ = *isOnFile;
+    unsavedCategory_ = *isOnFile ? -1 : category;
+    unsaved_ = *isOnFile ? QImage() : shown;
+    return shown;
 }
 
 QImage CategoryPictures::KeepWithDrives(const QImage& base, const QImage& finished) {
@@ -116,13 +152,11 @@ QImage CategoryPictures::KeepWithDrives(const QImage& base, const QImage& finish
         DrawingSurface surface(composed);
         for (const DriveState& drive : drives)
             DrawDrive(surface, drive.Button, drive.Info, tools);
-        canSave_ = canSave_ && Save(ShownNumber(0), kind, surface.Image());
+        onFile_[0] = onFile_[0] && Save(ShownNumber(0), kind, surface.Image());
         return surface.Image();
     };
     keep(base, Kind::Base);
-    const QImage shown = keep(finished, Kind::Finished);
-    onFile_[0] = canSave_;
-    return shown;
+    return keep(finished, Kind::Finished);
 }
 
 void CategoryPictures::RefleshPanel() {
@@ -138,6 +172,7 @@ void CategoryPictures::RefleshPanel() {
 
 std::vector<FileError> CategoryPictures::RedrawBarTitles() {
     std::vector<FileError> failures;
+    unsavedCategory_ = -1;
     const int last = int(onFile_.size());
     for (int number = kWithoutDrives; number <= last; ++number) {
         const int category = std::max(number - 1, 0);
@@ -155,15 +190,25 @@ std::vector<FileError> CategoryPictures::RedrawBarTitles() {
 }
 
 bool CategoryPictures::PrepareNext() {
-    while (canSave_ && next_ < int(onFile_.size())) {
+    const bool late = composition_ && composition_->SkinWasLate();
+    while (canSave_ && !late && next_ < int(onFile_.size())) {
         const int category = next_++;
         if (onFile_[std::size_t(category)] && QFile::exists(PathOf(ShownNumber(category), Kind::Finished)))
             continue;
         Compose(category);
         return true;
     }
-    composition_.reset();
+    if (composition_ && !late) {
+        composition_->MoveLeftOut(leftOut_);
+        composition_.reset();
+    }
     return false;
+}
+
+std::vector<PictureError> CategoryPictures::TakeLeftOut() {
+    if (composition_)
+        composition_->MoveLeftOut(leftOut_);
+    return std::exchange(leftOut_, {});
 }
 
 } // namespace paneda

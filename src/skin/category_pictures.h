@@ -28,6 +28,7 @@ struct PictureSources {
     QString Logo;    // path of the picture; empty for none
     // Asks the drives of the first category for their figures.
     std::function<std::vector<DriveState>()> ReadDrives;
+    TickSource DecodingTicks = ProcessorTick; // measures the decoding of pictures
 };
 
 // The pictures of the window, one for each category, as it looks with that category opened. They lie as PNG
@@ -36,7 +37,8 @@ struct PictureSources {
 // number 1 with the figures of its drives, which is the one that is shown.
 //
 // A picture that is missing, damaged or of another size is composed when it is asked for. In a folder that
-// cannot be written every picture is composed each time; that is no error.
+// cannot be written every picture is composed each time; that is no error. Neither is a picture kept as a
+// file that lacks something only because decoding took too long: the next start composes it again.
 class CategoryPictures {
 public:
     // Whether the files in the folder show what the sources say, or something else and have to be removed.
@@ -54,6 +56,10 @@ public:
 
     // Asks the drives again and draws their figures on the shown pictures of the first category.
     void RefleshPanel();
+
+    // The pictures of the skin and of buttons that have been left out since the last call. Some are named
+    // again when a category is composed again.
+    std::vector<PictureError> TakeLeftOut();
 
     // Writes the titles of the bars again on the pictures of all categories. Pictures that are not on file
     // are left out. Returns those that could not be written.
@@ -77,9 +83,13 @@ private:
     QSize window_; // pixels
     // By category: the file of its shown picture is one of this panel. One that could not be removed is not.
     std::vector<bool> onFile_;
-    bool canSave_ = true; // what cannot be kept is composed again, and never in advance
-    int next_ = 0;        // the next category to look at in PrepareNext
-    // Kept while pictures are composed one after another: it has read the skin's pictures.
+    QImage unsaved_; // the last composed picture that is not on file
+    int unsavedCategory_ = -1;
+    std::vector<PictureError> leftOut_; // by compositions that have ended
+    bool canSave_ = true;               // what cannot be kept is composed again, and never in advance
+    int next_ = 0;                      // the next category to look at in PrepareNext
+    // Kept while pictures are composed one after another: it has read the skin's pictures. If it had no time
+    // for all of them it stays, so that the time is not spent again.
     std::unique_ptr<Composition> composition_;
 };
 

@@ -43,7 +43,7 @@ const QImage& PanelPainter::PaintFrame() {
     PaintCorners(surface);
     PaintCentres(surface);
     const ThemeState& theme = tools_.Theme;
-    surface.DrawPicture(tools_.Piece(theme.Pieces.Back), frame_.Inner,
+    surface.DrawPicture(tools_.Pictures.GetWhole(theme.Pieces.Back), frame_.Inner,
                         {.Method = theme.BackMethod, .Alignment = theme.BackAlignment});
     PaintBottom(surface);
     // In a narrow window the logo ends where the bottom piece does, at the frame.

@@ -3,10 +3,13 @@
 #include "core/files/file_io.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImageReader>
+#include <QMap>
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace paneda {
 
@@ -80,6 +83,24 @@ private:
 
 QString PictureError::Text() const {
     return QDir::toNativeSeparators(Path) + QStringLiteral(": ") + Reason;
+}
+
+QString LeftOutText(const std::vector<PictureError>& errors) {
+    constexpr qsizetype kMostNames = 6;
+    QMap<std::pair<QString, QString>, QStringList> names;
+    for (const PictureError& error : errors) {
+        const QFileInfo file(error.Path);
+        names[{QDir::toNativeSeparators(file.path()), error.Reason}].append(file.fileName());
+    }
+    QStringList lines;
+    for (auto group = names.cbegin(); group != names.cend(); ++group) {
+        QStringList shown = group->first(std::min(group->size(), kMostNames));
+        if (group->size() > kMostNames)
+            shown.append(QStringLiteral("%1 more").arg(group->size() - kMostNames));
+        lines.append(QStringLiteral("%1 (in %2): %3")
+                         .arg(shown.join(QStringLiteral(", ")), group.key().first, group.key().second));
+    }
+    return lines.join(u'\n');
 }
 
 tl::expected<QImage, PictureError> ReadPicture(const QString& path, const PictureWish& wish,

@@ -9,6 +9,8 @@
 
 #include <tl/expected.hpp>
 
+#include <vector>
+
 namespace paneda {
 
 // Files that are larger are not read.
@@ -23,6 +25,9 @@ struct PictureError {
     // One line for the user.
     QString Text() const;
 };
+
+// Several of them for the user: a line for each folder and reason, with the first files.
+QString LeftOutText(const std::vector<PictureError>& errors);
 
 // What is wanted of a picture.
 struct PictureWish {

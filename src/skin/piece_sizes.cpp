@@ -1,10 +1,8 @@
 #include "skin/piece_sizes.h"
 
 #include "core/text/ranges.h"
-#include "skin/picture_files.h"
 #include "skin/picture_loader.h"
-
-#include <QFileInfo>
+#include "skin/skin_pictures.h"
 
 namespace paneda {
 
@@ -12,8 +10,12 @@ static_assert(kMaxPictureSide <= range::kPictureSide, "the cache would refuse th
 
 PieceSizes MeasurePieces(const ThemeState& theme) {
     const SkinPieces& pieces = theme.Pieces;
-    const auto size = [&theme](const QString& piece) { return ImageSizeTwips(theme.PathOf(piece)); };
-    const auto exists = [&theme](const QString& piece) { return QFileInfo::exists(theme.PathOf(piece)); };
+    const QHash<QString, QSize> usable = SurveyPieces(theme).Usable;
+    const auto size = [&usable](const QString& piece) {
+        const QSize pixels = usable.value(piece, QSize(0, 0));
+        return TwipsSize{PixelsToTwips(pixels.width()), PixelsToTwips(pixels.height())};
+    };
+    const auto exists = [&usable](const QString& piece) { return usable.contains(piece); };
     PieceSizes sizes;
     sizes.Group = size(pieces.Group);
     sizes.Category = size(pieces.Category);

@@ -11,7 +11,7 @@ namespace paneda {
 inline constexpr int kBareGroupHeight = 240;
 inline constexpr int kBareBarHeight = 300;
 
-// Reads the headers of the skin's pictures.
+// Reads the files of the skin's pictures. One that is left out is as one that is missing.
 PieceSizes MeasurePieces(const ThemeState& theme);
 
 // Inner margins of the frame.

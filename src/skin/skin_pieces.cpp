@@ -48,6 +48,15 @@ QString PickPieceFile(const QString& name, const FolderNames& folder) {
     return name + QStringLiteral(".jpg");
 }
 
+QStringList PieceFiles(const SkinPieces& pieces) {
+    QStringList files;
+    for (const PieceName& piece : kPieces) {
+        if (!files.contains(pieces.*piece.Field))
+            files.append(pieces.*piece.Field);
+    }
+    return files;
+}
+
 SkinPieces LoadSkinPieces(const QString& skinPath) {
     const FolderNames folder(skinPath);
     SkinPieces pieces;

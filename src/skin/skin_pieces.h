@@ -3,6 +3,7 @@
 #include "skin/folder_names.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace paneda {
 
@@ -35,6 +36,9 @@ struct SkinPieces {
 
 // The name of one piece: "<name>.png" if the folder has it, in any case of letters, else "<name>.jpg".
 QString PickPieceFile(const QString& name, const FolderNames& folder);
+
+// The files of all pieces, each once.
+QStringList PieceFiles(const SkinPieces& pieces);
 
 // All names, from one listing of the skin's folder.
 SkinPieces LoadSkinPieces(const QString& skinPath);

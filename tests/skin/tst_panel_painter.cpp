@@ -79,6 +79,8 @@ private Q_SLOTS:
     void DriveTexts();
     void DriveDataIsAdded();
     void SkinWithoutPicturesIsPainted();
+    void HugePiecesAreLeftOut();
+    void LatePictureIsNotKept();
     void FilesBelongToTheirPanel();
     void UnusableFileIsComposedAgain();
     void DrivesAndTitlesAreRedrawn();
@@ -110,12 +112,14 @@ private:
                     states.push_back({button, {{}, 4 * kGigabyte, Free}});
                 return states;
             };
-            return {folder,
-                    {Theme, Fonts, Catalogue, Geometry, Sizes, Icons, Drives, Sources.AppPath, {}, read},
-                    files};
+            return {
+                folder,
+                {Theme, Fonts, Catalogue, Geometry, Sizes, Icons, Drives, Sources.AppPath, {}, read, Ticks},
+                files};
         }
 
         quint64 Free = kGigabyte; // on every drive
+        TickSource Ticks = ProcessorTick;
 
         ThemeState Theme;
         PieceSizes Sizes;
@@ -258,6 +262,47 @@ void TestPanelPainter::SkinWithoutPicturesIsPainted() {
     DrawingSurface surface(base);
     panel.Painter->DrawBarTitles(surface, 0);
     QVERIFY(!InkOf(surface.Image()).isNull());
+}
+
+void TestPanelPainter::HugePiecesAreLeftOut() {
+    // From the smallest on, as many as have 64 million pixels.
+    const QSize huge(4096, 4096);
+    const auto usable = PiecesWithinLimit({{QStringLiteral("a"), huge},
+                                           {QStringLiteral("b"), huge},
+                                           {QStringLiteral("c"), huge},
+                                           {QStringLiteral("d"), huge},
+                                           {QStringLiteral("e"), {3000, 4000}},
+                                           {QStringLiteral("f"), {64, 64}}});
+    QCOMPARE(usable.size(), 5);
+    QVERIFY(usable.contains(QStringLiteral("f")) && !usable.contains(QStringLiteral("d")));
+
+    SkinMaker maker;
+    maker.AddIni();
+    maker.AddPiece("topa", 4096, 10, kTop);
+    WriteBytes(maker.PathOf(QStringLiteral("lefta.png")), "damaged");
+    const ThemeState theme = maker.Theme();
+    SkinPictures pictures(theme, {200, 300});
+    QCOMPARE(pictures.Get(theme.Pieces.TopA).size(), QSize(200, 10));
+    QVERIFY(pictures.Get(theme.Pieces.LeftA).isNull());
+    const auto leftOut = pictures.TakeLeftOut();
+    QCOMPARE(leftOut.size(), 1u);
+    QVERIFY(leftOut[0].Path.endsWith(u"lefta.png") && !pictures.WasLate());
+}
+
+void TestPanelPainter::LatePictureIsNotKept() {
+    const QTemporaryDir folder;
+    Panel panel(maker_, TwoAndTree());
+    quint32 now = 0;
+    panel.Ticks = [&now] { return now += 10'000; };
+    CategoryPictures pictures = panel.Pictures(folder.path(), CategoryPictures::Files::Drop);
+    const QImage bare = pictures.Picture(1);
+    QVERIFY(BoxOf(bare, kBack).isNull());
+    QVERIFY(ListFiles(folder.path()).isEmpty() && !pictures.PrepareNext());
+    QVERIFY(pictures.TakeLeftOut()[0].Late);
+    panel.Ticks = ProcessorTick;
+    const QImage whole = panel.Pictures(folder.path(), CategoryPictures::Files::Keep).Picture(1);
+    QVERIFY(!BoxOf(whole, kBack).isNull());
+    QCOMPARE(ListFiles(folder.path()).size(), 2);
 }
 
 void TestPanelPainter::FilesBelongToTheirPanel() {

@@ -116,6 +116,9 @@ void frmMain::picCategory_Click(int index) {
     hitAreas_.push_back({HitArea::Kind::Menu, -1, -1, -1, look_->MenuArea()});
     hitAreas_.push_back({HitArea::Kind::Logo, -1, -1, -1, look_->LogoArea()});
     ShowPicture(look_->Picture(opened_.Index));
+    // The first picture's problems are told after its first paint.
+    if (painted_)
+        QTimer::singleShot(0, this, &frmMain::TellLeftOut);
 }
 
 void frmMain::ShowPicture(const QImage& picture) {
@@ -180,8 +183,10 @@ void frmMain::FollowStore(CatalogueList catalogue) {
 
 void frmMain::PrepareNextPicture() {
     // One picture at a time, so that the panel reacts to the user in between.
-    if (!look_->PrepareNext())
-        prepare_.stop();
+    if (look_->PrepareNext())
+        return;
+    prepare_.stop();
+    TellLeftOut();
 }
 
 void frmMain::TellProblems() {
@@ -189,6 +194,21 @@ void frmMain::TellProblems() {
         services_.Prompts.Notice(QStringLiteral("These files could not be written or read:\n\n") +
                                  FailureText(load_.Failures));
     TellSkinProblem();
+    TellLeftOut();
+}
+
+void frmMain::TellLeftOut() {
+    if (unloaded_)
+        return;
+    std::vector<PictureError> fresh;
+    for (const PictureError& error : look_->TakeLeftOut()) {
+        const QString line = error.Text();
+        if (!toldPictures_.contains(line))
+            fresh.push_back(error);
+        toldPictures_.insert(line);
+    }
+    if (!fresh.empty())
+        services_.Prompts.Notice(QStringLiteral("These pictures are not shown:\n\n") + LeftOutText(fresh));
 }
 
 void frmMain::TellSkinProblem() {

@@ -26,6 +26,7 @@
 #include "ui/panel/store_check.h"
 
 #include <QImage>
+#include <QSet>
 #include <QTimer>
 #include <QWidget>
 
@@ -121,6 +122,7 @@ private:
     void RefreshDrives();
     void TellProblems();
     void TellSkinProblem();
+    void TellLeftOut();
     void ShowToolTip(const QPoint& local, const QPoint& global);
     QString ToolTipOf(const HitArea& area) const;
     void ForgetToolTip();
@@ -131,6 +133,7 @@ private:
     PanelLoad load_;
     QString skinPath_; // host folder of the shown skin; empty for the built-in look
     QString skinProblem_;
+    QSet<QString> toldPictures_; // pictures that are not shown, as the user was told
     std::unique_ptr<PanelLook> look_;
     PanelMotion motion_;
     PanelCalls calls_;

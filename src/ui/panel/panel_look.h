@@ -2,6 +2,7 @@
 
 #include "core/panel/panel_geometry.h"
 #include "core/store/catalogue_cache.h"
+#include "skin/picture_loader.h"
 
 #include <QImage>
 #include <QRect>
@@ -49,6 +50,10 @@ public:
 
     // Whether a button of this size, in pixels, has no room for all of its label.
     virtual bool CutsLabel(const ButtonEntry& button, const QSize& size) = 0;
+
+    // The pictures of the skin and of buttons that have been left out since the last call. Some are named
+    // again when a picture is drawn again.
+    virtual std::vector<PictureError> TakeLeftOut() = 0;
 
     // Prepares one picture of a category that has not been opened yet. False when none is left to prepare.
     virtual bool PrepareNext() = 0;

@@ -24,6 +24,7 @@ public:
     QString DriveTip(int controlIndex) const override { return drives_.TipOf(controlIndex); }
     // This look does not measure its labels, so every tool tip repeats the label.
     bool CutsLabel(const ButtonEntry&, const QSize&) override { return true; }
+    std::vector<PictureError> TakeLeftOut() override { return {}; }
     bool PrepareNext() override { return false; }
 
 private:

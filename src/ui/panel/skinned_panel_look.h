@@ -33,6 +33,7 @@ public:
     void RefreshDrives() override;
     QString DriveTip(int controlIndex) const override { return drives_.TipOf(controlIndex); }
     bool CutsLabel(const ButtonEntry& button, const QSize& size) override;
+    std::vector<PictureError> TakeLeftOut() override { return pictures_->TakeLeftOut(); }
     bool PrepareNext() override { return pictures_->PrepareNext(); }
 
 private:

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "skin/picture_loader.h"
+#include "skin/theme_state.h"
+
+#include <QHash>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace paneda {
+
+// What a skin may ask for. The largest one that is installed with the program has 92,000 pixels.
+inline constexpr qint64 kMaxSkinPixels = 64'000'000;              // of all its pictures
+inline constexpr qint64 kMaxSkinBytes = qint64(64) * 1024 * 1024; // of all its pictures' files
+inline constexpr quint32 kMaxSkinTime = 1000; // milliseconds for decoding all pictures of one composition
+
+// A picture that can be decoded, by the file's name in the skin's folder.
+struct PieceFacts {
+    QString Name;
+    QSize Size; // pixels
+};
+
+// The pictures among these that are within kMaxSkinPixels, counted from the smallest on, so that one huge
+// picture keeps out none of the others.
+QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces);
+
+// A skin's pictures before any is decoded.
+struct PieceSurvey {
+    QHash<QString, QSize> Usable; // by the file's name in the skin's folder, in pixels
+    std::vector<PictureError> LeftOut;
+};
+
+// Reads the files of the pieces. One that does not exist is neither usable nor left out.
+PieceSurvey SurveyPieces(const ThemeState& theme);
+
+// The skin's pictures of one composition, each decoded once. Made for it and dropped after it, so that the
+// next one reads a picture that has changed on disk.
+class SkinPictures {
+public:
+    // Of a picture, what lies beyond `room` (pixels) at the right and below is not kept; empty: all is kept.
+    explicit SkinPictures(const ThemeState& theme, const QSize& room = {}, TickSource ticks = ProcessorTick);
+
+    // A piece, for drawing tiled or at its own size; null if the skin lacks it, and if it is left out.
+    QImage Get(const QString& name);
+
+    // A whole piece, which is not kept.
+    QImage GetWhole(const QString& name);
+
+    // The pictures that have been left out since the last call.
+    std::vector<PictureError> TakeLeftOut();
+
+    // Whether pictures are missing that may be there another time.
+    bool WasLate() const { return late_; }
+
+private:
+    QImage Read(const QString& name, const QSize& room);
+
+    const ThemeState& theme_;
+    QSize room_;
+    bool isSurveyed_ = false;
+    PieceSurvey survey_;
+    DecodingTime time_;
+    bool late_ = false;
+    QHash<QString, QImage> pictures_;
+    qint64 bytes_ = 0;
+};
+
+} // namespace paneda
