@@ -29,6 +29,7 @@ private Q_SLOTS:
     void keepsOtherTexts_data();
     void keepsOtherTexts();
     void failures();
+    void linksOfOthers();
 };
 
 void tst_note_save::compressesAboveTheLimit() {
@@ -218,6 +219,31 @@ void tst_note_save::failures() {
     QVERIFY(QDir(note.Store.Path(kParent)).removeRecursively());
     QVERIFY(!note.Save("newest", loaded));
     QVERIFY(!note.Store.Entries().contains(kParent + u'/'));
+}
+
+// Another user of the tree puts links in the place of the files while the note is open.
+void tst_note_save::linksOfOthers() {
+    for (const QString& name : {kRtf, kZip, u"Properties.ini"_s}) {
+        for (const QString& goal : {u"private"_s, u"missing"_s}) {
+            NoteMaker note;
+            note.Store.AddFile(u"private"_s, "private");
+            QVERIFY(note.Save(kShort, {}));
+            const LoadedNote loaded = note.Load();
+            QFile::remove(note.Store.Path(note.In(name)));
+            if (!MakeSymbolicLink(note.Store.Path(goal), note.Store.Path(note.In(name))))
+                QSKIP("There are no links here.");
+            const auto saved = note.Save("mine", loaded);
+            const QString told = saved ? FailureText(saved->Failures) : saved.error().Text();
+            QVERIFY2(told.contains(QDir::toNativeSeparators(note.Store.Path(note.In(name)))),
+                     qPrintable(told));
+            QVERIFY2(told.contains(u"link"), qPrintable(told));
+            QCOMPARE(saved.has_value(), name == u"Properties.ini");
+            QCOMPARE(note.Store.Bytes(u"private"_s), "private"_ba);
+            QVERIFY(!QFileInfo::exists(note.Store.Path(u"missing"_s)));
+            for (const QString& file : note.Contents())
+                QVERIFY(note.Load().Rtf != "private" && (file == name || note.Bytes(file) != "private"));
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_note_save)

@@ -314,7 +314,7 @@ private Q_SLOTS:
                 return QString(u"an error was passed over: "_s + failed);
             return states.Objection(ContentsOf(folder), end.Status);
         };
-        for (const QString& mode : {u"EDQUOT"_s, u"ENOSPC"_s, u"EIO+"_s}) {
+        for (const QString& mode : {u"EDQUOT"_s, u"EIO+"_s}) {
             at = 0;
             QCOMPARE(FirstObjection(step, {0, mode, true, kLocks}, prepare, check), QString());
         }
