@@ -12,6 +12,8 @@ namespace paneda {
 namespace {
 
 constexpr qsizetype kMaxAffix = 30;
+// What a number of 16 bits holds, as word processors use; numbers are added to it.
+constexpr int kMaxStart = 32767;
 
 QTextListFormat::Style StyleOfBullet(const QString& bullet) {
     if (bullet == u"o" || bullet == u"\u25CB" || bullet == u"\u25E6")
@@ -43,7 +45,8 @@ QTextListFormat EmptyFormat() {
     return format;
 }
 
-void SetStart(QTextListFormat& format, int start) {
+void SetStart(QTextListFormat& format, int number) {
+    const int start = std::clamp(number, 0, kMaxStart);
     if (start != 1)
         format.setProperty(RtfListStart, start);
 }

@@ -7,6 +7,7 @@
 #include <QStringBuilder>
 
 #include <algorithm>
+#include <cctype>
 
 namespace paneda {
 
@@ -28,6 +29,13 @@ bool IsOddSign(const RtfToken& token) {
     return token.Kind == RtfToken::Type::Word &&
            (token.Text.isEmpty() ||
             (token.Text.size() == 1 && static_cast<unsigned char>(token.Text[0]) >= 0x80));
+}
+
+// Whether what follows could be taken for a part of the word.
+bool IsOpenWord(const RtfToken& token, QByteArrayView source) {
+    return token.Kind == RtfToken::Type::Word && token.End > token.Begin + 1 &&
+           std::isalpha(static_cast<unsigned char>(source[token.Begin + 1])) != 0 &&
+           source[token.End - 1] != ' ';
 }
 
 // Text of a token stream; \u skips its fallback, destinations that no reader shows are left out.
@@ -102,23 +110,30 @@ QByteArray KeptRtf(QByteArrayView source) {
     kept.reserve(source.size());
     qsizetype depth = 0;
     qsizetype copied = 0;
+    qsizetype wordEnd = -1;
     RtfTokenizer tokens(source);
+    const auto drop = [&](const RtfToken& token) {
+        AppendSevenBit(kept, source.sliced(copied, token.Begin - copied));
+        copied = token.End;
+        if (token.Begin == wordEnd || token.Kind == RtfToken::Type::Binary)
+            kept.append(' ');
+    };
     for (RtfToken token = tokens.Next(); token.Kind != RtfToken::Type::End; token = tokens.Next()) {
         if (token.Kind == RtfToken::Type::Open)
             ++depth;
         if (token.Kind == RtfToken::Type::Close && --depth < 0) {
             // A closing brace too many would end the note where this is written.
-            AppendSevenBit(kept, source.sliced(copied, token.Begin - copied));
-            copied = token.End;
+            drop(token);
             depth = 0;
+            continue;
         }
         const bool isBinary = token.Kind == RtfToken::Type::Binary;
-        if (isBinary || IsOddSign(token)) {
-            AppendSevenBit(kept, source.sliced(copied, token.Begin - copied));
-            copied = token.End;
-        }
+        if (isBinary || IsOddSign(token))
+            drop(token);
         if (isBinary)
-            kept.append(' ').append(token.Text.toByteArray().toHex());
+            kept.append(token.Text.toByteArray().toHex());
+        else if (IsOpenWord(token, source))
+            wordEnd = token.End;
     }
     AppendSevenBit(kept, source.sliced(copied));
     if (depth > 0)
