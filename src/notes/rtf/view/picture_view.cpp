@@ -2,12 +2,17 @@
 
 #include "notes/rtf/properties.h"
 
+#include <QAbstractTextDocumentLayout>
+#include <QCache>
+#include <QElapsedTimer>
 #include <QPainter>
 #include <QTextDocument>
+#include <QTimer>
 #include <QUrl>
 #include <QtEndian>
 
 #include <algorithm>
+#include <memory>
 
 namespace paneda {
 
@@ -18,6 +23,16 @@ constexpr quint32 kInfoHeader = 40;
 // BI_BITFIELDS: three masks follow a header of 40 bytes.
 constexpr quint32 kBitFields = 3;
 constexpr int kMaxPlaceholderSide = 2000;
+// Pictures of one note that are held decoded; others are decoded again when they are drawn again.
+constexpr qsizetype kMaxHeldKilobytes = 64 * 1024;
+// A larger picture is held in twice the size that it is shown in, for sharp screens.
+constexpr qint64 kSmallPicture = 800'000; // pixels
+// Milliseconds of decoding at a stretch. What comes then is drawn later, so that a page full of huge pictures
+// does not keep the window busy.
+constexpr qint64 kStretch = 500;
+// Each scan of a JPEG costs a pass over the whole picture, however few bytes it has. Usual files have up to a
+// dozen.
+constexpr qsizetype kMaxScans = 100;
 
 quint32 Read32(const QByteArray& bytes, qsizetype at) {
     return bytes.size() < at + 4 ? 0 : qFromLittleEndian<quint32>(bytes.constData() + at);
@@ -69,13 +84,70 @@ QTextFormat FindFormat(const QTextDocument& document, const QString& name) {
     return {};
 }
 
+QImage Reduced(const QImage& picture, QSizeF shown) {
+    const QSize wanted = (shown * 2).toSize();
+    const bool isSmall = qint64(picture.width()) * picture.height() <= kSmallPicture;
+    if (isSmall || wanted.isEmpty() || wanted.width() >= picture.width() ||
+        wanted.height() >= picture.height())
+        return picture;
+    return picture.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+// In these bytes no marker of a scan is anything else, but for a rare thumbnail.
+bool HasTooManyScans(const QByteArray& jpeg) {
+    return jpeg.count("\xFF\xDA") > kMaxScans;
+}
+
+// Decodes the pictures of a document when they are drawn.
+class Pictures {
+public:
+    explicit Pictures(QTextDocument& document) : document_(document), held_(kMaxHeldKilobytes) {
+        sinceLast_.start();
+    }
+
+    QVariant Find(const QString& name) {
+        if (const QImage* held = held_.object(name))
+            return *held;
+        const QTextFormat format = FindFormat(document_, name);
+        if (!format.isValid())
+            return {};
+        left_ = std::min(kStretch, left_ + sinceLast_.restart());
+        if (left_ <= 0) {
+            // An own call, since this one is part of drawing.
+            QTimer::singleShot(kStretch, &document_,
+                               [document = &document_] { Q_EMIT document->documentLayout()->update(); });
+            return Shown(format, QImage());
+        }
+        const QImage picture = Shown(format, RtfPicture(format.property(RtfPictureBytes).toByteArray(),
+                                                        format.property(RtfPictureKind).toByteArray()));
+        left_ -= sinceLast_.restart();
+        held_.insert(name, new QImage(picture), qsizetype(picture.sizeInBytes() / 1024 + 1));
+        return picture;
+    }
+
+private:
+    static QImage Shown(const QTextFormat& format, const QImage& picture) {
+        const QTextImageFormat image = format.toImageFormat();
+        const QSizeF size(image.width(), image.height());
+        // An object has a label to show instead.
+        if (picture.isNull())
+            return format.isImageFormat() ? Placeholder(size.toSize()) : picture;
+        return Reduced(picture, format.isImageFormat() ? size : format.property(RtfObjectSize).toSizeF());
+    }
+
+    QTextDocument& document_;
+    QCache<QString, QImage> held_;
+    QElapsedTimer sinceLast_;
+    qint64 left_ = kStretch;
+};
+
 } // namespace
 
 QImage RtfPicture(const QByteArray& bytes, const QByteArray& kind) {
     QImage picture;
     if (kind == "pngblip")
         picture = QImage::fromData(bytes, "PNG");
-    else if (kind == "jpegblip")
+    else if (kind == "jpegblip" && !HasTooManyScans(bytes))
         picture = QImage::fromData(bytes, "JPG");
     else if (kind.startsWith("dibitmap"))
         picture = QImage::fromData(BitmapFile(bytes), "BMP");
@@ -85,18 +157,8 @@ QImage RtfPicture(const QByteArray& bytes, const QByteArray& kind) {
 }
 
 void ShowRtfPictures(QTextDocument& document) {
-    document.setResourceProvider([&document](const QUrl& url) -> QVariant {
-        const QTextFormat format = FindFormat(document, url.toString());
-        if (!format.isValid())
-            return {};
-        QImage picture = RtfPicture(format.property(RtfPictureBytes).toByteArray(),
-                                    format.property(RtfPictureKind).toByteArray());
-        // An object has a label to show instead.
-        if (const QTextImageFormat image = format.toImageFormat(); picture.isNull() && format.isImageFormat())
-            picture = Placeholder(QSizeF(image.width(), image.height()).toSize());
-        document.addResource(QTextDocument::ImageResource, url, picture);
-        return picture;
-    });
+    const auto pictures = std::make_shared<Pictures>(document);
+    document.setResourceProvider([pictures](const QUrl& url) { return pictures->Find(url.toString()); });
 }
 
 } // namespace paneda

@@ -28,8 +28,9 @@ public:
 void ShowRtfObjects(QTextDocument& document);
 
 // Makes a document find the pictures in its formats (RtfPictureBytes), also those that are pasted in later.
-// Each is decoded when it is drawn for the first time; in place of a picture that cannot be decoded stands an
-// empty frame of its size. Replaces the document's resource provider.
+// Each is decoded when it is drawn, and as many are held decoded as 64 MB take; in place of a picture that
+// cannot be decoded, or only later since others took half a second, stands an empty frame of its size.
+// Replaces the document's resource provider.
 void ShowRtfPictures(QTextDocument& document);
 
 // The picture of bytes of a kind as in RtfPictureKind. A null image for bytes that cannot be decoded; of
