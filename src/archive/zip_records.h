@@ -24,10 +24,10 @@ inline constexpr char kZipEndSignature[] = "PK\x05\x06";
 inline constexpr quint16 kZipStored = 0;
 inline constexpr quint16 kZipDeflated = 8;
 
-// An entry with more uncompressed bytes than this is neither written nor read. A note of it would be a text
-// of some hundred million characters, far past what an editor can hold; the limit keeps a damaged or hostile
-// archive from taking all memory.
-inline constexpr qint64 kMaxZipEntry = 256 * 1024 * 1024;
+// An entry with more uncompressed bytes than this is neither written nor read, so that a damaged or hostile
+// archive does not take all memory. It is also the limit of a note's text: one that is full of pictures takes
+// about one and a half times its size to be shown, which leaves room below 300 MB for the rest.
+inline constexpr qint64 kMaxZipEntry = 128 * 1024 * 1024;
 
 // What local and central header have in common, in this order.
 struct ZipEntryFields {

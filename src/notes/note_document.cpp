@@ -29,6 +29,13 @@ void AddNotice(QString& notice, const QString& line) {
     notice += notice.isEmpty() ? line : u'\r' + line;
 }
 
+QString PlainNotice(const RtfReading& reading) {
+    const QString cut = reading.IsCut ? QStringLiteral(" Only its beginning is shown.") : QString();
+    return QStringLiteral("This note has %1. That is too much to show it with its formatting: it is shown as "
+                          "plain text and cannot be changed here. Its file stays as it is.%2")
+        .arg(reading.PlainReason, cut);
+}
+
 } // namespace
 
 NoteDocument::NoteDocument(QTextDocument& document, NoteDisk& disk, CodePageDecoder codePages, DiskWork work)
@@ -51,6 +58,8 @@ void NoteDocument::ShowText(const QByteArray& rtf, const NoteSession& session, N
         AddNotice(view.Notice,
                   reading.Error + QStringLiteral(" It is shown empty. If you save it, the file that is there "
                                                  "now will be kept beside it."));
+    if (!reading.PlainReason.isEmpty())
+        AddNotice(view.Notice, PlainNotice(reading));
     onDisk_.Unseen = onDisk_.Unseen || !reading.IsRtf() || !reading.Losses.isEmpty();
     view.ReadOnly = lockedByOther_ || !reading.Losses.isEmpty();
 }

@@ -204,8 +204,8 @@ void tst_zip_read::hostile_data() {
     change32("local header beyond the file", first + 42, 0xFFFFFFF0, {b}, {ZipError::Damaged});
     change32("data into the directory", second + 20, first, {a}, {ZipError::Damaged});
     change32("data over the next entry", first + 20, first - 40, {a}, {ZipError::Damaged});
-    change32("size over the limit", first + 24, 0x10000001, {b}, {ZipError::TooBig});
-    change32("size that so few bytes cannot hold", first + 24, 0x0FFFFFFF, {b}, {ZipError::Checksum});
+    change32("size over the limit", first + 24, 0x08000001, {b}, {ZipError::TooBig});
+    change32("size that so few bytes cannot hold", first + 24, 0x07FFFFFF, {b}, {ZipError::Checksum});
     change32("checksum", first + 16, 1, {b}, {ZipError::Checksum});
     change16("method", first + 10, 99, {b}, {ZipError::UnsupportedMethod});
     change16("central name beyond the file", second + 28, 0xFFFF, {a}, {ZipError::UnsafeName});

@@ -1,6 +1,7 @@
 #include "notes/note_document.h"
 #include "notes/note_maker.h"
 
+#include <QRegularExpression>
 #include <QTest>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -30,11 +31,15 @@ void tst_note_document::keepsWhatTheEditorDoesNotHold_data() {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("readOnly");
     QTest::addColumn<bool>("kept");
-    QTest::newRow("rich text") << QByteArray("{\\rtf1 words}") << false << false;
-    QTest::newRow("empty file") << QByteArray("") << false << false;
-    QTest::newRow("no rich text") << QByteArray("plain words") << false << true;
+    QTest::addColumn<QString>("notice"); // a part of it
+    QTest::newRow("rich text") << QByteArray("{\\rtf1 words}") << false << false << QString();
+    QTest::newRow("empty file") << QByteArray("") << false << false << QString();
+    QTest::newRow("no rich text") << QByteArray("plain words") << false << true << u"not a rich text"_s;
     QTest::newRow("tracked changes") << QByteArray("{\\rtf1{\\*\\revtbl{A;}{B;}}\\revised\\revauth1 words}")
-                                     << true << true;
+                                     << true << true << QString();
+    QTest::newRow("too much to lay out")
+        << "{\\rtf1 " + QByteArray("\\trowd\\cellx9\\pard\\intbl words\\cell\\row").repeated(30000) + '}'
+        << true << true << u"table cells.*shown as plain text and cannot be changed"_s;
 }
 
 void tst_note_document::keepsWhatTheEditorDoesNotHold() {
@@ -47,6 +52,8 @@ void tst_note_document::keepsWhatTheEditorDoesNotHold() {
     const auto view = editor.Open(note.Place, note.Session);
     QVERIFY(view && view->State == NoteState::Shown);
     QTEST(view->ReadOnly, "readOnly");
+    QFETCH(const QString, notice);
+    QVERIFY2(view->Notice.contains(QRegularExpression(notice)), qPrintable(view->Notice));
     QVERIFY(!document.isModified() && document.toPlainText() != u"what was there"_s);
     QTextCursor(&document).insertText(u"mine "_s);
     const auto saved = editor.Save(note.Session);

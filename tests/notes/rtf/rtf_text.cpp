@@ -54,7 +54,7 @@ int main(int argc, char** argv) {
         QTextDocument document;
         const RtfReading reading = file.open(QIODevice::ReadOnly)
                                        ? ReadRtf(file.readAll(), document)
-                                       : RtfReading{QStringLiteral("The file cannot be opened."), {}};
+                                       : RtfReading{QStringLiteral("The file cannot be opened."), {}, {}};
         QTextDocument again;
         ReadRtf(WriteRtf(document), again);
         const QJsonObject line{{QStringLiteral("file"), file.fileName()},

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void kept();
     void losses_data();
     void losses();
+    void tooHeavy_data();
+    void tooHeavy();
     void unknownWords_data();
     void unknownWords();
     void hiddenLooks();
@@ -274,6 +276,46 @@ void TestRtfReader::losses() {
     QFETCH(QByteArray, rtf);
     QFETCH(QString, loss);
     QCOMPARE(ReadNote(rtf).Reading.Losses, loss.isEmpty() ? QStringList() : QStringList(loss));
+}
+
+void TestRtfReader::tooHeavy_data() {
+    QTest::addColumn<QByteArray>("rtf");
+    QTest::addColumn<QString>("reason"); // a part of it; empty for a note that is shown as it is
+    const auto row = [](const char* tag, const QByteArray& body, const char* reason) {
+        QTest::newRow(tag) << Note(body) << QString::fromLatin1(reason);
+    };
+    const QByteArray tableRow = "\\trowd\\cellx100\\cellx200\\pard\\intbl a\\cell{\\footnote b}\\cell\\row ";
+    row("cells", tableRow.repeated(30000), "table cells");
+    row("few cells", tableRow.repeated(1000), "");
+    row("one word", QByteArray(300'000, 'a'), "letters without a blank");
+    row("words", QByteArray("a word ").repeated(50'000), "");
+    row("scripts", "a" + QByteArray("\\u1488?a").repeated(20'000), "letters without a blank");
+    row("text", QByteArray("a word ").repeated(1'000'000), "characters");
+    row("lines", QByteArray("a\\line ").repeated(500'000), "paragraphs");
+    row("pictures", QByteArray("a{\\pict\\pngblip 00}").repeated(40'000), "pictures");
+    row("looks that hold much",
+        QByteArray("\\brdrw1").repeated(250) + QByteArray("{\\li1 a\\par}{\\li2\\par}").repeated(50'000),
+        "kinds of formatting");
+    row("looked ahead often", QByteArray("{\\upr").repeated(900) + QByteArray(2'000'000, 'a'), "steps");
+    QByteArray fonts;
+    QByteArray items;
+    for (int i = 0; i < 10'000; ++i) {
+        fonts += "\\f" + QByteArray::number(i) + " a ";
+        items += "\\pard{\\*\\pn\\pnlvlbody\\pndec}a\\par ";
+    }
+    row("fonts", fonts, "fonts and sizes");
+    row("items", items, "list items");
+}
+
+// Of what would keep the window busy the text is shown.
+void TestRtfReader::tooHeavy() {
+    QFETCH(QByteArray, rtf);
+    QFETCH(QString, reason);
+    const ReadNote note(rtf);
+    QVERIFY2(note.Reading.PlainReason.contains(reason), qPrintable(note.Reading.PlainReason));
+    QCOMPARE(note.Reading.PlainReason.isEmpty(), reason.isEmpty());
+    QCOMPARE(note.Reading.Losses.isEmpty(), reason.isEmpty());
+    QVERIFY(note.Reading.PlainReason.contains(u"steps") || note.Text().contains(u'a'));
 }
 
 void TestRtfReader::unknownWords_data() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "notes/rtf/read/row_state.h"
+#include "notes/rtf/read/weight.h"
 
 #include <QString>
 #include <QTextBlockFormat>
@@ -63,11 +64,19 @@ struct RtfContent {
     std::vector<QTextListFormat> Lists;
     // What a save would lose, each only once.
     QStringList Losses;
+    // What showing it costs.
+    RtfWeight Weight;
+    // Only the text is read: no look, tables as lines with tabs, the names of things in their place.
+    bool IsPlain = false;
 
     void Lose(const QString& what) {
-        if (!Losses.contains(what))
-            Losses.append(what);
+        if (Losses.size() < kMaxLosses && !Losses.contains(what))
+            Losses.append(Losses.size() + 1 < kMaxLosses ? what : QStringLiteral("and more"));
     }
+
+private:
+    // More than anybody reads.
+    static constexpr qsizetype kMaxLosses = 50;
 };
 
 // Replaces a document's whole content. Its undo history is empty afterwards, and on or off as before. Adds to

@@ -7,14 +7,29 @@ namespace paneda {
 
 namespace {
 
-// Tables within tables. Each costs a level of recursion wherever the note is walked.
+// Tables within tables. Each costs a level of recursion wherever the note is walked; a cell so deep weighs
+// too much anyway.
 constexpr int kMaxDepth = 16;
+
+// A plain text is not read beyond this, since by then it weighs too much, and one text can be as long as the
+// note. Words are parted at this length: Qt's layout needs the square of it.
+constexpr qsizetype kMaxPlainText = 2'000'000;
+constexpr qsizetype kPlainWord = 1000;
+
+int LimitedDepth(int depth) {
+    return std::clamp(depth, 0, kMaxDepth);
+}
 
 } // namespace
 
 void RtfFlow::AppendText(QStringView text, int format) {
     if (text.isEmpty())
         return;
+    content_.Weight.AddText(text);
+    if (content_.IsPlain) {
+        AppendPlain(text);
+        return;
+    }
     paragraph_.Text += text;
     if (LastFormat() == format)
         paragraph_.Runs.back().Length += text.size();
@@ -23,21 +38,75 @@ void RtfFlow::AppendText(QStringView text, int format) {
 }
 
 void RtfFlow::EndParagraph(const RtfParagraphState& state, int markFormat) {
-    SetDepth(LimitDepth(state.Depth));
+    if (content_.IsPlain) {
+        AddPlainParagraph();
+        return;
+    }
+    WeighText();
+    WeighFormat(state);
+    SetDepth(LimitedDepth(state.Depth));
     paragraph_.List = ListOf(state);
+    if (paragraph_.List >= 0) {
+        items_.resize(content_.Lists.size());
+        const int before = items_[std::size_t(paragraph_.List)]++;
+        content_.Weight.Add(RtfBurden::Items, 1, rtf_cost::kItem * before);
+    }
     paragraph_.Format = FormatOf(state, paragraph_.List >= 0);
     paragraph_.MarkFormat = markFormat;
     Container().push_back({std::exchange(paragraph_, RtfParagraph()), nullptr});
-    ++paragraphs_;
+}
+
+void RtfFlow::AppendPlain(QStringView text) {
+    for (const QChar c : text.first(std::min(text.size(), kMaxPlainText - plainLength_))) {
+        plainWord_ = c.isSpace() ? 0 : plainWord_ + 1;
+        if (plainWord_ > kPlainWord || c == QChar::LineSeparator) {
+            AddPlainParagraph();
+            plainWord_ = 0;
+        }
+        if (c != QChar::LineSeparator)
+            paragraph_.Text += c;
+        ++plainLength_;
+    }
+}
+
+void RtfFlow::AddPlainParagraph() {
+    if (!paragraph_.Text.isEmpty())
+        paragraph_.Runs.push_back({paragraph_.Text.size(), 0});
+    WeighText();
+    content_.Items.push_back({std::exchange(paragraph_, RtfParagraph()), nullptr});
+}
+
+void RtfFlow::WeighText() {
+    content_.Weight.Add(RtfBurden::Paragraphs, 1, rtf_cost::kParagraph);
+    const RtfBreaking breaking = BreakingOf(paragraph_.Text, paragraph_.Runs);
+    if (breaking.Letters > 0)
+        content_.Weight.Add(RtfBurden::LongWords, breaking.Letters, breaking.Cost / double(breaking.Letters));
+}
+
+void RtfFlow::WeighFormat(const RtfParagraphState& state) {
+    if (hasLast_ && state == lastState_)
+        return;
+    const double kept = double(state.Words.size() + state.TabWords.size()) * rtf_cost::kKeptByte;
+    content_.Weight.Add(RtfBurden::Formatting, 1, kept + double(state.Tabs.size()) * rtf_cost::kTab);
+}
+
+void RtfFlow::AddCell(Level& level) {
+    level.Row.Cells.push_back(std::exchange(level.Cell, RtfItems()));
+    // A cell that is held twice as deep takes twice as long.
+    content_.Weight.Add(RtfBurden::Cells, 1, rtf_cost::kCell * double(1U << (levels_.size() - 1)));
 }
 
 void RtfFlow::EndCell(const RtfParagraphState& state, int markFormat, int depth) {
+    if (content_.IsPlain) {
+        AppendText(u"\t", markFormat);
+        return;
+    }
     RtfParagraphState inCell = state;
-    inCell.Depth = LimitDepth(depth);
+    inCell.Depth = LimitedDepth(depth);
     EndParagraph(inCell, markFormat);
     Level& level = levels_.back();
     if (level.Row.Cells.size() < std::size_t(kMaxRtfRowCells)) {
-        level.Row.Cells.push_back(std::exchange(level.Cell, RtfItems()));
+        AddCell(level);
     } else {
         content_.Lose(QStringLiteral("the cells of a very wide table"));
         RtfItems& last = level.Row.Cells.back();
@@ -49,10 +118,16 @@ void RtfFlow::EndCell(const RtfParagraphState& state, int markFormat, int depth)
 }
 
 void RtfFlow::EndRow(int depth, const std::shared_ptr<const RtfRowDefinition>& definition) {
-    depth = LimitDepth(depth);
+    if (content_.IsPlain) {
+        AddPlainParagraph();
+        return;
+    }
+    depth = LimitedDepth(depth);
     if (levels_.size() < std::size_t(depth))
         return;
     SetDepth(depth);
+    if (definition_ != definition)
+        content_.Weight.Add(RtfBurden::Source, qint64(definition->Cells.size()), rtf_cost::kCellDefinition);
     definition_ = definition;
     CloseRow(levels_.back());
 }
@@ -68,12 +143,6 @@ void RtfFlow::Finish(const RtfParagraphState& state, int markFormat,
         plain.Depth = 0;
         EndParagraph(plain, markFormat);
     }
-}
-
-int RtfFlow::LimitDepth(int depth) {
-    if (depth > kMaxDepth)
-        content_.Lose(QStringLiteral("tables nested very deeply"));
-    return std::clamp(depth, 0, kMaxDepth);
 }
 
 void RtfFlow::SetDepth(int depth) {
@@ -94,7 +163,7 @@ void RtfFlow::CloseLevel() {
 void RtfFlow::CloseRow(Level& level) {
     // Paragraphs behind the last \cell are a cell that was not closed.
     if (!level.Cell.empty())
-        level.Row.Cells.push_back(std::exchange(level.Cell, RtfItems()));
+        AddCell(level);
     if (level.Row.Cells.empty())
         return;
     level.Row.Definition = definition_;

@@ -22,9 +22,6 @@ public:
     // Whether the paragraph that was ended last is a list item.
     bool LastIsItem() const { return lastInList_; }
 
-    // Whether the note has more paragraphs than are read.
-    bool IsFull() const { return paragraphs_ >= kMaxParagraphs; }
-
     // Ends the paragraph. state.Depth says how many tables it is in.
     void EndParagraph(const RtfParagraphState& state, int markFormat);
     // Ends the paragraph and its cell. `depth` is 1 for a table that is in no other table, 2 for a table in
@@ -44,9 +41,11 @@ private:
         RtfItems Cell;
     };
 
-    static constexpr int kMaxParagraphs = 1000000;
-
-    int LimitDepth(int depth);
+    void AddPlainParagraph();
+    void AddCell(Level& level);
+    void AppendPlain(QStringView text);
+    void WeighText();
+    void WeighFormat(const RtfParagraphState& state);
     void SetDepth(int depth);
     void CloseLevel();
     void CloseRow(Level& level);
@@ -61,7 +60,6 @@ private:
     RtfParagraph paragraph_;
     std::vector<Level> levels_;
     std::shared_ptr<const RtfRowDefinition> definition_ = std::make_shared<RtfRowDefinition>();
-    int paragraphs_ = 0;
 
     // By \ls and \ilvl.
     std::map<std::pair<int, int>, int> tableLists_;
@@ -72,6 +70,11 @@ private:
     RtfParagraphState lastState_;
     bool lastInList_ = false;
     QTextBlockFormat lastFormat_;
+    // Of the plain text: its length, and that of the word at its end.
+    qsizetype plainLength_ = 0;
+    qsizetype plainWord_ = 0;
+    // Items of each list.
+    std::vector<int> items_;
     bool hasLast_ = false;
 };
 

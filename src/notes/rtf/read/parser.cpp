@@ -40,8 +40,9 @@ RtfParser::RtfParser(QByteArrayView bytes, RtfContent& content)
     : tokens_(bytes), content_(content), flow_(content, lists_) {}
 
 void RtfParser::Run() {
-    while (!flow_.IsFull()) {
+    while (!content_.Weight.IsTooMuch()) {
         const RtfToken token = tokens_.Next();
+        content_.Weight.Add(RtfBurden::Source, 1, rtf_cost::kToken);
         const bool closesNote = token.Kind == RtfToken::Type::Close && groups_.size() == 1;
         if (closesNote)
             LookBehind();
@@ -49,8 +50,6 @@ void RtfParser::Run() {
             break;
         Take(token);
     }
-    if (flow_.IsFull())
-        content_.Lose(QStringLiteral("the end of a very long note"));
     FlushBytes();
     FlushUnseen();
     if (pageBreak_)

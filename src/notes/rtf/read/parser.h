@@ -86,21 +86,24 @@ private:
     void FlushUnseen();
     int CurrentFormat();
     int MakeFormat();
-    bool HasRoomForObject();
+    // Whether the note is read without what stands in its lines; then the label is put there.
+    bool PutsLabel(const QString& label);
+    void WeighThing() { content_.Weight.Add(RtfBurden::Things, 1, rtf_cost::kThing); }
 
     // --- parser_groups.cpp: destinations and objects
     bool TakeDestination(RtfWord meaning, const RtfToken& token);
     bool TakeTable(RtfWord meaning, const RtfToken& token);
     bool TakePictureWord(RtfWord meaning, const RtfToken& token);
     void TakeOldList();
-    bool HoldsParagraph() const;
-    bool HasUnicodeTwin() const;
+    bool HoldsParagraph();
+    bool HasUnicodeTwin();
+    void WeighLook(const RtfTokenizer& ahead);
     void TakePicture();
     void TakeOtherPicture(const RtfToken& token);
     void BeginField(const RtfToken& token);
     void TakeFieldInstruction(const RtfToken& token);
     void TakeForeignField(std::size_t field, const QString& instruction);
-    bool HasLongResult(std::size_t groups) const;
+    bool HasLongResult(std::size_t groups);
     void TakeUnknownGroup(const RtfToken& token);
     void TakeObject(const RtfToken& token);
     QByteArray TakeGroup(const RtfToken& token);
@@ -147,8 +150,9 @@ private:
 
     QHash<RtfChar, int> formatOf_;
     int format_ = -1;
+    // Fonts of the formats: number, size and style.
+    QSet<quint64> fonts_;
     int codePage_ = 1252;
-    int objects_ = 0;
     // The last picture's format, for the fallback that comes behind it; -1 for none.
     int pictureFormat_ = -1;
 };

@@ -3,6 +3,7 @@
 #include "notes/rtf/read/parser.h"
 #include "notes/rtf/read/raw.h"
 
+#include <QScopeGuard>
 #include <QSizeF>
 
 #include <algorithm>
@@ -185,8 +186,9 @@ void RtfParser::TakeOldList() {
 }
 
 // Some programs close the group of an item's marker behind the item itself.
-bool RtfParser::HoldsParagraph() const {
+bool RtfParser::HoldsParagraph() {
     RtfTokenizer ahead = tokens_;
+    const auto weigh = qScopeGuard([&] { WeighLook(ahead); });
     const qsizetype limit = ahead.Position() + kMaxMarkerSource;
     for (qsizetype depth = 1; depth > 0 && ahead.Position() < limit;) {
         const RtfToken token = ahead.Next();
@@ -198,12 +200,18 @@ bool RtfParser::HoldsParagraph() const {
 }
 
 // Whether the next group has the same text in Unicode behind it.
-bool RtfParser::HasUnicodeTwin() const {
+bool RtfParser::HasUnicodeTwin() {
     RtfTokenizer ahead = tokens_;
+    const auto weigh = qScopeGuard([&] { WeighLook(ahead); });
     if (ahead.Next().Kind != RtfToken::Type::Open)
         return false;
     ahead.SkipGroup();
     return ahead.Next().Kind == RtfToken::Type::Open && ahead.Next().Text == "*" && ahead.Next().Text == "ud";
+}
+
+// What has been looked at is read once more later, or many times where groups lie in each other.
+void RtfParser::WeighLook(const RtfTokenizer& ahead) {
+    content_.Weight.Add(RtfBurden::Source, ahead.Position() - tokens_.Position(), rtf_cost::kLookedAhead);
 }
 
 void RtfParser::TakePicture() {
@@ -215,6 +223,8 @@ void RtfParser::TakePicture() {
         KeepUnseen("{\\v{\\pict" + KeptRtf(source) + "}}");
         return;
     }
+    if (PutsLabel(QStringLiteral("[picture]")))
+        return;
     const QTextImageFormat picture = ReadRtfPicture(source);
     if (picture.property(RtfPictureBytes).toByteArray().isEmpty() ||
         picture.property(RtfPictureKind).toByteArray().isEmpty()) {
@@ -223,8 +233,7 @@ void RtfParser::TakePicture() {
     }
     QTextCharFormat format = content_.Formats[std::size_t(CurrentFormat())];
     format.merge(picture);
-    if (!HasRoomForObject())
-        return;
+    WeighThing();
     FlushUnseen();
     content_.Formats.push_back(format);
     const int number = int(content_.Formats.size()) - 1;
@@ -301,11 +310,14 @@ void RtfParser::TakeForeignField(std::size_t field, const QString& instruction) 
 }
 
 // Whether the text of the field that ends with so many open groups is more than a label can show.
-bool RtfParser::HasLongResult(std::size_t groups) const {
+bool RtfParser::HasLongResult(std::size_t groups) {
     RtfTokenizer ahead = tokens_;
     const qsizetype begin = ahead.Position();
     for (; groups > 0; --groups)
         ahead.SkipGroup();
+    // Cut into tokens too, which takes some four times as long as passing over it.
+    for (int i = 0; i < 5; ++i)
+        WeighLook(ahead);
     const QByteArrayView rest = tokens_.Bytes().sliced(begin, ahead.Position() - begin);
     return HoldsParagraphs(rest) ||
            PlainTextOfRtf(rest, content_.Tables.Encoding(), kMaxLabel).size() >= kMaxLabel;
@@ -381,9 +393,10 @@ void RtfParser::KeepSeen(const QByteArray& raw, const QString& label, QSizeF siz
         KeepUnseen("{\\v" + raw + '}');
         return;
     }
-    FlushUnseen();
-    if (!HasRoomForObject())
+    if (PutsLabel(label))
         return;
+    FlushUnseen();
+    WeighThing();
     QTextCharFormat format = content_.Formats[std::size_t(CurrentFormat())];
     format.setObjectType(kRtfObject);
     format.setProperty(RtfRaw, raw);

@@ -9,10 +9,6 @@ namespace paneda {
 
 namespace {
 
-// Each distinct format and each object costs some hundred bytes, whatever it cost in the source.
-constexpr qsizetype kMaxFormats = 20000;
-constexpr int kMaxObjects = 20000;
-
 bool IsAscii(QByteArrayView bytes) {
     return std::none_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
 }
@@ -155,10 +151,11 @@ void RtfParser::FlushUnseen() {
     const int look = std::exchange(hiddenFormat_, -1);
     if (unseen_.isEmpty())
         return;
-    if (!HasRoomForObject()) {
+    if (content_.IsPlain) {
         unseen_.clear();
         return;
     }
+    WeighThing();
     QTextCharFormat format = content_.Formats[std::size_t(look >= 0 ? look : CurrentFormat())];
     format.setObjectType(kRtfObject);
     format.setProperty(RtfRaw, std::exchange(unseen_, QByteArray()));
@@ -172,11 +169,10 @@ void RtfParser::CloseHidden() {
         unseen_ += "{\\uc1\\v " + RtfOfText(std::exchange(hidden_, QString())) + '}';
 }
 
-bool RtfParser::HasRoomForObject() {
-    if (++objects_ <= kMaxObjects)
-        return true;
-    content_.Lose(QStringLiteral("a great many embedded things"));
-    return false;
+bool RtfParser::PutsLabel(const QString& label) {
+    if (content_.IsPlain)
+        AppendVisible(label, CurrentFormat());
+    return content_.IsPlain;
 }
 
 int RtfParser::CurrentFormat() {
@@ -191,11 +187,19 @@ int RtfParser::CurrentFormat() {
 }
 
 int RtfParser::MakeFormat() {
-    if (formatOf_.size() >= kMaxFormats) {
-        content_.Lose(QStringLiteral("a great many kinds of formatting"));
+    if (content_.IsPlain) {
+        content_.Formats.resize(1);
         return 0;
     }
     const RtfChar& state = Current().Char;
+    const double kept = double(state.Words.size()) * rtf_cost::kKeptByte;
+    content_.Weight.Add(RtfBurden::Formatting, 1, rtf_cost::kFormat + kept);
+    const auto font = quint64(quint32(state.Font)) << 32 | quint64(quint16(state.HalfPoints)) << 3 |
+                      quint64(state.Bold) << 2 | quint64(state.Italic) << 1 | quint64(state.SmallCaps);
+    if (!fonts_.contains(font)) {
+        fonts_.insert(font);
+        content_.Weight.Add(RtfBurden::Fonts, 1, rtf_cost::kFont);
+    }
     QTextCharFormat format = ToCharFormat(state, content_.Tables);
     if (state.Link > 0) {
         const Link& link = links_[std::size_t(state.Link) - 1];

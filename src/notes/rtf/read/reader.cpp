@@ -8,6 +8,9 @@ namespace paneda {
 
 namespace {
 
+// Microseconds: together with the attempt to read the whole note less than two seconds.
+constexpr double kPlainWeight = 500'000;
+
 // Blanks and a byte order mark in front do no harm.
 qsizetype BeginOfRtf(const QByteArray& bytes) {
     qsizetype at = bytes.startsWith("\xEF\xBB\xBF") ? 3 : 0;
@@ -21,13 +24,25 @@ qsizetype BeginOfRtf(const QByteArray& bytes) {
 RtfReading ReadRtf(const QByteArray& bytes, QTextDocument& document, const CodePageDecoder& system) {
     const QByteArrayView note = QByteArrayView(bytes).sliced(BeginOfRtf(bytes));
     if (!note.startsWith("{\\rtf"))
-        return {QStringLiteral("This is not a rich text note."), {}};
+        return {QStringLiteral("This is not a rich text note."), {}, {}};
+    RtfReading reading;
     RtfContent content;
     content.Tables.System = &system;
     RtfParser(note, content).Run();
+    if (content.Weight.IsTooMuch()) {
+        reading.PlainReason = content.Weight.Reason();
+        content = RtfContent();
+        content.Tables.System = &system;
+        content.IsPlain = true;
+        content.Weight = RtfWeight(kPlainWeight);
+        content.Lose(QStringLiteral("the look of a note with ") + reading.PlainReason);
+        RtfParser(note, content).Run();
+        reading.IsCut = content.Weight.IsTooMuch();
+    }
     BuildDocument(content, document);
     ShowRtfPictures(document);
-    return {{}, content.Losses};
+    reading.Losses = content.Losses;
+    return reading;
 }
 
 } // namespace paneda
