@@ -1,6 +1,5 @@
-// A note. What was read from it is written, and that can be read. With PANEDA_FUZZ_ROUND set in the
-// environment, what is read the second time has to be the same text: for runs by hand, since a search that
-// begins anywhere may come upon a note of a new kind at any time.
+// A note. What was read from it, unless something was lost, is written; what is read from that is the same
+// text, and nothing is lost.
 
 #include "notes/rtf/read/reader.h"
 #include "notes/rtf/write/writer.h"
@@ -29,10 +28,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     const QByteArray written = WriteRtf(first);
     QTextDocument second;
-    if (!ReadRtf(written, second).IsRtf())
-        std::abort();
-    static const bool comparesTexts = qEnvironmentVariableIsSet("PANEDA_FUZZ_ROUND");
-    if (comparesTexts && second.toRawText() != first.toRawText())
+    const RtfReading again = ReadRtf(written, second);
+    // The writer's own words can make a note too heavy that was just light enough.
+    if (!again.PlainReason.isEmpty())
+        return 0;
+    if (!again.IsRtf() || !again.Losses.isEmpty() || second.toRawText() != first.toRawText())
         std::abort();
     return 0;
 }
