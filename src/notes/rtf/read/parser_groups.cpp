@@ -55,6 +55,13 @@ QTextImageFormat ResultPicture(QByteArrayView source) {
     return {};
 }
 
+// The group of a picture with this inside, which begins behind the blank that may follow the word.
+QByteArray PictureGroup(QByteArrayView inside) {
+    const QByteArray kept = KeptRtf(inside);
+    const bool isApart = kept.startsWith('\\') || kept.startsWith('{');
+    return (isApart ? QByteArrayLiteral("{\\pict") : QByteArrayLiteral("{\\pict ")) + kept + '}';
+}
+
 QSizeF SizeOfObject(QByteArrayView source) {
     const int width = NumberOfWord(source, "objw");
     const int height = NumberOfWord(source, "objh");
@@ -143,6 +150,9 @@ bool RtfParser::TakeDestination(RtfWord meaning, const RtfToken& token) {
 bool RtfParser::TakeTable(RtfWord meaning, const RtfToken& token) {
     const QByteArray group = TakeGroup(token);
     format_ = -1;
+    // A field that shows nothing is kept as it is, and its table would be written twice.
+    if (std::any_of(groups_.begin(), groups_.end(), [](const Group& open) { return open.IsField; }))
+        content_.Lose(QStringLiteral("a table of fonts, colours or lists in a field"));
     // The text so far refers to the numbers of the first table.
     const bool isSecond = meaning == RtfWord::FontTable     ? !content_.FontTable.isEmpty()
                           : meaning == RtfWord::ColourTable ? !content_.ColourTable.isEmpty()
@@ -220,7 +230,7 @@ void RtfParser::TakePicture() {
     const bool isHidden = Current().Char.Hidden;
     const QByteArrayView source = TakeInside();
     if (isHidden) {
-        KeepUnseen("{\\v{\\pict" + KeptRtf(source) + "}}");
+        KeepUnseen(QByteArray("{\\v" + PictureGroup(source) + '}'));
         return;
     }
     if (PutsLabel(QStringLiteral("[picture]")))
@@ -228,7 +238,7 @@ void RtfParser::TakePicture() {
     const QTextImageFormat picture = ReadRtfPicture(source);
     if (picture.property(RtfPictureBytes).toByteArray().isEmpty() ||
         picture.property(RtfPictureKind).toByteArray().isEmpty()) {
-        KeepSeen("{\\pict" + KeptRtf(source) + '}', QStringLiteral("[picture]"));
+        KeepSeen(PictureGroup(source), QStringLiteral("[picture]"));
         return;
     }
     QTextCharFormat format = content_.Formats[std::size_t(CurrentFormat())];
@@ -328,7 +338,8 @@ bool RtfParser::HasLongResult(std::size_t groups) {
 void RtfParser::TakeUnknownGroup(const RtfToken& token) {
     const QByteArrayView rest = tokens_.Bytes().sliced(tokens_.Position());
     RtfTokenizer ahead(rest);
-    if (HoldsText(rest.first(ahead.SkipGroup())))
+    // What is judged is what is kept.
+    if (HoldsText(KeptRtf(rest.first(ahead.SkipGroup()))))
         content_.Lose(
             QStringLiteral("text in a part of an unknown kind (\\%1)")
                 .arg(QString::fromLatin1(token.Text.first(std::min<qsizetype>(token.Text.size(), 32)))));
