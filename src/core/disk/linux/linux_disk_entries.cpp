@@ -93,15 +93,17 @@ int Rename(const Place& from, const Place& to, unsigned flags) {
     return renameat2(from.At(), from.Name.constData(), to.At(), to.Name.constData(), flags);
 }
 
-// For file systems that cannot refuse by themselves: a second name refuses an existing file, and a rename an
-// existing folder unless it is empty.
+// For file systems that cannot refuse by themselves, as some on servers. A second name is refused where the
+// name is taken; folders have none, and those that others make meanwhile are in danger while they are empty.
 int RenameWithLook(const Place& from, const Place& to) {
     struct stat status {};
     if (fstatat(to.At(), to.Name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
         errno = EEXIST;
         return -1;
     }
-    return Rename(from, to, 0);
+    if (linkat(from.At(), from.Name.constData(), to.At(), to.Name.constData(), 0) == 0)
+        return unlinkat(from.At(), from.Name.constData(), 0);
+    return errno == EEXIST ? -1 : Rename(from, to, 0);
 }
 
 } // namespace
