@@ -4,6 +4,7 @@
 #include "core/files/file_io.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QRandomGenerator>
 #include <QSemaphore>
 #include <QSysInfo>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -26,10 +28,12 @@ QString RandomText() {
     return QString::number(QRandomGenerator::system()->generate64(), 36);
 }
 
-// Since its last start, so that process numbers mean something.
+// Since its last start, so that process numbers mean something. Hashed, since the parts are not for
+// everybody.
 QByteArray ThisHost() {
-    return QSysInfo::machineHostName().toUtf8() + ' ' + QSysInfo::machineUniqueId() + ' ' +
-           QSysInfo::bootUniqueId();
+    const QByteArray host = QSysInfo::machineHostName().toUtf8() + ' ' + QSysInfo::machineUniqueId() + ' ' +
+                            QSysInfo::bootUniqueId();
+    return QCryptographicHash::hash(host, QCryptographicHash::Sha256).toHex().first(32);
 }
 
 // A lock says on its lines: host, process, a text that no other lock has. Behind them one byte for each beat.
@@ -38,22 +42,47 @@ QByteArray NewLock() {
            RandomText().toLatin1() + '\n';
 }
 
-bool IsOfDeadProcess(const QByteArray& lock) {
+enum class Holder { Unknown, Running, Dead };
+
+// The process that holds a lock, where it is of this host.
+Holder HolderOf(const QByteArray& lock) {
     const QList<QByteArray> lines = lock.split('\n');
     bool isNumber = false;
     const qint64 process = lines.value(1).toLongLong(&isNumber);
-    return lines.value(0) == ThisHost() && isNumber && !IsProcessRunning(process);
+    if (lines.value(0) != ThisHost() || !isNumber)
+        return Holder::Unknown;
+    return IsProcessRunning(process) ? Holder::Running : Holder::Dead;
+}
+
+// What a lock says; for a file that cannot be read, or is too large for a lock, what shows its change.
+// Nothing for what is no file.
+std::optional<QByteArray> LookAtLock(const DiskPath& lock) {
+    if (const auto bytes = ReadFileBytes(lock, kMaxLock))
+        return *bytes;
+    const EntryState state = LookAt(lock);
+    if (state.Kind == EntryKind::Missing)
+        return QByteArray();
+    if (state.Kind != EntryKind::File)
+        return std::nullopt;
+    return QByteArray::number(state.Size) + ' ' + QByteArray::number(state.Modified.toMSecsSinceEpoch());
 }
 
 } // namespace
 
 struct FileGuard::Held {
     Held(DiskFile&& file, QByteArray text, const GuardTimes& times)
-        : Text(std::move(text)), file_(std::move(file)), beats_([this, times] { Beat(times); }) {}
+        : Text(std::move(text)), file_(std::move(file)) {
+        try {
+            beats_ = std::thread([this, times] { Beat(times); });
+        } catch (const std::system_error&) {
+            // A lock without beats is as good for most saves: they are shorter than a beat.
+        }
+    }
 
     ~Held() {
         stop_.release();
-        beats_.join();
+        if (beats_.joinable())
+            beats_.join();
     }
 
     const QByteArray Text;
@@ -101,8 +130,10 @@ bool FileGuard::TryLock(const GuardTimes& times) {
     QByteArray text = NewLock();
     if (file->Write(text))
         held_ = std::make_unique<Held>(std::move(*file), std::move(text), times);
-    else
+    else {
+        (void)file->Close();
         (void)RemoveFile(lock_);
+    }
     return true;
 }
 
@@ -112,7 +143,7 @@ bool FileGuard::TakeAway(const QByteArray& seen) {
     const DiskPath away = lock_.Parent() / (kUnfinishedPrefix + RandomText());
     if (!RenameEntry(lock_, away))
         return false;
-    const bool isSeen = ReadFileBytes(away, kMaxLock).value_or(QByteArray()) == seen;
+    const bool isSeen = LookAtLock(away) == seen;
     if (isSeen || !RenameEntry(away, lock_))
         (void)RemoveFile(away);
     return isSeen;
@@ -125,16 +156,16 @@ void FileGuard::Take(GuardWait& wait) {
     bool hasChanged = false;
     std::chrono::milliseconds waited{0};
     for (auto pause = kFirstPause; !TryLock(wait.Times); pause = std::min(2 * pause, kLongestPause)) {
-        const auto now = ReadFileBytes(lock_, kMaxLock);
+        const auto lock = LookAtLock(lock_);
         // Nothing that a guard has made.
-        if (!now && LookAt(lock_).Kind != EntryKind::Missing)
+        if (!lock)
             return;
-        const QByteArray lock = now.value_or(QByteArray());
-        hasChanged = hasChanged || (seen && *seen != lock);
+        hasChanged = hasChanged || (seen && *seen != *lock);
         seen = lock;
         waited = std::chrono::milliseconds(timer.elapsed());
-        const bool isLeft = IsOfDeadProcess(lock) || (!hasChanged && waited >= wait.Times.Longest);
-        if (isLeft && TakeAway(lock))
+        const Holder holder = HolderOf(*lock);
+        const bool isOld = !hasChanged && waited >= wait.Times.Longest;
+        if ((holder == Holder::Dead || (holder == Holder::Unknown && isOld)) && TakeAway(*lock))
             continue;
         if (wait.used_ + waited >= wait.Times.Longest)
             break;

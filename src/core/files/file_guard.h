@@ -34,8 +34,9 @@ private:
 // second. Clocks are not compared, since those of two hosts differ: whether a holder is alive shows in
 // the lock's change, as seen from here.
 //
-// Blocks until the other one is ready, at most GuardTimes::Longest; not for a window's thread. A lock that
-// has not changed in that time is taken over, as is that of a dead process of this machine, at once. If the
+// Blocks until the other one is ready, at most GuardTimes::Longest; not for a window's thread. The lock of a
+// dead process of this machine is taken over at once, that of a running one never, and that of another
+// machine when it has not changed in that time. If the
 // lock file cannot be made, or its holder is still alive after the wait, the guard does nothing: a lock must
 // not keep a user from saving.
 class FileGuard {
