@@ -43,10 +43,12 @@ tl::expected<Handle, EntryError> HoldFolder(const QString& path) {
                               FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
     if (!folder.IsOpen())
         return SystemFailure(path, GetLastError());
-    const EntryAttributes found = AttributesOf(name);
-    if (found.IsLink())
+    FILE_ATTRIBUTE_TAG_INFO found{};
+    if (GetFileInformationByHandleEx(folder.Get(), FileAttributeTagInfo, &found, sizeof found) == FALSE)
+        return SystemFailure(path, GetLastError());
+    if (EntryAttributes{found.FileAttributes, found.ReparseTag}.IsLink())
         return Refused(path, kLinkRefused);
-    if ((found.Attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+    if ((found.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
         return SystemFailure(path, ERROR_PATH_NOT_FOUND);
     return folder;
 }
@@ -78,10 +80,10 @@ tl::expected<Place, EntryError> Locate(const DiskPath& path) {
     const std::optional<QStringList> names = path.NamesBelowRoot();
     if (!names)
         return Refused(path.Text(), QStringLiteral("The path leads out of %1.").arg(path.Root()));
-    QString folder = path.Root();
+    DiskPath folder = DiskPath::Below(path.Root(), path.Root());
     for (qsizetype i = 0; i + 1 < names->size(); ++i) {
-        folder += u'/' + names->at(i);
-        auto held = HoldFolder(folder);
+        folder = folder / names->at(i);
+        auto held = HoldFolder(folder.Text());
         if (!held)
             return tl::make_unexpected(held.error());
         place.Held.push_back(std::move(*held));
@@ -106,8 +108,15 @@ EntryAttributes AttributesOf(const std::wstring& path) {
         FindClose(search);
         return {found.dwFileAttributes, found.dwReserved0};
     }
-    // The root of a volume is no entry of a folder.
-    return {GetFileAttributesW(path.c_str()), 0};
+    // The root of a volume is no entry of a folder, and a folder need not be one that may be listed.
+    const Handle entry(CreateFileW(
+        path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    FILE_ATTRIBUTE_TAG_INFO opened{};
+    if (!entry.IsOpen() ||
+        GetFileInformationByHandleEx(entry.Get(), FileAttributeTagInfo, &opened, sizeof opened) == FALSE)
+        return {};
+    return {opened.FileAttributes, opened.ReparseTag};
 }
 
 tl::unexpected<EntryError> SystemFailure(const QString& path, DWORD error) {

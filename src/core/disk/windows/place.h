@@ -29,7 +29,7 @@ private:
 };
 
 // Where an entry lies. Where links are refused, the folders on the way from the root are held open without
-// leave to rename or delete them: none is a link, and none becomes one while this exists.
+// leave to rename or delete them: none is a link, and no link can be put in its place while this exists.
 struct Place {
     std::vector<Handle> Held;
     std::wstring Path; // absolute, without the system's limit of 260 characters

@@ -53,13 +53,13 @@ tl::expected<DiskFile, EntryError> DiskFile::OpenToRead(const DiskPath& path) {
     return DiskFile(reinterpret_cast<qintptr>(file.Release()), path.Text(), size.QuadPart);
 }
 
-// A new file has the access list of its folder; an old file's own one is kept by the rename over it.
+// A new file has the access list of its folder, also where it takes the place of another one.
 tl::expected<DiskFile, EntryError> DiskFile::Create(const DiskPath& path, const DiskPath*) {
     const auto place = Locate(path);
     if (!place)
         return tl::make_unexpected(place.error());
     Handle file(CreateFileW(place->Path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
-                            FILE_ATTRIBUTE_NORMAL, nullptr));
+                            FILE_ATTRIBUTE_NORMAL | place->NoFollow(), nullptr));
     if (!file.IsOpen())
         return SystemFailure(path.Text(), GetLastError());
     return DiskFile(reinterpret_cast<qintptr>(file.Release()), path.Text(), 0);
@@ -115,8 +115,15 @@ EntryResult DiskFile::Flush() {
 }
 
 EntryResult DiskFile::Close() {
+    if (handle_ == kClosed)
+        return {};
     if (CloseHandle(HandleOf(std::exchange(handle_, kClosed))) == FALSE)
         return SystemFailure(path_, GetLastError());
+    return {};
+}
+
+// A new folder has the access list of the one it lies in.
+EntryResult CopyPermissions(const DiskPath&, const DiskPath&) {
     return {};
 }
 
