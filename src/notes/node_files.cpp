@@ -64,6 +64,13 @@ tl::expected<MovedFolder, FileError> MoveToOtherVolume(const NodeMove& move) {
         return moved;
     if (!cleaned)
         moved->Failures.push_back(cleaned.error());
+    // The copy is the only one from here on, so its names have to be on the disk.
+    for (const DiskPath& folder : {move.TargetLevel / moved->Claimed.Folder, move.TargetLevel}) {
+        if (const EntryResult flushed = FlushFolder(folder); !flushed) {
+            moved->Failures.push_back(flushed.error().Error);
+            return moved;
+        }
+    }
     const FileResult removed = RemoveNodeFolder(move.SourceContent, move.SourceFolder, move.Now);
     if (!removed)
         moved->Failures.push_back(removed.error());

@@ -257,8 +257,10 @@ bool NodeOperations::EditNode(int row) {
         FetchFavicon(after, folder);
     tree_.ChangeNode(row, after);
     const DiskPath level = LevelFolder(tree_.TreePath(), before.RelativePath);
-    Note(failures, MoveRemark(level, RemarkFileName(before.Folder, before.Name), level,
-                              RemarkFileName(before.Folder, after.Name)));
+    RunWork([&] {
+        Note(failures, MoveRemark(level, RemarkFileName(before.Folder, before.Name), level,
+                                  RemarkFileName(before.Folder, after.Name)));
+    });
     Tell(failures);
     return true;
 }

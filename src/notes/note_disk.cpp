@@ -1,18 +1,22 @@
 #include "notes/note_disk.h"
 
 #include "notes/node_properties.h"
+#include "notes/note_files.h"
 
+#include "core/files/file_batch.h"
 #include "core/files/file_tree.h"
 #include "core/files/ini_file.h"
 
 namespace paneda {
 
-FileResult NoteDisk::Replace(const DiskPath& path, const QByteArray& bytes) {
-    return ReplaceFile(path, bytes);
+FileResult NoteDisk::Replace(const DiskPath& path, const QByteArray& bytes, const DiskPath& like) {
+    return ReplaceFileLike(path, bytes, like);
 }
 
 FileResult NoteDisk::Copy(const DiskPath& from, const DiskPath& to) {
-    return CopyWholeFile(from, to);
+    if (LookAt(from).Size > kMaxNoteText)
+        return WithoutProblem(RenameEntry(from, to));
+    return CopyWholeFile(from, to, from);
 }
 
 FileResult NoteDisk::Flush(const DiskPath& folder) {

@@ -24,9 +24,11 @@ public:
     virtual ~NoteDisk() = default;
     Q_DISABLE_COPY_MOVE(NoteDisk)
 
-    virtual FileResult Replace(const DiskPath& path, const QByteArray& bytes);
+    // A new file can be used by those who can use `like`, if that is a file.
+    virtual FileResult Replace(const DiskPath& path, const QByteArray& bytes, const DiskPath& like);
 
-    // Copies a file of any size under a new name.
+    // Copies a file under a new name. One that is larger than any note is renamed instead: its copy could
+    // fill the disk.
     virtual FileResult Copy(const DiskPath& from, const DiskPath& to);
 
     // Makes sure that the names in a folder are on the disk, so that an older form of a note may go.

@@ -146,7 +146,9 @@ tl::expected<QByteArray, FileError> Saving::Zipped() const {
 }
 
 FileResult Saving::ReplaceContent(NoteForm form, const QByteArray& bytes) {
-    if (const auto written = disk_.Replace(NoteContentFile(folder_, form), bytes); !written)
+    // A note that changes its form is for the same users as before.
+    const DiskPath other = form == NoteForm::Zip ? NoteRtfFile(folder_) : NoteZipFile(folder_);
+    if (const auto written = disk_.Replace(NoteContentFile(folder_, form), bytes, other); !written)
         return written;
     saved_.OnDisk = DescribeNote(folder_, form, bytes);
     return {};

@@ -23,8 +23,8 @@ class StoppingDisk : public NoteDisk {
 public:
     int StepsLeft = INT_MAX;
 
-    FileResult Replace(const DiskPath& path, const QByteArray& bytes) override {
-        return Step() ? NoteDisk::Replace(path, bytes) : Stopped(path);
+    FileResult Replace(const DiskPath& path, const QByteArray& bytes, const DiskPath& like) override {
+        return Step() ? NoteDisk::Replace(path, bytes, like) : Stopped(path);
     }
     FileResult Copy(const DiskPath& from, const DiskPath& to) override {
         return Step() ? NoteDisk::Copy(from, to) : Stopped(to);

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void keepsOtherTexts();
     void failures();
     void linksOfOthers();
+    void isForTheSameUsers();
 };
 
 void tst_note_save::compressesAboveTheLimit() {
@@ -244,6 +245,25 @@ void tst_note_save::linksOfOthers() {
                 QVERIFY(note.Load().Rtf != "private" && (file == name || note.Bytes(file) != "private"));
         }
     }
+}
+
+// A private note stays private in its other form, and so does what is kept beside it.
+void tst_note_save::isForTheSameUsers() {
+    constexpr QFile::Permissions kPrivate(0x6600);
+    NoteMaker note;
+    note.Session.Settings.CompressSize = 1;
+    QVERIFY(note.Save(kShort, {}));
+    const auto permissionsOf = [&](const QString& name) {
+        return QFile::permissions(note.Store.Path(note.In(name)));
+    };
+    if (!QFile::setPermissions(note.Store.Path(note.In(kRtf)), kPrivate) || permissionsOf(kRtf) != kPrivate)
+        QSKIP("There are no such permissions here.");
+    QVERIFY(note.Save(kLong, {}));
+    QCOMPARE(note.Contents().size(), 2);
+    for (const QString& file : note.Contents())
+        QCOMPARE(permissionsOf(file), kPrivate);
+    QVERIFY(note.Save(kShort, note.Load()));
+    QCOMPARE(permissionsOf(kRtf), kPrivate);
 }
 
 QTEST_GUILESS_MAIN(tst_note_save)

@@ -49,4 +49,7 @@ private:
     qint64 size_ = 0;
 };
 
+// Gives a folder the group, permissions and access list of another one, as far as the system takes them.
+EntryResult CopyPermissions(const DiskPath& from, const DiskPath& to);
+
 } // namespace paneda

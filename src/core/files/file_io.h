@@ -8,11 +8,7 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-
 namespace paneda {
-
-class DiskFile;
 
 // The path of the entry of `folder` that has this name in any case of letters. An exact match wins, then the
 // first in byte order. If there is none, and on a host that itself ignores case: the folder and the name as
@@ -37,9 +33,6 @@ inline constexpr QStringView kUnfinishedPrefix = u".paneda-";
 // one's group and permissions from its first byte on. Where the path is a link that is followed, the file
 // that it leads to is replaced.
 FileResult ReplaceFile(const DiskPath& path, const QByteArray& bytes);
-
-// The same, with contents that a function writes. Its error becomes that of the whole.
-FileResult ReplaceFileBy(const DiskPath& path, const std::function<EntryResult(DiskFile& file)>& write);
 
 // Makes one folder; a folder that exists is no failure.
 FileResult MakeFolder(const DiskPath& path);

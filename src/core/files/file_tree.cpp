@@ -1,6 +1,7 @@
 #include "core/files/file_tree.h"
 
 #include "core/disk/disk_file.h"
+#include "core/files/file_batch.h"
 #include "core/files/file_io.h"
 
 namespace paneda {
@@ -32,7 +33,9 @@ FileResult CopyEntries(const DiskPath& from, const DiskPath& to) {
         if (const FileResult copied = CopyAll(from / entry.Name, to / entry.Name); !copied)
             return copied;
     }
-    return WithoutProblem(FlushFolder(to));
+    // At last, since one that may not be written takes no entries.
+    const EntryResult copied = CopyPermissions(from, to);
+    return WithoutProblem(copied ? FlushFolder(to) : copied);
 }
 
 FileResult CopyAll(const DiskPath& from, const DiskPath& to) {
@@ -44,17 +47,18 @@ FileResult CopyAll(const DiskPath& from, const DiskPath& to) {
             return WithoutProblem(made);
         return CopyEntries(from, to);
     default:
-        return CopyWholeFile(from, to);
+        return CopyWholeFile(from, to, from);
     }
 }
 
 } // namespace
 
-FileResult CopyWholeFile(const DiskPath& from, const DiskPath& to) {
+FileResult CopyWholeFile(const DiskPath& from, const DiskPath& to, const DiskPath& like) {
     auto source = DiskFile::OpenToRead(from);
     if (!source)
         return tl::make_unexpected(source.error().Error);
-    return ReplaceFileBy(to, [&source](DiskFile& target) { return CopyBytes(*source, target); });
+    return ReplaceFileBy(
+        to, [&source](DiskFile& target) { return CopyBytes(*source, target); }, like);
 }
 
 FileResult CopyTree(const DiskPath& from, const DiskPath& to) {

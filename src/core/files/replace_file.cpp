@@ -43,15 +43,18 @@ EntryResult WriteWhole(const DiskPath& path, const WriteFile& write, const DiskP
     EntryResult result = write(*file);
     if (result && flushes)
         result = file->Flush();
+    const EntryResult closed = file->Close();
     if (result)
-        result = file->Close();
+        result = closed;
     // What stays is hidden and harmless.
     if (!result)
         (void)RemoveFile(path);
     return result;
 }
 
-tl::expected<Staged, FileError> Stage(const DiskPath& path, const WriteFile& write, bool flushes) {
+// A new file is made like `like`, if that is a file.
+tl::expected<Staged, FileError> Stage(const DiskPath& path, const WriteFile& write, const DiskPath& like,
+                                      bool flushes) {
     const QString behind = LinkTarget(path);
     Staged staged{path, behind.isEmpty() ? path : DiskPath(behind), {}, {}};
     const EntryState old = LookAt(staged.Target);
@@ -62,8 +65,9 @@ tl::expected<Staged, FileError> Stage(const DiskPath& path, const WriteFile& wri
     if (isThere && !canBeReplaced && old.Kind != EntryKind::Unknown)
         return Failure(path.Text(), QStringLiteral("The file cannot be written."));
     staged.Unfinished = UnfinishedName(staged.Target);
-    const EntryResult written =
-        WriteWhole(staged.Unfinished, write, isThere ? &staged.Target : nullptr, flushes);
+    const bool isLike = !isThere && !like.Text().isEmpty() && LookAt(like).Kind == EntryKind::File;
+    const DiskPath* model = isThere ? &staged.Target : isLike ? &like : nullptr;
+    const EntryResult written = WriteWhole(staged.Unfinished, write, model, flushes);
     if (written)
         return staged;
     // The temporary file's name would mean nothing to a user; that of a folder on the way does.
@@ -114,7 +118,7 @@ FileResult StageAll(const std::vector<DiskPath>& paths, const BytesOfFile& bytes
     std::vector<FileResult> results(staged.size());
     InParallel(staged.size(), [&](std::size_t i) {
         const auto bytes = bytesOf(i);
-        auto one = bytes ? Stage(paths[i], WriteAll(*bytes), false) : tl::make_unexpected(bytes.error());
+        auto one = bytes ? Stage(paths[i], WriteAll(*bytes), {}, false) : tl::make_unexpected(bytes.error());
         if (one)
             staged[i] = std::move(*one);
         else
@@ -139,11 +143,15 @@ FileResult PutAllInPlace(std::vector<Staged>& staged) {
 } // namespace
 
 FileResult ReplaceFile(const DiskPath& path, const QByteArray& bytes) {
-    return ReplaceFileBy(path, WriteAll(bytes));
+    return ReplaceFileBy(path, WriteAll(bytes), {});
 }
 
-FileResult ReplaceFileBy(const DiskPath& path, const WriteFile& write) {
-    auto staged = Stage(path, write, true);
+FileResult ReplaceFileLike(const DiskPath& path, const QByteArray& bytes, const DiskPath& like) {
+    return ReplaceFileBy(path, WriteAll(bytes), like);
+}
+
+FileResult ReplaceFileBy(const DiskPath& path, const WriteFile& write, const DiskPath& like) {
+    auto staged = Stage(path, write, like, true);
     if (!staged)
         return tl::make_unexpected(staged.error());
     const FileResult placed = PutInPlace(*staged);

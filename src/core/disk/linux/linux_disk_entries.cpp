@@ -143,7 +143,7 @@ tl::expected<std::vector<DiskEntry>, EntryError> ListEntries(const DiskPath& fol
     while (const dirent* entry = readdir(stream.get())) {
         const QByteArrayView name(entry->d_name);
         if (name != "." && name != "..")
-            entries.push_back({NameOf(entry->d_name), KindOfEntry(*entry, descriptor, place->RefusesLinks),
+            entries.push_back({NameOf(entry->d_name), KindOfEntry(*entry, descriptor, folder.RefusesLinks()),
                                name.front() == '.'});
         errno = 0;
     }

@@ -14,7 +14,9 @@ namespace paneda {
 namespace {
 
 constexpr const char* kAccessList = "system.posix_acl_access";
-constexpr mode_t kPermissionBits = 07777;
+constexpr mode_t kPermissionBits = 0777;
+constexpr mode_t kGroupBits = 070;
+constexpr mode_t kOtherBits = 07;
 
 // Where the two differ in nothing else, the list decides who may use the file.
 void TakeAccessList(int from, int to) {
@@ -36,12 +38,16 @@ EntryResult TakePermissions(const Place& like, int file) {
     if (!isKnown)
         return PlaceFailure(like, errno);
     // Only an administrator can give a file away; others keep the group where they belong to it.
-    if (fchown(file, status.st_uid, status.st_gid) != 0)
-        (void)!fchown(file, uid_t(-1), status.st_gid);
+    const bool keepsGroup =
+        fchown(file, status.st_uid, status.st_gid) == 0 || fchown(file, uid_t(-1), status.st_gid) == 0;
     if (old)
         TakeAccessList(old->Get(), file);
+    mode_t mode = status.st_mode & kPermissionBits;
+    // What the old group may is not for another one.
+    if (!keepsGroup)
+        mode = (mode & ~kGroupBits) | (mode & kOtherBits) << 3;
     // Ignored: sticks have no permissions.
-    (void)fchmod(file, status.st_mode & kPermissionBits);
+    (void)fchmod(file, mode);
     return {};
 }
 
@@ -148,10 +154,21 @@ EntryResult DiskFile::Flush() {
 }
 
 EntryResult DiskFile::Close() {
+    if (handle_ == kClosed)
+        return {};
     // After an interruption the file is closed all the same.
     if (close(int(std::exchange(handle_, kClosed))) != 0 && errno != EINTR)
         return SystemFailure(path_, errno);
     return {};
+}
+
+EntryResult CopyPermissions(const DiskPath& from, const DiskPath& to) {
+    const auto source = Locate(from);
+    const auto target = Locate(to);
+    if (!source || !target)
+        return tl::make_unexpected(source ? target.error() : source.error());
+    const auto folder = OpenAt(*target, O_RDONLY | O_DIRECTORY);
+    return folder ? TakePermissions(*source, folder->Get()) : tl::make_unexpected(folder.error());
 }
 
 } // namespace paneda
