@@ -29,6 +29,7 @@
 #include <fcntl.h>
 #include <limits.h>
 #include <linux/fs.h>
+#include <sched.h>
 #include <signal.h>
 #include <stdarg.h>
 #include <stdatomic.h>
@@ -50,7 +51,8 @@ static int fail_on;   /* and let all later calls fail as well */
 static int refuses_unnamed;
 static const char* spared;
 static int log_file = -1;
-static atomic_long count;
+static long count;
+static atomic_flag logging = ATOMIC_FLAG_INIT; /* guards count and the log */
 
 __attribute__((constructor)) static void ReadEnvironment(void) {
     const char* watched = getenv("PANEDA_KILL_FOLDER");
@@ -127,8 +129,12 @@ enum Verdict { kGoOn, kTear, kFail };
 static enum Verdict Count(const char* call, const char* path) {
     if (!LiesInFolder(path))
         return kGoOn;
-    const long number = atomic_fetch_add(&count, 1) + 1;
+    /* Threads are logged in the order of their numbers, so that a kill leaves no number out. */
+    while (atomic_flag_test_and_set(&logging))
+        sched_yield();
+    const long number = ++count;
     Log(number, call, path);
+    atomic_flag_clear(&logging);
     if (kill_at == 0 || number < kill_at)
         return kGoOn;
     if (fail_with != 0) {
