@@ -5,7 +5,7 @@
 namespace paneda {
 
 FolderNames::FolderNames(const QString& folder) {
-    const QStringList names = ListFiles(folder);
+    const QStringList names = ListNoFolders(folder);
     for (const QString& name : names) {
         exact_.insert(name);
         const QString folded = name.toCaseFolded();

@@ -7,7 +7,7 @@
 namespace paneda {
 
 // The file names of one folder, listed once: for looking up many names in it. A name is found in any case of
-// letters, as by FindEntry.
+// letters, as by FindEntry. Pipes and devices count, so that whoever reads one can report it.
 class FolderNames {
 public:
     FolderNames() = default;

@@ -210,6 +210,8 @@ void TestPictureFiles::ReadsRegularFilesOnly() {
     const QString pipe = Path(QStringLiteral("pipe.png"));
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     QVERIFY(LoadPicture(pipe).isNull());
+    // It is found all the same, so that the user learns why it is not shown.
+    QCOMPARE(PickPieceFile(QStringLiteral("pipe"), FolderNames(folder_->path())), QStringLiteral("pipe.png"));
 #endif
     QVERIFY(LoadPicture(folder_->path()).isNull());
     QVERIFY(LoadPicture(QStringLiteral("/dev/zero")).isNull());

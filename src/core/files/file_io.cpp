@@ -14,13 +14,15 @@ namespace {
 constexpr qint64 kChunk = 64 * 1024; // bytes
 const QString kTooLarge = QStringLiteral("The file is larger than %1 bytes.");
 
-enum class Wanted { Files, Folders, Everything };
+enum class Wanted { Files, Folders, NoFolders, Everything };
 
 bool IsWanted(const DiskEntry& entry, Wanted wanted) {
     if (entry.Name.isEmpty() || entry.Name.contains(u'\\') || entry.Name.startsWith(kUnfinishedPrefix))
         return false;
     if (wanted == Wanted::Everything)
         return true;
+    if (wanted == Wanted::NoFolders)
+        return !entry.Hidden && (entry.Kind == EntryKind::File || entry.Kind == EntryKind::Other);
     return !entry.Hidden && entry.Kind == (wanted == Wanted::Files ? EntryKind::File : EntryKind::Folder);
 }
 
@@ -86,6 +88,10 @@ QStringList ListFolders(const DiskPath& folder) {
 
 QStringList ListFiles(const DiskPath& folder) {
     return ListNames(folder, Wanted::Files);
+}
+
+QStringList ListNoFolders(const DiskPath& folder) {
+    return ListNames(folder, Wanted::NoFolders);
 }
 
 } // namespace paneda

@@ -44,4 +44,8 @@ FileResult MakeFolder(const DiskPath& path);
 QStringList ListFolders(const DiskPath& folder);
 QStringList ListFiles(const DiskPath& folder);
 
+// The same for files and for what stands in the place of one: pipes, devices, sockets. For a reader that
+// wants to report what cannot be read.
+QStringList ListNoFolders(const DiskPath& folder);
+
 } // namespace paneda
