@@ -43,6 +43,9 @@ public:
 private:
     DiskFile(qintptr handle, const QString& path, qint64 size) : handle_(handle), path_(path), size_(size) {}
 
+    // What differs between systems of closing.
+    static EntryResult CloseInSystem(qintptr handle, const QString& path);
+
     static constexpr qintptr kClosed = -1;
     qintptr handle_ = kClosed; // of the system
     QString path_;

@@ -3,7 +3,6 @@
 #include "core/disk/linux/place.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <dirent.h>
 #include <signal.h>
@@ -118,13 +117,6 @@ EntryState LookAt(const DiskPath& path) {
     const bool isWritable = faccessat(place->At(), place->Name.constData(), W_OK, AT_EACCESS) == 0;
     const qint64 msecs = qint64(status.st_mtim.tv_sec) * 1000 + status.st_mtim.tv_nsec / 1'000'000;
     return {KindOf(status.st_mode), status.st_size, QDateTime::fromMSecsSinceEpoch(msecs), isWritable};
-}
-
-QString LinkTarget(const DiskPath& path) {
-    const QFileInfo info(path.Text());
-    if (path.RefusesLinks() || !info.isSymbolicLink())
-        return {};
-    return info.exists() ? info.canonicalFilePath() : info.symLinkTarget();
 }
 
 tl::expected<std::vector<DiskEntry>, EntryError> ListEntries(const DiskPath& folder) {

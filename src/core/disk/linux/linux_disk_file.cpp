@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <utility>
 
 namespace paneda {
 
@@ -104,21 +103,6 @@ tl::expected<DiskFile, EntryError> DiskFile::Create(const DiskPath& path, const 
     return DiskFile(file->Release(), path.Text(), 0);
 }
 
-DiskFile::DiskFile(DiskFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, kClosed)), path_(std::move(other.path_)), size_(other.size_) {}
-
-DiskFile& DiskFile::operator=(DiskFile&& other) noexcept {
-    std::swap(handle_, other.handle_);
-    std::swap(path_, other.path_);
-    std::swap(size_, other.size_);
-    return *this;
-}
-
-DiskFile::~DiskFile() {
-    if (handle_ != kClosed)
-        close(int(handle_));
-}
-
 tl::expected<QByteArray, EntryError> DiskFile::Read(qint64 most) {
     QByteArray bytes(most, Qt::Uninitialized);
     qint64 size = 0;
@@ -153,12 +137,10 @@ EntryResult DiskFile::Flush() {
     return {};
 }
 
-EntryResult DiskFile::Close() {
-    if (handle_ == kClosed)
-        return {};
+EntryResult DiskFile::CloseInSystem(qintptr handle, const QString& path) {
     // After an interruption the file is closed all the same.
-    if (close(int(std::exchange(handle_, kClosed))) != 0 && errno != EINTR)
-        return SystemFailure(path_, errno);
+    if (close(int(handle)) != 0 && errno != EINTR)
+        return SystemFailure(path, errno);
     return {};
 }
 

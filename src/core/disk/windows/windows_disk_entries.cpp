@@ -124,13 +124,6 @@ EntryState LookAt(const DiskPath& path) {
     return {kind, size, TimeOf(data.ftLastWriteTime), isWritable};
 }
 
-QString LinkTarget(const DiskPath& path) {
-    const QFileInfo info(path.Text());
-    if (path.RefusesLinks() || !info.isSymbolicLink())
-        return {};
-    return info.exists() ? info.canonicalFilePath() : info.symLinkTarget();
-}
-
 tl::expected<std::vector<DiskEntry>, EntryError> ListEntries(const DiskPath& folder) {
     const auto place = Locate(folder);
     if (!place)

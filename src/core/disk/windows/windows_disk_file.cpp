@@ -3,7 +3,6 @@
 #include "core/disk/windows/place.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace paneda {
 
@@ -65,21 +64,6 @@ tl::expected<DiskFile, EntryError> DiskFile::Create(const DiskPath& path, const 
     return DiskFile(reinterpret_cast<qintptr>(file.Release()), path.Text(), 0);
 }
 
-DiskFile::DiskFile(DiskFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, kClosed)), path_(std::move(other.path_)), size_(other.size_) {}
-
-DiskFile& DiskFile::operator=(DiskFile&& other) noexcept {
-    std::swap(handle_, other.handle_);
-    std::swap(path_, other.path_);
-    std::swap(size_, other.size_);
-    return *this;
-}
-
-DiskFile::~DiskFile() {
-    if (handle_ != kClosed)
-        CloseHandle(HandleOf(handle_));
-}
-
 tl::expected<QByteArray, EntryError> DiskFile::Read(qint64 most) {
     QByteArray bytes(most, Qt::Uninitialized);
     qint64 size = 0;
@@ -114,11 +98,9 @@ EntryResult DiskFile::Flush() {
     return {};
 }
 
-EntryResult DiskFile::Close() {
-    if (handle_ == kClosed)
-        return {};
-    if (CloseHandle(HandleOf(std::exchange(handle_, kClosed))) == FALSE)
-        return SystemFailure(path_, GetLastError());
+EntryResult DiskFile::CloseInSystem(qintptr handle, const QString& path) {
+    if (CloseHandle(HandleOf(handle)) == FALSE)
+        return SystemFailure(path, GetLastError());
     return {};
 }
 
