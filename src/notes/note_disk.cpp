@@ -3,7 +3,6 @@
 #include "notes/node_properties.h"
 #include "notes/note_files.h"
 
-#include "core/files/file_batch.h"
 #include "core/files/file_tree.h"
 #include "core/files/ini_file.h"
 

@@ -41,11 +41,13 @@ struct SavedNote {
 // finds exactly one text after each step, the old or the new:
 //
 //   same form as before   Replace the one file.
-//   rtf to zip            1 Write the zip: it is the note from now on. 2 Remove the rtf.
-//                         Killed after 1, the old rtf stays beside the zip until the next save.
-//   zip to rtf            1 Replace the zip by one with the new text. 2 Write the rtf. 3 Remove the zip.
-//                         Killed after 1 or 2, the zip with the new text is the note, and the next save
-//                         tries again. So an older text is never read after a newer one.
+//   rtf to zip            1 Write the zip: it is the note from now on. 2 Flush the folder. 3 Remove the rtf.
+//                         Killed before 3, the old rtf stays beside the zip until the next save.
+//   zip to rtf            1 Replace the zip by one with the new text. 2 Write the rtf. 3 Flush the folder.
+//                         4 Remove the zip.
+//                         Killed before 4, the zip with the new text is the note, and the next save tries
+//                         again. So an older text is never read after a newer one.
+//   The flush puts the new form's name on the disk, so that a power failure never leaves neither form.
 //   keys                  After the text. Killed before them, the note shows the age of an older save, and in
 //                         a shared tree it stays locked, as after any crash of the user who was editing.
 //

@@ -3,18 +3,9 @@
 #include "core/files/file_io.h"
 
 #include <functional>
+#include <vector>
 
 namespace paneda {
-
-class DiskFile;
-
-// Replaces a file as ReplaceFile does. One that is made has the group and permissions of `like`, if that is a
-// file: for a file that takes the place of another one.
-FileResult ReplaceFileLike(const DiskPath& path, const QByteArray& bytes, const DiskPath& like);
-
-// The same for what a function writes.
-FileResult ReplaceFileBy(const DiskPath& path, const std::function<EntryResult(DiskFile& file)>& write,
-                         const DiskPath& like);
 
 // The new contents of the file with this place in the list. Called from several threads at once.
 using BytesOfFile = std::function<tl::expected<QByteArray, FileError>(std::size_t index)>;

@@ -101,10 +101,7 @@ private:
     std::thread beats_;
 };
 
-FileGuard::FileGuard(const DiskPath& file) : lock_(file.Parent() / (u'.' + file.Name() + u".lock")) {
-    GuardWait wait;
-    Take(wait);
-}
+FileGuard::FileGuard(const DiskPath& file, GuardWait&& wait) : FileGuard(file, wait) {}
 
 FileGuard::FileGuard(const DiskPath& file, GuardWait& wait)
     : lock_(file.Parent() / (u'.' + file.Name() + u".lock")) {

@@ -41,7 +41,7 @@ private:
 // not keep a user from saving.
 class FileGuard {
 public:
-    explicit FileGuard(const DiskPath& file);
+    explicit FileGuard(const DiskPath& file, GuardWait&& wait = GuardWait());
     FileGuard(const DiskPath& file, GuardWait& wait);
     ~FileGuard();
     FileGuard(const FileGuard&) = delete;

@@ -8,7 +8,11 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace paneda {
+
+class DiskFile;
 
 // The path of the entry of `folder` that has this name in any case of letters. An exact match wins, then the
 // first in byte order. If there is none, and on a host that itself ignores case: the folder and the name as
@@ -33,6 +37,14 @@ inline constexpr QStringView kUnfinishedPrefix = u".paneda-";
 // one's group and permissions from its first byte on. Where the path is a link that is followed, the file
 // that it leads to is replaced.
 FileResult ReplaceFile(const DiskPath& path, const QByteArray& bytes);
+
+// The same; a file that is made has the group and permissions of `like`, if that is a file: for a file that
+// takes the place of another one.
+FileResult ReplaceFileLike(const DiskPath& path, const QByteArray& bytes, const DiskPath& like);
+
+// The same for what a function writes.
+using FileWriter = std::function<EntryResult(DiskFile& file)>;
+FileResult ReplaceFileBy(const DiskPath& path, const FileWriter& write, const DiskPath& like);
 
 // Makes one folder; a folder that exists is no failure.
 FileResult MakeFolder(const DiskPath& path);

@@ -1,7 +1,6 @@
 #include "core/files/file_tree.h"
 
 #include "core/disk/disk_file.h"
-#include "core/files/file_batch.h"
 #include "core/files/file_io.h"
 
 namespace paneda {

@@ -30,13 +30,11 @@ DiskPath UnfinishedName(const DiskPath& target) {
            (kUnfinishedPrefix + QString::number(QRandomGenerator::system()->generate64(), 36));
 }
 
-using WriteFile = std::function<EntryResult(DiskFile& file)>;
-
-WriteFile WriteAll(const QByteArray& bytes) {
+FileWriter WriteAll(const QByteArray& bytes) {
     return [bytes](DiskFile& file) { return file.Write(bytes); };
 }
 
-EntryResult WriteWhole(const DiskPath& path, const WriteFile& write, const DiskPath* like, bool flushes) {
+EntryResult WriteWhole(const DiskPath& path, const FileWriter& write, const DiskPath* like, bool flushes) {
     auto file = DiskFile::Create(path, like);
     if (!file)
         return tl::make_unexpected(file.error());
@@ -53,7 +51,7 @@ EntryResult WriteWhole(const DiskPath& path, const WriteFile& write, const DiskP
 }
 
 // A new file is made like `like`, if that is a file.
-tl::expected<Staged, FileError> Stage(const DiskPath& path, const WriteFile& write, const DiskPath& like,
+tl::expected<Staged, FileError> Stage(const DiskPath& path, const FileWriter& write, const DiskPath& like,
                                       bool flushes) {
     const QString behind = LinkTarget(path);
     Staged staged{path, behind.isEmpty() ? path : DiskPath(behind), {}, {}};
@@ -150,7 +148,7 @@ FileResult ReplaceFileLike(const DiskPath& path, const QByteArray& bytes, const 
     return ReplaceFileBy(path, WriteAll(bytes), like);
 }
 
-FileResult ReplaceFileBy(const DiskPath& path, const WriteFile& write, const DiskPath& like) {
+FileResult ReplaceFileBy(const DiskPath& path, const FileWriter& write, const DiskPath& like) {
     auto staged = Stage(path, write, like, true);
     if (!staged)
         return tl::make_unexpected(staged.error());
