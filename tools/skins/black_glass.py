@@ -2,7 +2,7 @@
 
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
-from raster import Canvas, black, over, rgb, shadow, white
+from raster import Canvas, black, cut, over, rgb, shadow, units_of, white
 from skin import Option, Skin, settings, title_fonts, tree_colours
 from strips import WIDEST, fading, ramp, strip
 
@@ -71,7 +71,7 @@ def _rim(canvas, rect, radius):
 
 def bottom_signs(piece):
     """The two round glass buttons on the bottom piece."""
-    canvas = Canvas(*piece.size)
+    canvas = Canvas(*units_of(piece))
     canvas.put(piece)
     top = BUTTON_TOP
     for left, sign in ((HIDE_LEFT, down_sign), (MENU_LEFT, menu_sign)):
@@ -132,7 +132,7 @@ def grip(whole, slab):
     """Three dots in the middle of the upper edge, where a hand would take the panel."""
     left, height = (NOMINAL_WIDTH - 30) // 2, slab.margins.top
     canvas = Canvas(30, height)
-    canvas.put(whole.crop((left, 0, left + 30, height)))
+    canvas.put(cut(whole, left, 0, left + 30, height))
     for x in (9, 15, 21):
         canvas.disc(x, slab.head + 5.5, 1.8, black(0.55))
         canvas.disc(x, slab.head + 5, 1.5, rgb("B9C3CF"))

@@ -2,7 +2,7 @@
 
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
-from raster import Canvas, black, over, rgb, shadow, white
+from raster import Canvas, black, over, pixels, rgb, shadow, units_of, white
 from skin import Option, Skin, settings, title_fonts, tree_colours
 from strips import ramp, strip
 
@@ -42,7 +42,7 @@ def _foot(canvas, slab):
 
 
 def bottom_signs(piece, ink):
-    canvas = Canvas(*piece.size)
+    canvas = Canvas(*units_of(piece))
     canvas.put(piece)
     top = button_top()
     for left, sign in ((HIDE_LEFT, down_sign), (MENU_LEFT, menu_sign)):
@@ -60,8 +60,8 @@ def button_top():
 
 def flower(piece, ink):
     """A painted blossom with two leaves in the middle of the upper edge."""
-    width = piece.width
-    canvas = Canvas(*piece.size)
+    width, _ = units_of(piece)
+    canvas = Canvas(*units_of(piece))
     canvas.put(piece)
     middle = width / 2
     canvas.rect(middle - 19, 5, 38, 1, rgb("F8FAFD"))
@@ -120,7 +120,7 @@ def button(height):
 def painted(ink, accent):
     """Every piece that carries ink."""
     pieces = cut_frame(frame(ink), MARGINS)
-    start = pieces["topa"].resize((44, MARGINS.top))
+    start = pieces["topa"].resize(pixels(44, MARGINS.top))
     pieces["bottom"] = bottom_signs(pieces["bottom"], ink)
     pieces.update(top=flower(start, ink), back=back(ink), group=group(ink), categoryactive=inked_tab(ink))
     pieces.update(tree_pictures(False, rgb(accent)))

@@ -5,6 +5,8 @@ Painting the frame whole and cutting it afterwards is what makes the pieces meet
 
 from dataclasses import dataclass
 
+from raster import cut, units_of
+
 NOMINAL_WIDTH = 720
 NOMINAL_HEIGHT = 720
 
@@ -33,14 +35,14 @@ def cut_frame(picture, margins, corner_height=0, tile=8):
     the top margin. tile: length of the edge pieces, the period of their texture.
     """
     m = margins
-    width, height = picture.size
+    width, height = units_of(picture)
     tall = corner_height or m.top
     # Edges come from the middle, where no corner's shadow reaches, a whole number of periods from the corner.
     along = m.left + (width // 2 - m.left) // tile * tile
     down = tall + (height // 2 - tall) // tile * tile
 
     def part(x, y, w, h):
-        return picture.crop((x, y, x + w, y + h))
+        return cut(picture, x, y, x + w, y + h)
 
     return {
         "topleft": part(0, 0, m.left, tall),

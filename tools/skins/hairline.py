@@ -2,7 +2,7 @@
 
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import HIDE_LEFT, MENU_LEFT, hide_sign, menu_sign, tree_pictures
-from raster import Canvas, hex_of, rgb
+from raster import Canvas, hex_of, rgb, units_of
 from skin import Option, Skin, font_block, settings, title_fonts, tree_colours
 from strips import strip, with_left_end
 
@@ -36,7 +36,7 @@ def frame(p):
 
 
 def bottom_signs(piece, p):
-    canvas = Canvas(*piece.size)
+    canvas = Canvas(*units_of(piece))
     canvas.put(piece)
     hide_sign(canvas, HIDE_LEFT, BUTTON_TOP - 2, p.text)
     menu_sign(canvas, MENU_LEFT, BUTTON_TOP, p.text)

@@ -2,7 +2,7 @@
 
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
-from raster import Canvas, black, mix, over, rgb, shadow, tiled, white
+from raster import Canvas, black, cut, mix, over, rgb, shadow, tiled, units_of, white
 from skin import Option, Skin, settings, title_fonts, tree_colours
 from strips import ramp, strip
 from texture import paper
@@ -45,7 +45,7 @@ def frame(tone):
 
 def stamped_signs(piece):
     """Signs as a rubber stamp leaves them: a thin ring of ink."""
-    canvas = Canvas(*piece.size)
+    canvas = Canvas(*units_of(piece))
     canvas.put(piece)
     top = button_top()
     for left, sign in ((HIDE_LEFT, down_sign), (MENU_LEFT, menu_sign)):
@@ -61,7 +61,7 @@ def button_top():
 
 def tape(piece):
     """A strip of paper tape over the upper edge, torn at both ends."""
-    w, h = piece.size
+    w, h = units_of(piece)
     canvas = Canvas(w, h)
     canvas.put(piece)
     zigzag = [(1, 2), (3, 4), (1, 6), (3, 8), (1, 10), (3, 12)]
@@ -105,7 +105,7 @@ def button(height):
 def foldered(tone):
     """Every piece that carries the folder's colour."""
     pieces = cut_frame(frame(tone), MARGINS, tile=PERIOD)
-    pieces["top"] = tape(pieces["topa"].crop((0, 0, 54, MARGINS.top)))
+    pieces["top"] = tape(cut(pieces["topa"], 0, 0, 54, MARGINS.top))
     pieces["bottom"] = stamped_signs(pieces["bottom"])
     pieces.update(category=divider(tone), categoryactive=open_card(tone))
     return pieces

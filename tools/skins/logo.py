@@ -6,9 +6,7 @@ a P made of two panes: a tall one and, at its shoulder, a round-ended one that c
 
 import math
 
-from PIL import Image
-
-from raster import Canvas, black, rgb, surface_of, white
+from raster import Canvas, black, cut, rgb, surface_of, units_of, white
 
 STEM = 2
 EMBLEM_WIDTH = 11
@@ -76,7 +74,7 @@ def word_mask(size, gap=2, left=0):
     """A black word on a clear ground, cut to its height: 4 pixels above and below the ring's height."""
     canvas = Canvas(90, size + 8)
     end = Word(canvas, left, size + 4, size, gap).write("paneda")
-    return canvas.image().crop((0, 0, end, size + 8))
+    return cut(canvas.image(), 0, 0, end, size + 8)
 
 
 def emblem_masks(height, left, top):
@@ -118,22 +116,17 @@ def flat(mask, colour, dx=0, dy=0):
     return (mask, dx, dy, colour, colour)
 
 
-def _widened(mask, width):
-    result = Image.new("RGBA", (width, mask.height), (0, 0, 0, 0))
-    result.paste(mask, (0, 0))
-    return result
-
-
 def _with_emblem(word_colours, pane, accent, *, below=None):
     """Emblem and word; `below` is a colour drawn one pixel lower first, as light or shade."""
     word = word_mask(7, left=EMBLEM_WIDTH + 4)
-    height = word.height + 1
+    width, height = units_of(word)
+    height += 1
     tall, round_end = emblem_masks(height, 0, 1)
     layers = []
     if below:
         layers += [flat(mask, below, 0, 1) for mask in (word, tall, round_end)]
     layers += [(word, 0, 0, *word_colours), flat(tall, pane), (round_end, 0, 0, *accent)]
-    return inked((word.width, height), *layers)
+    return inked((width, height), *layers)
 
 
 def _word_only(top, bottom, *, below=None, above=None):
@@ -144,13 +137,14 @@ def _word_only(top, bottom, *, below=None, above=None):
     if below:
         layers.append(flat(word, below, 0, 2 if above else 1))
     layers.append((word, 0, 1 if above else 0, top, bottom))
-    return inked((word.width, word.height + 2), *layers)
+    width, height = units_of(word)
+    return inked((width, height + 2), *layers)
 
 
 def _pill(ground, ink):
     """The word cut into a rounded plate."""
     word = word_mask(7)
-    width, height = word.width + 13, 19
+    width, height = units_of(word)[0] + 13, 19
     canvas = Canvas(width, height)
     canvas.round_rect(0, 0, width, height, 5, ground)
     canvas.colour(ink)
@@ -160,7 +154,7 @@ def _pill(ground, ink):
 
 def _outlined(line, ink):
     word = word_mask(7)
-    width, height = word.width + 13, 19
+    width, height = units_of(word)[0] + 13, 19
     canvas = Canvas(width, height)
     canvas.ring(0, 0, width, height, 3, line)
     canvas.colour(ink)

@@ -2,7 +2,7 @@
 
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import HIDE_LEFT, MENU_LEFT, hide_sign, menu_sign, tree_pictures
-from raster import BLACK, Canvas, hex_of, mix, rgb
+from raster import BLACK, Canvas, hex_of, mix, rgb, units_of
 from skin import Option, Skin, font_block, settings, title_fonts, tree_colours
 from strips import strip, with_left_end
 
@@ -31,7 +31,7 @@ def frame(palette):
 
 
 def bottom_signs(piece, palette):
-    canvas = Canvas(*piece.size)
+    canvas = Canvas(*units_of(piece))
     canvas.put(piece)
     for left, sign in ((HIDE_LEFT, hide_sign), (MENU_LEFT, lambda *a: menu_sign(*a, thick=2))):
         canvas.round_rect(left, BUTTON_TOP, 16, 16, 2, palette.bar)

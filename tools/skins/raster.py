@@ -2,12 +2,47 @@
 
 Pieces are handed around as Pillow RGBA images with straight alpha; vector shapes are drawn with cairo
 and turned into such an image. Colours are (red, green, blue, alpha) with alpha 0.0 to 1.0.
+
+All measures are design pixels, those of a screen of 96 dots per inch. Within `drawn_at(2)` the same code draws
+pictures of twice as many pixels a side; units_of() and cut() are for code that handles pictures.
 """
 
+import contextlib
 import math
 
 import cairo
 from PIL import Image, ImageFilter
+
+
+_scale = 1
+
+
+def scale():
+    """Pixels of a picture for a design pixel."""
+    return _scale
+
+
+@contextlib.contextmanager
+def drawn_at(wanted):
+    global _scale
+    before, _scale = _scale, wanted
+    try:
+        yield
+    finally:
+        _scale = before
+
+
+def units_of(image):
+    """Width and height in design pixels."""
+    return image.width // _scale, image.height // _scale
+
+
+def pixels(*units):
+    return tuple(value * _scale for value in units)
+
+
+def cut(image, left, top, right, bottom):
+    return image.crop(pixels(left, top, right, bottom))
 
 
 def rgb(hex_text, alpha=1.0):
@@ -36,18 +71,19 @@ def black(alpha):
 
 
 class Canvas:
-    """A cairo surface with the few shapes that skins are made of. Units are pixels."""
+    """A cairo surface with the few shapes that skins are made of."""
 
     def __init__(self, width, height):
         self.width, self.height = width, height
-        self.surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, width, height)
+        self.surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, width * _scale, height * _scale)
+        self.surface.set_device_scale(_scale, _scale)
         self.ctx = cairo.Context(self.surface)
 
     def image(self):
         self.surface.flush()
-        return Image.frombuffer(
-            "RGBA", (self.width, self.height), bytes(self.surface.get_data()), "raw", "BGRa", self.surface.get_stride(), 1
-        ).copy()
+        size = (self.surface.get_width(), self.surface.get_height())
+        data = bytes(self.surface.get_data())
+        return Image.frombuffer("RGBA", size, data, "raw", "BGRa", self.surface.get_stride(), 1).copy()
 
     def put(self, image, x=0, y=0):
         source = surface_of(image)
@@ -125,7 +161,9 @@ def surface_of(image):
     """The cairo form of an RGBA image."""
     width, height = image.size
     data = bytearray(_premultiplied(image))
-    return cairo.ImageSurface.create_for_data(data, cairo.FORMAT_ARGB32, width, height, width * 4)
+    surface = cairo.ImageSurface.create_for_data(data, cairo.FORMAT_ARGB32, width, height, width * 4)
+    surface.set_device_scale(_scale, _scale)
+    return surface
 
 
 def _premultiplied(image):
@@ -138,8 +176,8 @@ def shadow(width, height, rect, radius, blur, alpha, drop=0):
     mask = Canvas(width, height)
     x, y, w, h = rect
     mask.round_rect(x, y + drop, w, h, radius, BLACK)
-    soft = mask.image().getchannel("A").filter(ImageFilter.GaussianBlur(blur))
-    result = Image.new("RGBA", (width, height), (0, 0, 0, 0))
+    soft = mask.image().getchannel("A").filter(ImageFilter.GaussianBlur(blur * _scale))
+    result = Image.new("RGBA", soft.size, (0, 0, 0, 0))
     result.putalpha(soft.point(lambda value: round(value * alpha)))
     return result
 
@@ -150,8 +188,8 @@ def over(top, below):
 
 
 def tiled(image, width, height):
-    result = Image.new("RGBA", (width, height), (0, 0, 0, 0))
-    for x in range(0, width, image.width):
-        for y in range(0, height, image.height):
+    result = Image.new("RGBA", pixels(width, height), (0, 0, 0, 0))
+    for x in range(0, result.width, image.width):
+        for y in range(0, result.height, image.height):
             result.paste(image, (x, y))
     return result

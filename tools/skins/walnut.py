@@ -4,7 +4,7 @@ import cairo
 
 from frame import BOTTOM_WIDTH, NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
-from raster import Canvas, black, over, rgb, shadow, tiled, white
+from raster import Canvas, black, cut, over, rgb, shadow, tiled, units_of, white
 from skin import Option, Skin, settings, title_fonts, tree_colours
 from strips import ramp, strip
 from texture import cloth, turned, wood
@@ -94,7 +94,7 @@ def _brass(canvas, top, bottom):
 
 def plaque(piece):
     """The brass plate of the bottom piece with a knob at either end."""
-    canvas = Canvas(*piece.size)
+    canvas = Canvas(*units_of(piece))
     canvas.put(piece)
     top, height = 4, MARGINS.bottom - FOOT - 7
     canvas.round_rect(0, top, BOTTOM_WIDTH, height + 1, 3, black(0.6))
@@ -125,7 +125,7 @@ def button_top():
 
 def keyhole(piece):
     """A brass plate with a keyhole in the middle of the upper board."""
-    w, h = piece.size
+    w, h = units_of(piece)
     canvas = Canvas(w, h)
     canvas.put(piece)
     canvas.round_rect(0, HEAD + 2, w, h - HEAD - 4, 2, black(0.55))
@@ -165,7 +165,7 @@ def build():
     pieces = cut_frame(frame(), MARGINS, tile=PERIOD)
     pieces["bottom"] = plaque(pieces["bottom"])
     pieces.update(
-        top=keyhole(pieces["topa"].crop((100, 0, 122, MARGINS.top))),
+        top=keyhole(cut(pieces["topa"], 100, 0, 122, MARGINS.top)),
         back=felt(GREEN[0]),
         group=group("C79F4E"),
         category=drawer(FRONT, 19, rgb("C99C6B", 0.55), rgb("140A05")),
