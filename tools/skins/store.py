@@ -19,9 +19,13 @@ def ini_text(settings):
     return "\n".join(blocks)
 
 
-def write_pieces(folder, pieces):
+def file_name(name, scale=1):
+    return f"{name}.png" if scale == 1 else f"{name}@{scale}x.png"
+
+
+def write_pieces(folder, pieces, scale=1):
     for name in sorted(pieces):
-        pieces[name].save(os.path.join(folder, name + ".png"), optimize=True)
+        pieces[name].save(os.path.join(folder, file_name(name, scale)), optimize=True)
 
 
 def preview(skin, logos, per_row=5):
