@@ -11,7 +11,7 @@ packages_of() {
         build) echo "g++ cmake ninja-build pkg-config qt6-base-dev libexpected-dev zlib1g-dev libxcb1-dev libxcb-res0-dev" \
                     "libxcb-xinput-dev libxcb-xtest0-dev" \
                     "libgl1-mesa-dev" ;;
-        run) echo "python3 xdg-utils libqt6svg6 hicolor-icon-theme adwaita-icon-theme fonts-dejavu-core" \
+        run) echo "python3 xdg-utils ca-certificates libqt6svg6 hicolor-icon-theme adwaita-icon-theme fonts-dejavu-core" \
                   "fonts-liberation xvfb openbox picom hsetroot dbus-daemon x11-utils imagemagick" \
                   "libxcb-xinput0 libsdl2-mixer-2.0-0 timgm6mb-soundfont" ;;
         test) echo "python3 clang lld libclang-rt-14-dev clang-format clang-tidy xvfb openbox picom hsetroot" \

@@ -2,6 +2,7 @@
 
 #include "platform/autostart.h"
 #include "platform/compositor.h"
+#include "platform/downloader.h"
 #include "platform/drive_space.h"
 #include "platform/file_icons.h"
 #include "platform/foreground.h"
@@ -40,6 +41,7 @@ struct Platform {
     std::unique_ptr<paneda::Autostart> Autostart;
     std::unique_ptr<paneda::SoundPlayer> SoundPlayer;
     std::unique_ptr<paneda::Termination> Termination;
+    std::unique_ptr<paneda::Downloader> Downloader;
     // Programs made for Windows can be started, which a store that comes from there may name.
     bool RunsWindowsPrograms = false;
 };

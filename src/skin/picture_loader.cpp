@@ -20,6 +20,8 @@ constexpr qint64 kJpegStep = 256;
 // A picture that is shown small is decoded at least at this multiple of its shown size.
 constexpr int kSpare = 4;
 
+const QString kLate = QStringLiteral("There was not enough time to read it.");
+
 bool IsLoadableSize(const QSize& size) {
     return !size.isEmpty() && size.width() <= kMaxPictureSide && size.height() <= kMaxPictureSide;
 }
@@ -105,7 +107,7 @@ QString LeftOutText(const std::vector<PictureError>& errors) {
 
 tl::expected<QImage, PictureError> ReadPicture(const QString& path, const PictureWish& wish,
                                                DecodingTime& time) {
-    const PictureError late{path, QStringLiteral("There was not enough time to read it."), true};
+    const PictureError late{path, kLate, true};
     if (time.Left == 0)
         return tl::make_unexpected(late);
     const auto encoded = ReadEncoded(path, wish.Width);
@@ -118,6 +120,18 @@ tl::expected<QImage, PictureError> ReadPicture(const QString& path, const Pictur
     if (!image)
         return tl::make_unexpected(PictureError{path, image.error()});
     return std::move(*image);
+}
+
+tl::expected<QImage, QString> DecodePicture(const QByteArray& bytes, const PictureWish& wish) {
+    const auto encoded = FindPicture(bytes, wish.Width);
+    if (!encoded)
+        return tl::make_unexpected(encoded.error());
+    DecodingTime time;
+    Decoder decoder(*encoded, time);
+    auto image = decoder.Decode(wish);
+    if (decoder.WasLate())
+        return tl::make_unexpected(kLate);
+    return image;
 }
 
 QImage LoadPicture(const QString& path, int wanted) {

@@ -3,6 +3,7 @@
 #include "skin/decoding_time.h"
 #include "skin/picture_bytes.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -43,7 +44,10 @@ struct PictureWish {
 tl::expected<QImage, PictureError> ReadPicture(const QString& path, const PictureWish& wish,
                                                DecodingTime& time);
 
-// The same within a second; null on failure.
+// The same of bytes in memory, within a second. Fails with a reason for the user.
+tl::expected<QImage, QString> DecodePicture(const QByteArray& bytes, const PictureWish& wish = {});
+
+// ReadPicture within a second; null on failure.
 QImage LoadPicture(const QString& path, int wanted = 0);
 
 // The size of the picture that ReadPicture would give, in pixels. Nothing is decoded.

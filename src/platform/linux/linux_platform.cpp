@@ -15,6 +15,7 @@
 #include "platform/linux/x11_compositor.h"
 #include "platform/platform.h"
 #include "platform/threaded_player.h"
+#include "platform/web_downloader.h"
 
 namespace paneda {
 
@@ -35,6 +36,7 @@ Platform MakePlatform() {
     platform.Autostart = std::make_unique<DesktopAutostart>();
     platform.SoundPlayer = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MixerWorker>);
     platform.Termination = std::make_unique<SignalTermination>();
+    platform.Downloader = std::make_unique<WebDownloader>();
     return platform;
 }
 

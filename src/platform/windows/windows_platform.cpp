@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 #include "platform/threaded_player.h"
+#include "platform/web_downloader.h"
 #include "platform/windows/dde_requests.h"
 #include "platform/windows/layered_compositor.h"
 #include "platform/windows/letter_volumes.h"
@@ -35,6 +36,7 @@ Platform MakePlatform() {
     platform.Autostart = std::make_unique<RunKeyAutostart>();
     platform.SoundPlayer = std::make_unique<ThreadedPlayer>(MakeSoundWorker<MciWorker>);
     platform.Termination = std::make_unique<SessionTermination>();
+    platform.Downloader = std::make_unique<WebDownloader>();
     platform.RunsWindowsPrograms = true;
     return platform;
 }

@@ -23,6 +23,10 @@ frmWait::frmWait(QWidget* parent)
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
+frmWait::frmWait(const QString& text, QWidget* parent) : frmWait(parent) {
+    ui_->lblWait->setText(QString(text).replace(u'\r', u'\n'));
+}
+
 frmWait::~frmWait() = default;
 
 void frmWait::ShowNow() {

@@ -1,0 +1,37 @@
+#include "ui/organiser/fetch_favicon.h"
+
+#include "core/files/file_io.h"
+#include "skin/picture_loader.h"
+#include "ui/panel/frmWait.h"
+
+#include <QEventLoop>
+#include <QPointer>
+
+namespace paneda {
+
+bool DownloadFile(const QString& address, const QString& target, Downloader& downloader, QWidget* parent) {
+    // Events are handled below, and one of them may end the parent.
+    const QPointer<frmWait> wait(
+        new frmWait(QStringLiteral("Downloading Icon Now\r\rPlease Wait..."), parent));
+    wait->setWindowModality(Qt::ApplicationModal);
+    QEventLoop loop;
+    QObject::connect(wait, &QDialog::rejected, &loop, &QEventLoop::quit);
+    QObject::connect(wait, &QObject::destroyed, &loop, &QEventLoop::quit);
+    DownloadResult downloaded = tl::make_unexpected(QString());
+    const auto download = downloader.Start(address, [&](DownloadResult result) {
+        downloaded = std::move(result);
+        loop.quit();
+    });
+    wait->show();
+    loop.exec();
+    delete wait;
+    return downloaded && DecodePicture(*downloaded) && ReplaceFile(target, *downloaded);
+}
+
+bool FetchFavicon(const QString& source, const QString& target, FaviconKind kind, Downloader& downloader,
+                  QWidget* parent) {
+    const QString address = FaviconAddress(source, kind);
+    return !address.isEmpty() && DownloadFile(address, target, downloader, parent);
+}
+
+} // namespace paneda
