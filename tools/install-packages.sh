@@ -8,7 +8,7 @@ set -euo pipefail
 
 packages_of() {
     case "$1" in
-        build) echo "g++ cmake ninja-build pkg-config qt6-base-dev libexpected-dev zlib1g-dev libxcb1-dev libxcb-res0-dev" \
+        build) echo "g++ cmake ninja-build pkg-config qt6-base-dev libexpected-dev zlib1g-dev libxcb1-dev libxcb-res0-dev libxcb-shape0-dev" \
                     "libxcb-xinput-dev libxcb-xtest0-dev" \
                     "libgl1-mesa-dev" ;;
         run) echo "python3 xdg-utils ca-certificates libqt6svg6 hicolor-icon-theme adwaita-icon-theme fonts-dejavu-core" \

@@ -76,8 +76,10 @@ public:
 class FakeCompositor : public Compositor {
 public:
     bool Active = true;
+    QRegion Shape; // of the last window that got one
 
     bool IsActive() override { return Active; }
+    void SetShape(QWindow&, const QRegion& pixels) override { Shape = pixels; }
 };
 
 } // namespace paneda::test

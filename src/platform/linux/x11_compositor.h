@@ -8,6 +8,7 @@ namespace paneda {
 class X11Compositor : public Compositor {
 public:
     bool IsActive() override;
+    void SetShape(QWindow& window, const QRegion& pixels) override;
 };
 
 } // namespace paneda

@@ -8,6 +8,7 @@ namespace paneda {
 class LayeredCompositor : public Compositor {
 public:
     bool IsActive() override { return true; }
+    void SetShape(QWindow& window, const QRegion& pixels) override;
 };
 
 } // namespace paneda
