@@ -14,6 +14,11 @@ namespace {
 
 constexpr int kSmoothExtra = 45; // twips that a smooth label may reach beyond its room
 
+// Width of a text on a screen, in pixels of the layout.
+double WidthAt(const QString& text, const TextFont& font, double ratio) {
+    return MeasureText(text, AtRatio(font, ratio)) / ratio;
+}
+
 } // namespace
 
 ButtonLabel::ButtonLabel(const ButtonStyle& style, QString caption, const TwipsRect& box,
@@ -35,15 +40,18 @@ void ButtonLabel::Paint(DrawingSurface& surface) const {
         surface.DrawLabel(caption_, SmoothRoom(), SmoothStyle());
 }
 
-bool ButtonLabel::IsCut() const {
+bool ButtonLabel::IsCut(double ratio) const {
     if (!style_.LabelOn)
         return false;
-    if (!choice_.IsSharp())
-        return SmoothLabel(caption_, ToPixels(SmoothRoom()), SmoothStyle()).IsCut();
+    if (!choice_.IsSharp()) {
+        LabelStyle style = SmoothStyle();
+        style.Font = AtRatio(style.Font, ratio);
+        return SmoothLabel(caption_, DeviceRect(ToPixels(SmoothRoom()), ratio), style).IsCut();
+    }
     const TextFont font = SharpFont();
-    const QStringList lines = SharpLines(font);
-    return std::any_of(lines.begin(), lines.end(), [this, &font](const QString& line) {
-        return MeasureText(TrimBlanks(line), font) > SharpRoom();
+    const QStringList lines = SharpLines(font, ratio);
+    return std::any_of(lines.begin(), lines.end(), [&](const QString& line) {
+        return WidthAt(TrimBlanks(line), font, ratio) > SharpRoom();
     });
 }
 
@@ -72,6 +80,7 @@ TextFont ButtonLabel::SharpFont() const {
     font.EmSize = PrintedPixelSize(choice_.Points);
     font.Bold = IsBold();
     font.AntiAlias = false;
+    font.SmoothOnceLarge = true;
     return font;
 }
 
@@ -79,9 +88,9 @@ double ButtonLabel::SharpRoom() const {
     return double(box_.Width - layout_.LabelIndent) / kTwipsPerPixel;
 }
 
-QStringList ButtonLabel::SharpLines(const TextFont& font) const {
+QStringList ButtonLabel::SharpLines(const TextFont& font, double ratio) const {
     return WrapLabel(caption_, SharpRoom(), choice_.MaxLines,
-                     [&font](const QString& text) { return MeasureText(text, font); });
+                     [&](const QString& text) { return WidthAt(text, font, ratio); });
 }
 
 void ButtonLabel::PaintSharp(DrawingSurface& surface) const {
@@ -89,10 +98,10 @@ void ButtonLabel::PaintSharp(DrawingSurface& surface) const {
     std::optional<Argb> outline;
     if (HasBorder())
         outline = ColorToArgb(theme_.LabelBorderColor.value_or(0), 255);
-    const QStringList lines = SharpLines(font);
+    const QStringList lines = SharpLines(font, surface.Ratio());
     for (int i = 0; i < lines.size(); ++i) {
         const QString line = TrimBlanks(lines[i]);
-        const int width = int(kTwipsPerPixel * MeasureText(line, font));
+        const int width = int(kTwipsPerPixel * WidthAt(line, font, surface.Ratio()));
         const LinePlace place =
             PlaceLine(style_, layout_, {box_.Width, box_.Height}, width, i, int(lines.size()));
         surface.PrintLine(line, box_.Left + place.Left, box_.Top + place.Top, box_, font,

@@ -21,15 +21,15 @@ public:
 
     void Paint(DrawingSurface& surface) const;
 
-    // Whether the button has no room for all of the text. False for an empty label.
-    bool IsCut() const;
+    // Whether the button has no room for all of the text on a screen of this ratio. False for an empty label.
+    bool IsCut(double ratio) const;
 
 private:
     LabelStyle SmoothStyle() const;
     TwipsRect SmoothRoom() const;
     TextFont SharpFont() const;
     double SharpRoom() const;
-    QStringList SharpLines(const TextFont& font) const;
+    QStringList SharpLines(const TextFont& font, double ratio) const;
     void PaintSharp(DrawingSurface& surface) const;
     bool HasBorder() const { return IsSwitchedOn(theme_.LabelBorderOverride, style_.LabelBorder); }
     bool IsBold() const { return IsSwitchedOn(theme_.LabelBoldOverride, style_.LabelBold); }

@@ -62,11 +62,13 @@ void Painting::PaintIcon() {
     const int side = PixelsToTwips(layout_.IconPixels);
     const TwipsRect place{box_.Left + int(kTwipsPerPixel * layout_.IconLeft),
                           box_.Top + int(kTwipsPerPixel * layout_.IconTop), side, side};
-    const ButtonPicture picture = sources_.PictureOf(button_.Target, layout_.IconPixels);
+    const int onScreen = DeviceLength(layout_.IconPixels, surface_.Ratio());
+    const ButtonPicture picture = sources_.PictureOf(button_.Target, onScreen);
     if (picture.IsOwnFile)
         surface_.DrawPicture(picture.Image, place, {.Mode = DrawMode::Over, .Fit = true});
     else
-        surface_.DrawIcon(picture.Image, {place.Left, place.Top, size_.Width, size_.Height});
+        surface_.DrawIcon({picture.Image, surface_.Ratio()},
+                          {place.Left, place.Top, size_.Width, size_.Height});
 }
 
 void Painting::PaintLabel() {

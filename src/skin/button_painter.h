@@ -15,13 +15,13 @@ namespace paneda {
 // What every painter of one composition draws with. It reads each picture of the skin once, so each
 // composition needs a new one.
 struct PaintTools {
-    // `room` is the size of the picture that is composed, in pixels: of no piece more is kept.
-    PaintTools(const ThemeState& theme, FontChoice& fonts, const QSize& room = {},
+    // `canvas` is what is composed: of no piece more than its size is kept.
+    PaintTools(const ThemeState& theme, FontChoice& fonts, const Canvas& canvas = {},
                TickSource ticks = ProcessorTick)
-        : Theme(theme), Fonts(fonts), Pictures(theme, room, std::move(ticks)) {}
+        : Theme(theme), Fonts(fonts), Pictures(theme, canvas, std::move(ticks)) {}
 
     // A piece of the skin, tiled or at its own size; null if it is missing.
-    QImage Piece(const QString& name) { return Pictures.Get(name); }
+    DensePicture Piece(const QString& name) { return Pictures.Get(name); }
 
     const ThemeState& Theme;
     FontChoice& Fonts;

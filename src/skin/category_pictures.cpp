@@ -3,6 +3,7 @@
 #include "core/files/file_io.h"
 #include "skin/picture_loader.h"
 #include "skin/quick_png.h"
+#include "skin/skin_pictures.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -19,6 +20,7 @@ namespace {
 constexpr int kUnpacked = 0;
 constexpr int kQuicklyPacked = 1;
 
+constexpr int kRatioDigits = 6;   // of a ratio in the names of files
 constexpr int kWithoutDrives = 0; // number of the first category's picture before its drives are drawn
 
 // Number of the picture that shows a category.
@@ -36,16 +38,15 @@ int ComposedNumber(int category) {
 // Everything that composing takes, held together while it is needed.
 class CategoryPictures::Composition {
 public:
-    explicit Composition(const PictureSources& from)
-        : tools_(from.Theme, from.Fonts,
-                 {TwipsToPixels(from.Geometry.PanelWidth), TwipsToPixels(from.Geometry.PanelHeight)},
-                 from.DecodingTicks)
+    Composition(const PictureSources& from, const Canvas& window)
+        : tools_(from.Theme, from.Fonts, window, from.DecodingTicks)
         , buttons_{from.Icons,   from.Drives,
                    from.AppPath, from.Geometry.ButtonsPerRow,
                    {},           {kMaxButtonPicturesTime, from.DecodingTicks}}
-        , painter_(
-              {from.Catalogue, from.Geometry, from.Sizes, from.Logo.isEmpty() ? QImage() : QImage(from.Logo)},
-              tools_, buttons_) {}
+        , painter_({from.Catalogue, from.Geometry, from.Sizes,
+                    from.Logo.isEmpty() ? DensePicture() : LoadOwnPicture(from.Logo, window.Ratio),
+                    window.Ratio},
+                   tools_, buttons_) {}
 
     PanelPainter& Painter() { return painter_; }
 
@@ -79,31 +80,62 @@ private:
 CategoryPictures::CategoryPictures(const QString& folder, PictureSources sources, Files files)
     : folder_(folder)
     , sources_(std::move(sources))
-    , window_(TwipsToPixels(sources_.Geometry.PanelWidth), TwipsToPixels(sources_.Geometry.PanelHeight))
-    , onFile_(sources_.Catalogue.size(), files == Files::Keep) {
+    , window_{{TwipsToPixels(sources_.Geometry.PanelWidth), TwipsToPixels(sources_.Geometry.PanelHeight)}}
+    , files_(files) {
     if (files == Files::Drop)
-        DropFiles();
+        DropFiles({});
 }
 
 CategoryPictures::~CategoryPictures() = default;
 
-QString CategoryPictures::PathOf(int number, Kind kind) const {
-    return folder_ + QStringLiteral("/category%1%2.png")
-                         .arg(number, 3, 10, QLatin1Char('0'))
-                         .arg(kind == Kind::Base ? QStringLiteral("a") : QString());
+void CategoryPictures::SetRatio(double ratio) {
+    if (ratio == window_.Ratio)
+        return;
+    if (composition_)
+        composition_->MoveLeftOut(leftOut_);
+    composition_.reset();
+    window_.Ratio = ratio;
+    unsavedCategory_ = -1;
+    unsaved_ = {};
+    canSave_ = true;
+    next_ = 0;
 }
 
-void CategoryPictures::DropFiles() const {
-    static const QRegularExpression picture(QStringLiteral("^category[0-9]+a?\\.png$"));
+std::vector<bool>& CategoryPictures::OnFile() {
+    const std::vector<bool> fresh(sources_.Catalogue.size(), files_ == Files::Keep);
+    return onFile_.try_emplace(window_.Ratio, fresh).first->second;
+}
+
+// How the names of files of the present ratio end.
+QString CategoryPictures::NameEnd() const {
+    const QString ratio = QString::number(window_.Ratio, 'g', kRatioDigits);
+    return (window_.Ratio == kLeastRatio ? QString() : u'@' + ratio + u'x') + QStringLiteral(".png");
+}
+
+QString CategoryPictures::PathOf(int number, Kind kind) const {
+    return folder_ +
+           QStringLiteral("/category%1%2")
+               .arg(number, 3, 10, QLatin1Char('0'))
+               .arg(kind == Kind::Base ? QStringLiteral("a") : QString()) +
+           NameEnd();
+}
+
+// Removes the pictures of all ratios, but for those whose names have this end.
+void CategoryPictures::DropFiles(const QString& nameEnd) const {
+    static const QRegularExpression picture(QStringLiteral("^category[0-9]+a?(@[0-9.]+x)?\\.png$"));
+    const auto keeps = [&nameEnd](const QRegularExpressionMatch& match) {
+        return match.captured(1) + QStringLiteral(".png") == nameEnd;
+    };
     for (const QString& name : ListFiles(folder_)) {
-        if (name.contains(picture))
+        const QRegularExpressionMatch match = picture.match(name);
+        if (match.hasMatch() && !keeps(match))
             QFile::remove(folder_ + u'/' + name);
     }
 }
 
 QImage CategoryPictures::Load(int number, Kind kind) const {
     QImage picture = LoadPicture(PathOf(number, kind));
-    return picture.size() == window_ ? picture : QImage();
+    return picture.size() == DeviceSize(window_.Pixels, window_.Ratio) ? picture : QImage();
 }
 
 FileResult CategoryPictures::Save(int number, Kind kind, const QImage& picture) const {
@@ -115,7 +147,7 @@ QImage CategoryPictures::Picture(int category) {
     if (category < 0)
         return Painter().PaintFrame();
     const QImage picture =
-        onFile_[std::size_t(category)] ? Load(ShownNumber(category), Kind::Finished) : QImage();
+        OnFile()[std::size_t(category)] ? Load(ShownNumber(category), Kind::Finished) : QImage();
     if (picture.isNull() && unsavedCategory_ == category)
         return unsaved_;
     return picture.isNull() ? Compose(category) : picture;
@@ -123,7 +155,7 @@ QImage CategoryPictures::Picture(int category) {
 
 PanelPainter& CategoryPictures::Painter() {
     if (!composition_)
-        composition_ = std::make_unique<Composition>(sources_);
+        composition_ = std::make_unique<Composition>(sources_, window_);
     return composition_->Painter();
 }
 
@@ -131,11 +163,11 @@ QImage CategoryPictures::Compose(int category) {
     PanelPainter& painter = Painter();
     composition_->BeginCategory();
     const QImage base = painter.PaintBase(category);
-    DrawingSurface surface(base);
+    DrawingSurface surface(base, window_.Ratio);
     painter.DrawBarTitles(surface, category);
     const int number = ComposedNumber(category);
     const bool whole = !composition_->WasLate();
-    const auto isOnFile = onFile_.begin() + category;
+    const auto isOnFile = OnFile().begin() + category;
     *isOnFile = whole && Save(number, Kind::Base, base) && Save(number, Kind::Finished, surface.Image());
     const QImage shown = category == 0 ? KeepWithDrives(base, surface.Image()) : surface.Image();
     if (whole)
@@ -147,12 +179,12 @@ QImage CategoryPictures::Compose(int category) {
 
 QImage CategoryPictures::KeepWithDrives(const QImage& base, const QImage& finished) {
     const std::vector<DriveState> drives = sources_.ReadDrives();
-    PaintTools tools(sources_.Theme, sources_.Fonts);
+    PaintTools tools(sources_.Theme, sources_.Fonts, window_);
     const auto keep = [&](const QImage& composed, Kind kind) {
-        DrawingSurface surface(composed);
+        DrawingSurface surface(composed, window_.Ratio);
         for (const DriveState& drive : drives)
             DrawDrive(surface, drive.Button, drive.Info, tools);
-        onFile_[0] = onFile_[0] && Save(ShownNumber(0), kind, surface.Image());
+        OnFile()[0] = OnFile()[0] && Save(ShownNumber(0), kind, surface.Image());
         return surface.Image();
     };
     keep(base, Kind::Base);
@@ -160,10 +192,10 @@ QImage CategoryPictures::KeepWithDrives(const QImage& base, const QImage& finish
 }
 
 void CategoryPictures::RefleshPanel() {
-    if (onFile_.empty())
+    if (sources_.Catalogue.empty())
         return;
-    const QImage base = onFile_[0] ? Load(kWithoutDrives, Kind::Base) : QImage();
-    const QImage finished = onFile_[0] ? Load(kWithoutDrives, Kind::Finished) : QImage();
+    const QImage base = OnFile()[0] ? Load(kWithoutDrives, Kind::Base) : QImage();
+    const QImage finished = OnFile()[0] ? Load(kWithoutDrives, Kind::Finished) : QImage();
     if (base.isNull() || finished.isNull())
         Compose(0);
     else
@@ -173,14 +205,17 @@ void CategoryPictures::RefleshPanel() {
 std::vector<FileError> CategoryPictures::RedrawBarTitles() {
     std::vector<FileError> failures;
     unsavedCategory_ = -1;
-    const int last = int(onFile_.size());
+    DropFiles(NameEnd());
+    files_ = Files::Drop;
+    onFile_ = {{window_.Ratio, OnFile()}};
+    const int last = int(sources_.Catalogue.size());
     for (int number = kWithoutDrives; number <= last; ++number) {
         const int category = std::max(number - 1, 0);
         const QImage base =
-            category < last && onFile_[std::size_t(category)] ? Load(number, Kind::Base) : QImage();
+            category < last && OnFile()[std::size_t(category)] ? Load(number, Kind::Base) : QImage();
         if (base.isNull())
             continue;
-        DrawingSurface surface(base);
+        DrawingSurface surface(base, window_.Ratio);
         Painter().DrawBarTitles(surface, category);
         const FileResult saved = Save(number, Kind::Finished, surface.Image());
         if (!saved)
@@ -191,9 +226,9 @@ std::vector<FileError> CategoryPictures::RedrawBarTitles() {
 
 bool CategoryPictures::PrepareNext() {
     const bool late = composition_ && composition_->SkinWasLate();
-    while (canSave_ && !late && next_ < int(onFile_.size())) {
+    while (canSave_ && !late && next_ < int(sources_.Catalogue.size())) {
         const int category = next_++;
-        if (onFile_[std::size_t(category)] && QFile::exists(PathOf(ShownNumber(category), Kind::Finished)))
+        if (OnFile()[std::size_t(category)] && QFile::exists(PathOf(ShownNumber(category), Kind::Finished)))
             continue;
         Compose(category);
         return true;

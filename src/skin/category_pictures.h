@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -34,7 +35,9 @@ struct PictureSources {
 // The pictures of the window, one for each category, as it looks with that category opened. They lie as PNG
 // files of the window's size in the cache folder: category002.png shows the second category, category002a.png
 // is the same without the titles on its bars. The first category has two pairs: number 0 as it was composed,
-// number 1 with the figures of its drives, which is the one that is shown.
+// number 1 with the figures of its drives, which is the one that is shown. Screens of another ratio have
+// files of their own, category002@1.25x.png and category002a@1.25x.png; each set stays until the panel looks
+// different.
 //
 // A picture that is missing, damaged or of another size is composed when it is asked for. In a folder that
 // cannot be written every picture is composed each time; that is no error. Neither is a picture kept as a
@@ -44,17 +47,21 @@ public:
     // Whether the files in the folder show what the sources say, or something else and have to be removed.
     enum class Files { Keep, Drop };
 
-    // `folder` is the host path of the cache folder.
+    // `folder` is the host path of the cache folder. The pictures are those for a screen of ratio 1.
     CategoryPictures(const QString& folder, PictureSources sources, Files files);
     ~CategoryPictures();
 
-    // The picture with this category opened, of the window's size; for -1 the frame alone.
+    // From now on all pictures are those for a screen of this ratio (see device_pixels.h).
+    void SetRatio(double ratio);
+
+    // The picture with this category opened, of the window's size in device pixels; for -1 the frame alone.
     QImage Picture(int category);
 
     // Composes one picture more that is not on file yet. False when nothing is left to compose.
     bool PrepareNext();
 
-    // Asks the drives again and draws their figures on the shown pictures of the first category.
+    // Asks the drives again and draws their figures on the shown pictures of the first category. Those of
+    // other ratios keep the figures of when they were shown.
     void RefleshPanel();
 
     // The pictures of the skin and of buttons that have been left out since the last call. Some are named
@@ -62,7 +69,7 @@ public:
     std::vector<PictureError> TakeLeftOut();
 
     // Writes the titles of the bars again on the pictures of all categories. Pictures that are not on file
-    // are left out. Returns those that could not be written.
+    // are left out, those of other ratios are removed. Returns those that could not be written.
     std::vector<FileError> RedrawBarTitles();
 
 private:
@@ -75,14 +82,18 @@ private:
     QImage Compose(int category);
     // Draws the drives' figures on the first category's two pictures. Returns the finished one.
     QImage KeepWithDrives(const QImage& base, const QImage& finished);
-    void DropFiles() const;
+    QString NameEnd() const;
+    void DropFiles(const QString& nameEnd) const;
+    std::vector<bool>& OnFile();
     PanelPainter& Painter();
 
     QString folder_;
     PictureSources sources_;
-    QSize window_; // pixels
-    // By category: the file of its shown picture is one of this panel. One that could not be removed is not.
-    std::vector<bool> onFile_;
+    Canvas window_;
+    Files files_; // what is true of ratios that have not been shown yet
+    // By ratio and category: the file of its shown picture is one of this panel. One that could not be
+    // removed is not.
+    std::map<double, std::vector<bool>> onFile_;
     QImage unsaved_; // the last composed picture that is not on file
     int unsavedCategory_ = -1;
     std::vector<PictureError> leftOut_; // by compositions that have ended

@@ -34,26 +34,38 @@ bool Begin(QPainter& painter, QImage& image, DrawMode mode) {
 
 } // namespace
 
-DrawingSurface::DrawingSurface(const QSize& pixels) {
+DrawingSurface::DrawingSurface(const QSize& pixels, double ratio) : ratio_(ratio) {
     if (pixels.isEmpty())
         return;
-    image_ = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+    image_ = QImage(DeviceSize(pixels, ratio), QImage::Format_ARGB32_Premultiplied);
     image_.fill(0);
 }
 
-DrawingSurface::DrawingSurface(QImage image)
-    : image_(std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied)) {}
+DrawingSurface::DrawingSurface(QImage image, double ratio)
+    : image_(std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied)), ratio_(ratio) {}
 
-void DrawingSurface::DrawPicture(const QImage& picture, const TwipsRect& box, const PictureDrawing& drawing) {
+void DrawingSurface::DrawPicture(const DensePicture& picture, const TwipsRect& box,
+                                 const PictureDrawing& drawing) {
     const QRect target = ToPixels(box);
-    if (picture.isNull() || target.isEmpty())
+    if (picture.IsNull() || target.isEmpty())
         return;
     mode_ = drawing.Mode;
     if (IsTiled(drawing)) {
         Tile(picture, target);
         return;
     }
-    const PicturePlace place = PlacePicture(picture.size(), target, drawing);
+    if (drawing.Fit) {
+        DrawPart(picture.Image, PlacePicture(picture.Image.size(), OnScreen(target), drawing));
+        return;
+    }
+    const PicturePlace place = PlacePicture(picture.Size(), target, drawing);
+    if (place.Source.size() == place.Target.size())
+        DrawWhole(picture, place.Target.topLeft() - place.Source.topLeft(), place.Target);
+    else
+        DrawPart(picture.Image, {DeviceRect(place.Source, picture.Density), OnScreen(place.Target)});
+}
+
+void DrawingSurface::DrawPart(const QImage& picture, const PicturePlace& place) {
     QPainter painter;
     if (!Begin(painter, image_, mode_))
         return;
@@ -65,50 +77,88 @@ void DrawingSurface::DrawPicture(const QImage& picture, const TwipsRect& box, co
     }
 }
 
-void DrawingSurface::Tile(const QImage& picture, const QRect& box) {
+void DrawingSurface::DrawWhole(const DensePicture& picture, const QPoint& place, const QRect& clip) {
     QPainter painter;
     if (!Begin(painter, image_, mode_))
         return;
-    painter.setBrushOrigin(box.topLeft());
-    painter.fillRect(box, QBrush(picture));
-}
-
-void DrawingSurface::DrawPictureAt(const QImage& picture, int left, int top, DrawMode mode) {
-    mode_ = mode;
-    QPainter painter;
-    if (!picture.isNull() && Begin(painter, image_, mode))
-        painter.drawImage(QPoint(TwipsToPixels(left), TwipsToPixels(top)), picture);
-}
-
-void DrawingSurface::DrawIcon(const QImage& icon, const TwipsRect& box) {
-    mode_ = DrawMode::Over;
-    const QRect target = ToPixels(box);
-    QPainter painter;
-    if (icon.isNull() || target.isEmpty() || !Begin(painter, image_, mode_))
+    if (picture.Density == ratio_) {
+        painter.setClipRect(OnScreen(clip));
+        painter.drawImage(OnScreen({place, QSize(1, 1)}).topLeft(), picture.Image);
         return;
-    painter.drawImage(target.topLeft(), icon, QRect({0, 0}, target.size()));
+    }
+    // Only what is seen is scaled: a wallpaper may be far larger than the window.
+    const QRect seen = QRect(place, picture.Size()) & clip;
+    const QRect target = OnScreen(seen);
+    if (!target.isEmpty())
+        painter.drawImage(
+            target.topLeft(),
+            Resample(picture.Image, DeviceRect(seen.translated(-place), picture.Density), target.size()));
+}
+
+// Tiles of another density are put together before they are scaled, so that no seam shows between them.
+void DrawingSurface::Tile(const DensePicture& picture, const QRect& box) {
+    const QRect target = OnScreen(box);
+    QPainter painter;
+    if (!Begin(painter, image_, mode_))
+        return;
+    if (picture.Density == ratio_) {
+        painter.setBrushOrigin(target.topLeft());
+        painter.fillRect(target, QBrush(picture.Image));
+        return;
+    }
+    QImage tiled(DeviceSize(box.size(), picture.Density), QImage::Format_ARGB32_Premultiplied);
+    QPainter tiles(&tiled);
+    tiles.setCompositionMode(QPainter::CompositionMode_Source);
+    tiles.fillRect(tiled.rect(), QBrush(picture.Image));
+    tiles.end();
+    painter.drawImage(target.topLeft(), Resample(tiled, tiled.rect(), target.size()));
+}
+
+void DrawingSurface::DrawPictureAt(const DensePicture& picture, int left, int top, DrawMode mode) {
+    mode_ = mode;
+    const QPoint place(TwipsToPixels(left), TwipsToPixels(top));
+    if (!picture.IsNull())
+        DrawWhole(picture, place, QRect(place, picture.Size()));
+}
+
+void DrawingSurface::DrawIcon(const DensePicture& icon, const TwipsRect& box) {
+    mode_ = DrawMode::Over;
+    const QRect clip = ToPixels(box);
+    if (!icon.IsNull() && !clip.isEmpty())
+        DrawWhole(icon, clip.topLeft(), clip);
+}
+
+template <class Draw>
+void DrawingSurface::DrawOutlined(QPainter& painter, std::optional<Argb> outline, Argb color,
+                                  const Draw& draw) const {
+    if (outline) {
+        painter.setPen(QColor::fromRgba(*outline));
+        for (int distance = DeviceLength(1, ratio_); distance > 0; --distance) {
+            for (const QPoint& direction : kOutline)
+                draw(direction * distance);
+        }
+    }
+    painter.setPen(QColor::fromRgba(color));
+    draw(QPoint());
 }
 
 void DrawingSurface::DrawLabel(const QString& text, const TwipsRect& box, const LabelStyle& style) {
     mode_ = DrawMode::Over;
-    const SmoothLabel layout(text, ToPixels(box), style);
+    LabelStyle onScreen = style;
+    onScreen.Font = AtRatio(style.Font, ratio_);
+    const SmoothLabel layout(text, OnScreen(box), onScreen);
     QPainter painter;
     if (!Begin(painter, image_, mode_))
         return;
     painter.setClipRect(layout.Clip());
-    if (style.Border) {
-        painter.setPen(QColor::fromRgba(style.BorderColor));
-        for (const QPoint& offset : kOutline)
-            layout.Draw(painter, offset);
-    }
-    painter.setPen(QColor::fromRgba(style.Color));
-    layout.Draw(painter, {});
+    DrawOutlined(painter, style.Border ? std::optional(style.BorderColor) : std::nullopt, style.Color,
+                 [&](const QPoint& offset) { layout.Draw(painter, offset); });
 }
 
 void DrawingSurface::PrintLine(const QString& text, int left, int top, const TwipsRect& clip,
                                const TextFont& font, Argb color, std::optional<Argb> outline) {
     mode_ = DrawMode::Over;
-    QTextLayout layout(text, MakeFont(font));
+    QTextLayout layout(text, MakeFont(AtRatio(font, ratio_)));
     layout.setCacheEnabled(true);
     layout.beginLayout();
     layout.createLine();
@@ -116,21 +166,29 @@ void DrawingSurface::PrintLine(const QString& text, int left, int top, const Twi
     QPainter painter;
     if (!Begin(painter, image_, mode_))
         return;
-    painter.setClipRect(ToPixels(clip));
-    const QPoint place(TwipsToPixels(left), TwipsToPixels(top));
-    if (outline) {
-        painter.setPen(QColor::fromRgba(*outline));
-        for (const QPoint& offset : kOutline)
-            layout.draw(&painter, place + offset);
-    }
-    painter.setPen(QColor::fromRgba(color));
-    layout.draw(&painter, place);
+    painter.setClipRect(OnScreen(clip));
+    const QPoint place = OnScreen(TwipsRect{left, top, 0, 0}).topLeft();
+    DrawOutlined(painter, outline, color,
+                 [&](const QPoint& offset) { layout.draw(&painter, place + offset); });
 }
 
 void DrawingSurface::FillRect(Argb color, const TwipsRect& rect) {
     QPainter painter;
     if (Begin(painter, image_, mode_))
-        painter.fillRect(ToPixels(rect), QColor::fromRgba(color));
+        painter.fillRect(OnScreen(rect), QColor::fromRgba(color));
+}
+
+void DrawingSurface::DrawOutline(Argb color, const TwipsRect& rect) {
+    QPainter painter;
+    if (!Begin(painter, image_, mode_))
+        return;
+    const QRect outer = OnScreen(rect);
+    const int line = DeviceLength(1, ratio_);
+    for (const QRect& side : {QRect(outer.left(), outer.top(), outer.width(), line),
+                              QRect(outer.left(), outer.bottom() + 1 - line, outer.width(), line),
+                              QRect(outer.left(), outer.top(), line, outer.height()),
+                              QRect(outer.right() + 1 - line, outer.top(), line, outer.height())})
+        painter.fillRect(side, QColor::fromRgba(color));
 }
 
 void DrawingSurface::ClearRect(const TwipsRect& rect) {

@@ -27,22 +27,18 @@ TwipsRect PartOf(const TwipsRect& box, const TwipsRect& part) {
             PixelsToTwips(bottom - top + 1)};
 }
 
-void DrawOutline(DrawingSurface& surface, const TwipsRect& rect, Argb color) {
-    const int line = kTwipsPerPixel;
-    surface.FillRect(color, {rect.Left, rect.Top, rect.Width, line});
-    surface.FillRect(color, {rect.Left, rect.Bottom() - line, rect.Width, line});
-    surface.FillRect(color, {rect.Left, rect.Top, line, rect.Height});
-    surface.FillRect(color, {rect.Right() - line, rect.Top, line, rect.Height});
-}
-
 void DrawBar(DrawingSurface& surface, const TwipsRect& box, const DriveInfo& info, const ThemeState& theme) {
     if (info.TotalBytes != 0 && info.FreeBytes != 0) {
         const double share = std::min(double(info.FreeBytes) / double(info.TotalBytes), 1.0);
         TwipsRect fill = kBarFill;
         fill.Width = int(fill.Width * share);
-        surface.FillRect(ColorToArgb(theme.DriveBarFreeColor, 255), PartOf(box, fill));
+        // It begins under the outline, which is drawn over it, so that no gap is left at any ratio.
+        const TwipsRect shown = PartOf(box, fill);
+        const int top = PartOf(box, kBarOutline).Top;
+        surface.FillRect(ColorToArgb(theme.DriveBarFreeColor, 255),
+                         {shown.Left, top, shown.Width, shown.Bottom() - top});
     }
-    DrawOutline(surface, PartOf(box, kBarOutline), ColorToArgb(theme.DriveBarBorderColor, 255));
+    surface.DrawOutline(ColorToArgb(theme.DriveBarBorderColor, 255), PartOf(box, kBarOutline));
 }
 
 } // namespace
@@ -85,6 +81,7 @@ void DrawDrive(DrawingSurface& surface, const PlacedDrive& button, const DriveIn
     font.EmSize = PrintedPixelSize(kTextSize);
     font.Bold = true;
     font.AntiAlias = false;
+    font.SmoothOnceLarge = true;
     const TwipsRect& box = button.Box;
     const auto print = [&](const QString& text, int top, const SkinColor& color) {
         surface.PrintLine(text, box.Left, box.Top + top, box, font, ColorToArgb(color.Color, 255));

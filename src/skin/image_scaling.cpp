@@ -75,4 +75,10 @@ QImage ScalePart(const QImage& picture, const QRect& part, const QSize& target) 
     return Grow(source, spread, target);
 }
 
+QImage Resample(const QImage& picture, const QRect& part, const QSize& target) {
+    return picture.copy(part)
+        .scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
 } // namespace paneda

@@ -12,4 +12,8 @@ namespace paneda {
 // averaged. Null if the part or the size is empty. The picture is premultiplied ARGB.
 QImage ScalePart(const QImage& picture, const QRect& part, const QSize& target);
 
+// A part of a picture at another density: the middle of each target pixel is taken from the same place of the
+// part, so that nothing moves to one side. What lies outside the part does not show.
+QImage Resample(const QImage& picture, const QRect& part, const QSize& target);
+
 } // namespace paneda

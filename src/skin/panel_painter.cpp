@@ -38,7 +38,7 @@ PanelPainter::PanelPainter(PanelScene scene, PaintTools& tools, ButtonSources& s
 const QImage& PanelPainter::PaintFrame() {
     if (!paintedFrame_.isNull())
         return paintedFrame_;
-    DrawingSurface surface(QSize(TwipsToPixels(window_.Width), TwipsToPixels(window_.Height)));
+    DrawingSurface surface(QSize(TwipsToPixels(window_.Width), TwipsToPixels(window_.Height)), scene_.Ratio);
     PaintEdges(surface);
     PaintCorners(surface);
     PaintCentres(surface);
@@ -86,7 +86,7 @@ void PanelPainter::PaintBottom(DrawingSurface& surface) {
 }
 
 QImage PanelPainter::PaintBase(int category) {
-    DrawingSurface surface(PaintFrame());
+    DrawingSurface surface(PaintFrame(), scene_.Ratio);
     // The window of the tree is seen through the panel's.
     if (scene_.Catalogue[std::size_t(category)].IsTree())
         surface.ClearRect(frame_.Inner);

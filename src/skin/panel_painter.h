@@ -15,11 +15,12 @@ struct PanelScene {
     const CatalogueList& Catalogue;
     const PanelGeometry& Geometry; // of that catalogue
     const PieceSizes& Sizes;
-    QImage Logo; // null for none
+    DensePicture Logo;          // null for none
+    double Ratio = kLeastRatio; // of the screen
 };
 
-// Composes the picture of the window for each category, as it looks with that category opened. What has no
-// room above the bars is left out.
+// Composes the picture of the window for each category, as it looks with that category opened, in the
+// screen's pixels. What has no room above the bars is left out.
 class PanelPainter {
 public:
     PanelPainter(PanelScene scene, PaintTools& tools, ButtonSources& sources);

@@ -2,6 +2,7 @@
 
 #include "core/store/names.h"
 #include "core/store/style_code.h"
+#include "skin/device_pixels.h"
 
 #include <QFont>
 #include <QFontMetrics>
@@ -41,8 +42,8 @@ constexpr QRgb kLine = 0xFF1F242A;
 class PlainPainter {
 public:
     PlainPainter(QPainter& painter, const CatalogueList& catalogue, const PanelGeometry& geometry,
-                 const ButtonIconSource& icons)
-        : painter_(painter), catalogue_(catalogue), geometry_(geometry), icons_(icons) {}
+                 const ButtonIconSource& icons, double ratio)
+        : painter_(painter), catalogue_(catalogue), geometry_(geometry), icons_(icons), ratio_(ratio) {}
 
     void Frame() {
         const QRect all = ToPixels({0, 0, geometry_.PanelWidth, geometry_.PanelHeight});
@@ -68,7 +69,7 @@ public:
         const ButtonStyle style = DecodeStyle(button.Style);
         painter_.fillRect(rect, QColor::fromRgb(kButton));
         const QRect icon = IconRect(rect, style, button.Style.isEmpty());
-        const QImage picture = icon.isEmpty() ? QImage() : icons_(button, icon.width());
+        const QImage picture = icon.isEmpty() ? QImage() : icons_(button, DeviceLength(icon.width(), ratio_));
         if (!picture.isNull())
             painter_.drawImage(icon, picture);
         if (style.LabelOn || picture.isNull())
@@ -144,6 +145,7 @@ private:
     const CatalogueList& catalogue_;
     const PanelGeometry& geometry_;
     const ButtonIconSource& icons_;
+    double ratio_;
 };
 
 } // namespace
@@ -163,12 +165,13 @@ PlainChrome PlainChromeOf(const PanelGeometry& geometry) {
 }
 
 QImage PaintPlainPanel(const CatalogueList& catalogue, const PanelGeometry& geometry,
-                       const OpenedCategory& opened, const ButtonIconSource& icons) {
-    QImage picture(std::max(TwipsToPixels(geometry.PanelWidth), 1),
-                   std::max(TwipsToPixels(geometry.PanelHeight), 1), QImage::Format_ARGB32_Premultiplied);
+                       const OpenedCategory& opened, const ButtonIconSource& icons, double ratio) {
+    const QSize window(TwipsToPixels(geometry.PanelWidth), TwipsToPixels(geometry.PanelHeight));
+    QImage picture(DeviceSize(window.expandedTo({1, 1}), ratio), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    PlainPainter plain(painter, catalogue, geometry, icons);
+    PlainPainter plain(painter, catalogue, geometry, icons, ratio);
     plain.Frame();
     if (opened.Index >= 0) {
         const auto index = std::size_t(opened.Index);

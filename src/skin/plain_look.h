@@ -23,11 +23,12 @@ struct PlainChrome {
 
 PlainChrome PlainChromeOf(const PanelGeometry& geometry);
 
-// Gives a button's icon at a size in pixels; a null image for none.
+// Gives a button's icon at a size in pixels of the screen; a null image for none.
 using ButtonIconSource = std::function<QImage(const ButtonEntry&, int pixels)>;
 
-// The whole panel with one category opened, of the window's pixel size.
+// The whole panel with one category opened, as large as the window, for a screen of that ratio
+// (skin/device_pixels.h), which is the picture's devicePixelRatio().
 QImage PaintPlainPanel(const CatalogueList& catalogue, const PanelGeometry& geometry,
-                       const OpenedCategory& opened, const ButtonIconSource& icons);
+                       const OpenedCategory& opened, const ButtonIconSource& icons, double ratio = 1);
 
 } // namespace paneda

@@ -1,8 +1,11 @@
 #include "skin/skin_pictures.h"
 
+#include "skin/folder_names.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace paneda {
@@ -23,6 +26,78 @@ tl::expected<QSize, PictureError> MeasureWithin(const QFileInfo& file, qint64& b
     return MeasurePicture(file.filePath());
 }
 
+class Survey {
+public:
+    Survey(const ThemeState& theme, double ratio) : theme_(theme), ratio_(ratio) {}
+
+    PieceSurvey Run() {
+        for (const QString& name : PieceFiles(theme_.Pieces)) {
+            if (const auto size = Measure(name))
+                pieces_.push_back({name, *size});
+        }
+        if (ratio_ > kLeastRatio)
+            FindDenser();
+        const QHash<QString, QSize> usable = PiecesWithinLimit(pieces_);
+        for (const PieceFacts& piece : pieces_) {
+            if (!usable.contains(piece.Name))
+                LeaveOut(piece.Name,
+                         QStringLiteral("The skin's pictures have more than %1 million pixels in all.")
+                             .arg(kMaxSkinPixels / 1'000'000));
+        }
+        found_.Denser.removeIf([&usable](const auto& entry) { return !usable.contains(entry->Name); });
+        found_.Usable = usable;
+        return found_;
+    }
+
+private:
+    // No value for a file that does not exist, and for one that is left out.
+    std::optional<QSize> Measure(const QString& name) {
+        const QFileInfo file(theme_.PathOf(name));
+        if (!file.exists())
+            return std::nullopt;
+        const auto size = MeasureWithin(file, bytes_);
+        if (size)
+            return *size;
+        found_.LeftOut.push_back(size.error());
+        return std::nullopt;
+    }
+
+    void FindDenser() {
+        const FolderNames folder(theme_.SkinPath);
+        const std::vector<PieceFacts> pieces = pieces_;
+        for (const PieceFacts& piece : pieces) {
+            const QString stem = piece.Name.left(piece.Name.lastIndexOf(u'.'));
+            for (const DenserFile& wanted : DenserNames(stem, ratio_)) {
+                const DenserFile file{PickPieceFile(wanted.Name, folder), wanted.Density};
+                const auto size = Measure(file.Name);
+                if (!size)
+                    continue;
+                if (*size != piece.Size * file.Density) {
+                    LeaveOut(file.Name,
+                             QStringLiteral("The picture does not have exactly %1 times the width and "
+                                            "height of %2.")
+                                 .arg(file.Density)
+                                 .arg(piece.Name));
+                    continue;
+                }
+                pieces_.push_back({file.Name, *size});
+                found_.Denser.insert(piece.Name, file);
+                break;
+            }
+        }
+    }
+
+    void LeaveOut(const QString& name, const QString& reason) {
+        found_.LeftOut.push_back({theme_.PathOf(name), reason});
+    }
+
+    const ThemeState& theme_;
+    double ratio_;
+    qint64 bytes_ = 0;
+    std::vector<PieceFacts> pieces_;
+    PieceSurvey found_;
+};
+
 } // namespace
 
 QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces) {
@@ -42,47 +117,51 @@ QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces) {
     return usable;
 }
 
-PieceSurvey SurveyPieces(const ThemeState& theme) {
-    PieceSurvey survey;
-    std::vector<PieceFacts> pieces;
-    qint64 bytes = 0;
-    for (const QString& name : PieceFiles(theme.Pieces)) {
-        const QFileInfo file(theme.PathOf(name));
-        if (!file.exists())
-            continue;
-        const auto size = MeasureWithin(file, bytes);
-        if (size)
-            pieces.push_back({name, *size});
-        else
-            survey.LeftOut.push_back(size.error());
-    }
-    survey.Usable = PiecesWithinLimit(pieces);
-    for (const PieceFacts& piece : pieces) {
-        if (!survey.Usable.contains(piece.Name))
-            survey.LeftOut.push_back(
-                {theme.PathOf(piece.Name),
-                 QStringLiteral("The skin's pictures have more than %1 million pixels in all.")
-                     .arg(kMaxSkinPixels / 1'000'000)});
-    }
-    return survey;
+std::vector<DenserFile> DenserNames(const QString& stem, double ratio) {
+    if (ratio <= kLeastRatio)
+        return {};
+    std::vector<DenserFile> files{{stem + QStringLiteral("@2x"), 2}, {stem + QStringLiteral("@3x"), 3}};
+    // Scaled down a picture stays sharp, scaled up it does not.
+    if (ratio > 2)
+        std::swap(files.front(), files.back());
+    return files;
 }
 
-SkinPictures::SkinPictures(const ThemeState& theme, const QSize& room, TickSource ticks)
-    : theme_(theme), room_(room), time_{kMaxSkinTime, std::move(ticks)} {}
+DensePicture LoadOwnPicture(const QString& path, double ratio) {
+    const QString extension = QStringLiteral(".png");
+    std::vector<DenserFile> files = DenserNames(path.chopped(extension.size()), ratio);
+    files.push_back({path.chopped(extension.size()), 1});
+    for (const DenserFile& file : files) {
+        QImage picture(file.Name + extension);
+        if (picture.isNull())
+            continue;
+        // Qt knows some of these names and sets a ratio, by which painters would scale the picture.
+        picture.setDevicePixelRatio(1);
+        return {std::move(picture), double(file.Density)};
+    }
+    return {};
+}
 
-QImage SkinPictures::Get(const QString& name) {
+PieceSurvey SurveyPieces(const ThemeState& theme, double ratio) {
+    return Survey(theme, ratio).Run();
+}
+
+SkinPictures::SkinPictures(const ThemeState& theme, const Canvas& canvas, TickSource ticks)
+    : theme_(theme), canvas_(canvas), time_{kMaxSkinTime, std::move(ticks)} {}
+
+DensePicture SkinPictures::Get(const QString& name) {
     const auto known = pictures_.constFind(name);
     if (known != pictures_.constEnd())
         return *known;
-    const QImage picture = Read(name, room_);
-    if (bytes_ + picture.sizeInBytes() <= kMaxKeptBytes) {
-        bytes_ += picture.sizeInBytes();
+    const DensePicture picture = Read(name, canvas_.Pixels);
+    if (bytes_ + picture.Image.sizeInBytes() <= kMaxKeptBytes) {
+        bytes_ += picture.Image.sizeInBytes();
         pictures_.insert(name, picture);
     }
     return picture;
 }
 
-QImage SkinPictures::GetWhole(const QString& name) {
+DensePicture SkinPictures::GetWhole(const QString& name) {
     return Read(name, {});
 }
 
@@ -90,19 +169,31 @@ std::vector<PictureError> SkinPictures::TakeLeftOut() {
     return std::exchange(survey_.LeftOut, {});
 }
 
-QImage SkinPictures::Read(const QString& name, const QSize& room) {
+DensePicture SkinPictures::Read(const QString& name, const QSize& room) {
     if (!isSurveyed_) {
-        survey_ = SurveyPieces(theme_);
+        survey_ = SurveyPieces(theme_, canvas_.Ratio);
         isSurveyed_ = true;
     }
     if (!survey_.Usable.contains(name))
         return {};
+    if (const auto denser = survey_.Denser.constFind(name); denser != survey_.Denser.constEnd()) {
+        const int density = denser->Density;
+        if (QImage picture = ReadFile(denser->Name, room * density); !picture.isNull())
+            return {std::move(picture), double(density)};
+        survey_.Denser.remove(name);
+    }
+    QImage picture = ReadFile(name, room);
+    if (picture.isNull())
+        survey_.Usable.remove(name);
+    return picture;
+}
+
+QImage SkinPictures::ReadFile(const QString& name, const QSize& room) {
     auto picture = ReadPicture(theme_.PathOf(name), {.Room = room}, time_);
     if (picture)
         return *picture;
     late_ = late_ || picture.error().Late;
     survey_.LeftOut.push_back(picture.error());
-    survey_.Usable.remove(name);
     return {};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "skin/device_pixels.h"
 #include "skin/picture_loader.h"
 #include "skin/theme_state.h"
 
@@ -28,27 +29,44 @@ struct PieceFacts {
 // picture keeps out none of the others.
 QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces);
 
+// A file that shows the same as a piece with more pixels: `top@2x.png` has two for each of `top.png`, on each
+// axis.
+struct DenserFile {
+    QString Name; // in the skin's folder
+    int Density = 2;
+};
+
+// Files that are looked for beside a piece that is shown at this ratio, best first. None at 1.
+std::vector<DenserFile> DenserNames(const QString& stem, double ratio);
+
+// A picture of the program's own for a screen of that ratio: the densest of the files that suit it. Null if
+// it is missing. `path` ends in ".png".
+DensePicture LoadOwnPicture(const QString& path, double ratio);
+
 // A skin's pictures before any is decoded.
 struct PieceSurvey {
-    QHash<QString, QSize> Usable; // by the file's name in the skin's folder, in pixels
+    QHash<QString, QSize> Usable;      // by the file's name in the skin's folder, in pixels
+    QHash<QString, DenserFile> Denser; // by the piece's name: what is drawn instead
     std::vector<PictureError> LeftOut;
 };
 
-// Reads the files of the pieces. One that does not exist is neither usable nor left out.
-PieceSurvey SurveyPieces(const ThemeState& theme);
+// Reads the files of the pieces, and of those that show them at this ratio. One that does not exist is
+// neither usable nor left out.
+PieceSurvey SurveyPieces(const ThemeState& theme, double ratio = kLeastRatio);
 
 // The skin's pictures of one composition, each decoded once. Made for it and dropped after it, so that the
 // next one reads a picture that has changed on disk.
 class SkinPictures {
 public:
-    // Of a picture, what lies beyond `room` (pixels) at the right and below is not kept; empty: all is kept.
-    explicit SkinPictures(const ThemeState& theme, const QSize& room = {}, TickSource ticks = ProcessorTick);
+    // Of a picture, what is larger than the canvas, at the right and below, is not kept.
+    explicit SkinPictures(const ThemeState& theme, const Canvas& canvas = {},
+                          TickSource ticks = ProcessorTick);
 
     // A piece, for drawing tiled or at its own size; null if the skin lacks it, and if it is left out.
-    QImage Get(const QString& name);
+    DensePicture Get(const QString& name);
 
     // A whole piece, which is not kept.
-    QImage GetWhole(const QString& name);
+    DensePicture GetWhole(const QString& name);
 
     // The pictures that have been left out since the last call.
     std::vector<PictureError> TakeLeftOut();
@@ -57,15 +75,16 @@ public:
     bool WasLate() const { return late_; }
 
 private:
-    QImage Read(const QString& name, const QSize& room);
+    DensePicture Read(const QString& name, const QSize& room);
+    QImage ReadFile(const QString& name, const QSize& room);
 
     const ThemeState& theme_;
-    QSize room_;
+    Canvas canvas_;
     bool isSurveyed_ = false;
     PieceSurvey survey_;
     DecodingTime time_;
     bool late_ = false;
-    QHash<QString, QImage> pictures_;
+    QHash<QString, DensePicture> pictures_;
     qint64 bytes_ = 0;
 };
 

@@ -29,6 +29,12 @@ QFont MakeFont(const TextFont& font) {
     return QFont(made, &device);
 }
 
+TextFont AtRatio(TextFont font, double ratio) {
+    font.EmSize *= ratio;
+    font.AntiAlias = font.AntiAlias || (font.SmoothOnceLarge && font.EmSize >= kSmoothFrom);
+    return font;
+}
+
 double MeasureText(const QString& text, const TextFont& font) {
     return QFontMetricsF(MakeFont(font)).horizontalAdvance(text);
 }

@@ -252,7 +252,7 @@ void TestButtonPainter::TellsOfCutLabels() {
     FontChoice fonts;
     const auto cut = [&](const QString& style, const QString& caption) {
         const TwipsRect box{0, 0, ButtonWidthTwips(style, 5), ButtonHeight(style)};
-        return ButtonLabel(DecodeStyle(style), caption, box, theme, fonts).IsCut();
+        return ButtonLabel(DecodeStyle(style), caption, box, theme, fonts).IsCut(1);
     };
     const QString three = QStringLiteral("Text Text Text Text"); // needs more than one line of three units
     for (const char* smooth : {"30213001411", "30213003411"})

@@ -281,9 +281,9 @@ void TestPanelPainter::HugePiecesAreLeftOut() {
     maker.AddPiece("topa", 4096, 10, kTop);
     WriteBytes(maker.PathOf(QStringLiteral("lefta.png")), "damaged");
     const ThemeState theme = maker.Theme();
-    SkinPictures pictures(theme, {200, 300});
-    QCOMPARE(pictures.Get(theme.Pieces.TopA).size(), QSize(200, 10));
-    QVERIFY(pictures.Get(theme.Pieces.LeftA).isNull());
+    SkinPictures pictures(theme, {{200, 300}});
+    QCOMPARE(pictures.Get(theme.Pieces.TopA).Size(), QSize(200, 10));
+    QVERIFY(pictures.Get(theme.Pieces.LeftA).IsNull());
     const auto leftOut = pictures.TakeLeftOut();
     QCOMPARE(leftOut.size(), 1u);
     QVERIFY(leftOut[0].Path.endsWith(u"lefta.png") && !pictures.WasLate());

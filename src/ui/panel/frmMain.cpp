@@ -1,5 +1,6 @@
 #include "ui/panel/frmMain.h"
 
+#include "skin/device_pixels.h"
 #include "ui/panel/plain_panel_look.h"
 #include "ui/panel/screen_metrics.h"
 #include "ui/panel/skin_choice.h"
@@ -86,6 +87,7 @@ void frmMain::LayOut(WindowPlace wanted) {
     geometry_.PanelLeft = place.Left;
     geometry_.PanelTop = place.Top;
     motion_.MoveTo(place);
+    look_->SetRatio(PictureRatio(ScreenAt(services_.WorkAreas, place).Ratio));
     // The cache names the skin that its pictures show. Where the chosen skin cannot be used this is the skin
     // that is shown instead.
     if (!load_.CacheValid || look_->Record() != load_.Cache.Pictures)
@@ -123,9 +125,31 @@ void frmMain::picCategory_Click(int index) {
 
 void frmMain::ShowPicture(const QImage& picture) {
     picture_ = picture;
-    // A click on a transparent pixel belongs to the window below.
-    setMask(ShapeOf(picture_, services_.Compositor.IsActive() ? 1 : kSolidAlpha));
+    ShapeWindow();
     update();
+}
+
+// A click on a transparent pixel belongs to the window below.
+void frmMain::ShapeWindow() {
+    // A window that the system does not have yet gets its shape when it is shown.
+    if (!windowHandle())
+        return;
+    const QSize onScreen = DeviceSize(size(), devicePixelRatioF());
+    const QImage shown = picture_.size() == onScreen ? picture_ : picture_.scaled(onScreen);
+    services_.Compositor.SetShape(*windowHandle(),
+                                  ShapeOf(shown, services_.Compositor.IsActive() ? 1 : kSolidAlpha));
+}
+
+// The panel has come to a screen of another ratio, or its screen has got another one.
+void frmMain::AdoptRatio() {
+    if (unloaded_ || picture_.devicePixelRatio() == PictureRatio(devicePixelRatioF()))
+        return;
+    ShapeWindow();
+    look_->SetRatio(PictureRatio(devicePixelRatioF()));
+    ShowPicture(look_->Picture(opened_.Index));
+    // The files of this ratio may be older than the drives' figures.
+    RefreshDrives();
+    prepare_.start();
 }
 
 void frmMain::AfterFirstPaint() {
@@ -319,7 +343,14 @@ void frmMain::Form_Unload() {
 void frmMain::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.drawImage(0, 0, picture_);
+    if (picture_.devicePixelRatio() == devicePixelRatioF()) {
+        painter.drawImage(0, 0, picture_);
+    } else {
+        // Shown at once, and sharp as soon as it is composed.
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(rect(), picture_);
+        QTimer::singleShot(0, this, &frmMain::AdoptRatio);
+    }
     if (painted_)
         return;
     painted_ = true;
@@ -335,6 +366,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
 bool frmMain::event(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange && waiting_ && !isMinimized())
         FollowStore(*std::exchange(waiting_, std::nullopt));
+    if (event->type() == QEvent::Show)
+        ShapeWindow();
     if (event->type() == QEvent::Leave)
         ForgetToolTip();
     if (event->type() == QEvent::ToolTip) {

@@ -114,6 +114,9 @@ private:
     void HideAgain();
     bool HasRoomForMenu() const;
     void ShowPicture(const QImage& picture);
+    void ShapeWindow();
+    void AdoptRatio();
+    QPoint PixelOf(const QMouseEvent& event) const;
     void AfterFirstPaint();
     void WatchDrives();
     void CheckStore();

@@ -29,7 +29,11 @@ public:
     // Describes the picture files (skin, sizes) for the cache; empty for a look that writes no files.
     virtual PictureRecord Record() const = 0;
 
-    // The panel with this category opened, in the window's size in pixels. -1: no category is opened.
+    // From now on the pictures are those for a screen of this ratio, 1 to 3 (see skin/device_pixels.h).
+    virtual void SetRatio(double ratio) = 0;
+
+    // The panel with this category opened, as large as the window, in the screen's pixels: its
+    // devicePixelRatio() is the ratio. -1: no category is opened.
     virtual QImage Picture(int category) = 0;
 
     // The pieces of the frame, which the user drags the panel by. All areas are in pixels of the window.
@@ -48,7 +52,7 @@ public:
     // The tool tip of a drive button; empty for any other button, and before the drives are read.
     virtual QString DriveTip(int controlIndex) const = 0;
 
-    // Whether a button of this size, in pixels, has no room for all of its label.
+    // Whether a button of this size, in layout pixels, has no room for all of its label.
     virtual bool CutsLabel(const ButtonEntry& button, const QSize& size) = 0;
 
     // The pictures of the skin and of buttons that have been left out since the last call. Some are named

@@ -1,5 +1,7 @@
 #include "ui/panel/frmMain.h"
 
+#include "skin/device_pixels.h"
+
 #include <QCursor>
 #include <QMouseEvent>
 #include <QToolTip>
@@ -47,8 +49,13 @@ QString RichTip(const QString& tip) {
 
 } // namespace
 
+// The layout pixel of what is drawn under the mouse.
+QPoint frmMain::PixelOf(const QMouseEvent& event) const {
+    return LayoutPoint(event.position(), devicePixelRatioF());
+}
+
 void frmMain::mousePressEvent(QMouseEvent* event) {
-    const HitArea area = HitTest(hitAreas_, event->pos());
+    const HitArea area = HitTest(hitAreas_, PixelOf(*event));
     const std::optional<MouseButton> button = MouseButtonOf(event->button());
     pressed_ = button == MouseButton::Left ? area : HitArea();
     // Buttons start their target at the press; bars, headers and signs react to the release.
@@ -70,13 +77,13 @@ void frmMain::mouseMoveEvent(QMouseEvent* event) {
 void frmMain::mouseDoubleClickEvent(QMouseEvent* event) {
     // Qt sends the second press of a double click only here; it counts as a press too.
     mousePressEvent(event);
-    if (HitTest(hitAreas_, event->pos()).What == HitArea::Kind::Frame)
+    if (HitTest(hitAreas_, PixelOf(*event)).What == HitArea::Kind::Frame)
         fun_.Play();
 }
 
 void frmMain::mouseReleaseEvent(QMouseEvent* event) {
     motion_.EndFRDrag();
-    const HitArea area = HitTest(hitAreas_, event->pos());
+    const HitArea area = HitTest(hitAreas_, PixelOf(*event));
     const bool clicked = event->button() == Qt::LeftButton && area == pressed_;
     pressed_ = {};
     if (!clicked)

@@ -19,7 +19,8 @@ void PlainPanelLook::SetGeometry(const PanelGeometry& geometry) {
 QImage PlainPanelLook::Picture(int category) {
     return PaintPlainPanel(
         state_.Catalogue, *geometry_, OpenCategory(*geometry_, category),
-        [this](const ButtonEntry& button, int pixels) { return ButtonIcon(button, pixels, state_, icons_); });
+        [this](const ButtonEntry& button, int pixels) { return ButtonIcon(button, pixels, state_, icons_); },
+        ratio_);
 }
 
 std::vector<QRect> PlainPanelLook::FrameAreas() const {

@@ -15,6 +15,7 @@ public:
     PanelMetrics Metrics() const override;
     void SetGeometry(const PanelGeometry& geometry) override;
     PictureRecord Record() const override { return {}; }
+    void SetRatio(double ratio) override { ratio_ = ratio; }
     QImage Picture(int category) override;
     std::vector<QRect> FrameAreas() const override;
     QRect HideArea() const override;
@@ -32,6 +33,7 @@ private:
     FileIcons& icons_;
     DriveFigures drives_;
     const PanelGeometry* geometry_ = nullptr;
+    double ratio_ = 1;
 };
 
 } // namespace paneda

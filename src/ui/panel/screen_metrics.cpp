@@ -44,7 +44,9 @@ ScreenPlace ScreenAt(WorkAreas& areas, WindowPlace point) {
     if (!screen)
         return {};
     const QRect all = screen->geometry();
-    return {{PixelsToTwips(all.x()), PixelsToTwips(all.y())}, MetricsOf(all, areas.Of(*screen))};
+    return {{PixelsToTwips(all.x()), PixelsToTwips(all.y())},
+            MetricsOf(all, areas.Of(*screen)),
+            screen->devicePixelRatio()};
 }
 
 std::vector<WorkArea> CurrentWorkAreas(WorkAreas& areas) {

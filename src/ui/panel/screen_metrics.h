@@ -16,6 +16,7 @@ ScreenMetrics CurrentScreenMetrics();
 struct ScreenPlace {
     WindowPlace Origin;    // its top left corner on the desktop of all screens
     ScreenMetrics Metrics; // relative to that corner
+    double Ratio = 1;      // device pixels for each layout pixel
 };
 
 // The screen at this point (twips), or the nearest one. All zero without a screen.

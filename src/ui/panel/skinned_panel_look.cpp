@@ -57,6 +57,18 @@ void SkinnedPanelLook::SetGeometry(const PanelGeometry& geometry) {
                        state_.AppPath, LogoFile(theme_),
                        [this, &geometry] { return drives_.Read(geometry); }},
         keeps ? CategoryPictures::Files::Keep : CategoryPictures::Files::Drop);
+    pictures_->SetRatio(ratio_);
+}
+
+void SkinnedPanelLook::SetRatio(double ratio) {
+    ratio_ = ratio;
+    pictures_->SetRatio(ratio);
+}
+
+QImage SkinnedPanelLook::Picture(int category) {
+    QImage picture = pictures_->Picture(category);
+    picture.setDevicePixelRatio(ratio_);
+    return picture;
 }
 
 std::vector<QRect> SkinnedPanelLook::FrameAreas() const {
@@ -89,7 +101,7 @@ void SkinnedPanelLook::RefreshDrives() {
 
 bool SkinnedPanelLook::CutsLabel(const ButtonEntry& button, const QSize& size) {
     const TwipsRect box{0, 0, PixelsToTwips(size.width()), PixelsToTwips(size.height())};
-    return ButtonLabel(DecodeStyle(button.Style), CaptionOf(button), box, theme_, fonts_).IsCut();
+    return ButtonLabel(DecodeStyle(button.Style), CaptionOf(button), box, theme_, fonts_).IsCut(ratio_);
 }
 
 } // namespace paneda

@@ -25,7 +25,8 @@ public:
     PanelMetrics Metrics() const override;
     void SetGeometry(const PanelGeometry& geometry) override;
     PictureRecord Record() const override { return record_; }
-    QImage Picture(int category) override { return pictures_->Picture(category); }
+    void SetRatio(double ratio) override;
+    QImage Picture(int category) override;
     std::vector<QRect> FrameAreas() const override;
     QRect HideArea() const override;
     QRect MenuArea() const override;
@@ -54,6 +55,7 @@ private:
     FileIconSource icons_;
     DriveFigures drives_;
     bool usesFiles_;
+    double ratio_ = kLeastRatio;
     PictureRecord record_;
     FrameGeometry frame_;
     std::unique_ptr<CategoryPictures> pictures_;
