@@ -15,6 +15,9 @@ public:
     // The icon of a target as records hold it (stored form, host path or web address), `pixels` wide and high
     // with alpha. A null image when the desktop has none, or when the target is gone.
     virtual QImage IconOf(const QString& target, const LaunchPaths& paths, int pixels) = 0;
+
+    // What the desktop calls files of this kind ("PNG image"), by the name alone. Empty when it has no word.
+    virtual QString TypeNameOf(const QString& fileName) = 0;
 };
 
 } // namespace paneda

@@ -12,6 +12,7 @@
 #include "platform/outside_request.h"
 #include "platform/pointer.h"
 #include "platform/sound_player.h"
+#include "platform/source_places.h"
 #include "platform/termination.h"
 #include "platform/tray_hosts.h"
 #include "platform/volumes.h"
@@ -30,6 +31,8 @@ struct Platform {
     std::unique_ptr<paneda::Volumes> Volumes;
     std::unique_ptr<paneda::InstanceLock> InstanceLock;
     std::unique_ptr<paneda::FileIcons> FileIcons;
+    // Shared with threads that may wait for a dead disk longer than the window that asked.
+    std::shared_ptr<const paneda::SourcePlaces> SourcePlaces;
     std::unique_ptr<paneda::DriveSpace> DriveSpace;
     std::unique_ptr<paneda::Compositor> Compositor;
     std::unique_ptr<paneda::Hotkey> Hotkey;

@@ -63,6 +63,7 @@ public:
         icon.fill(kColour);
         return icon;
     }
+    QString TypeNameOf(const QString& fileName) override { return QStringLiteral("type of ") + fileName; }
 };
 
 // Volumes by their root.

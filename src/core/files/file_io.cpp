@@ -16,14 +16,18 @@ const QString kTooLarge = QStringLiteral("The file is larger than %1 bytes.");
 
 enum class Wanted { Files, Folders, NoFolders, Everything };
 
+bool HasUsableName(const DiskEntry& entry) {
+    return !entry.Name.isEmpty() && !entry.Name.contains(u'\\') && !entry.Name.startsWith(kUnfinishedPrefix);
+}
+
 bool IsWanted(const DiskEntry& entry, Wanted wanted) {
-    if (entry.Name.isEmpty() || entry.Name.contains(u'\\') || entry.Name.startsWith(kUnfinishedPrefix))
-        return false;
     if (wanted == Wanted::Everything)
-        return true;
+        return HasUsableName(entry);
+    if (!IsListed(entry))
+        return false;
     if (wanted == Wanted::NoFolders)
-        return !entry.Hidden && (entry.Kind == EntryKind::File || entry.Kind == EntryKind::Other);
-    return !entry.Hidden && entry.Kind == (wanted == Wanted::Files ? EntryKind::File : EntryKind::Folder);
+        return entry.Kind == EntryKind::File || entry.Kind == EntryKind::Other;
+    return entry.Kind == (wanted == Wanted::Files ? EntryKind::File : EntryKind::Folder);
 }
 
 QStringList ListNames(const DiskPath& folder, Wanted wanted) {
@@ -39,6 +43,10 @@ QStringList ListNames(const DiskPath& folder, Wanted wanted) {
 }
 
 } // namespace
+
+bool IsListed(const DiskEntry& entry) {
+    return HasUsableName(entry) && !entry.Hidden;
+}
 
 QString FindEntry(const QString& folder, const QString& name) {
     return FindEntry(DiskPath(folder), name).Text();

@@ -60,4 +60,7 @@ QStringList ListFiles(const DiskPath& folder);
 // wants to report what cannot be read.
 QStringList ListNoFolders(const DiskPath& folder);
 
+// Whether a listing of files or folders shows an entry, as far as its name decides.
+bool IsListed(const DiskEntry& entry);
+
 } // namespace paneda

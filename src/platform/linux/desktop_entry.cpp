@@ -35,21 +35,67 @@ QString Unescaped(const QString& value) {
     return result;
 }
 
-void SetKey(DesktopEntry& entry, const QByteArray& key, const QString& value) {
-    if (key == "Type")
-        entry.Type = value;
-    else if (key == "Name")
-        entry.Name = value;
-    else if (key == "Exec")
-        entry.Exec = value;
-    else if (key == "Path")
-        entry.Path = value;
-    else if (key == "Icon")
-        entry.Icon = value;
-    else if (key == "URL")
-        entry.Url = value;
-    else if (key == "Terminal")
-        entry.Terminal = value == u"true";
+// A list of the file format: each text ends with a semicolon, the last one may lack it.
+QStringList ListIn(const QString& value) {
+    return value.split(u';', Qt::SkipEmptyParts);
+}
+
+struct TextKey {
+    const char* Key;
+    QString DesktopEntry::*Value;
+};
+struct ListKey {
+    const char* Key;
+    QStringList DesktopEntry::*Value;
+};
+struct FlagKey {
+    const char* Key;
+    bool DesktopEntry::*Value;
+};
+
+constexpr TextKey kTexts[] = {{"Type", &DesktopEntry::Type},      {"Name", &DesktopEntry::Name},
+                              {"Exec", &DesktopEntry::Exec},      {"Path", &DesktopEntry::Path},
+                              {"Icon", &DesktopEntry::Icon},      {"URL", &DesktopEntry::Url},
+                              {"TryExec", &DesktopEntry::TryExec}};
+constexpr ListKey kLists[] = {{"Categories", &DesktopEntry::Categories},
+                              {"OnlyShowIn", &DesktopEntry::OnlyShowIn},
+                              {"NotShowIn", &DesktopEntry::NotShowIn}};
+constexpr FlagKey kFlags[] = {{"Terminal", &DesktopEntry::Terminal},
+                              {"NoDisplay", &DesktopEntry::NoDisplay},
+                              {"Hidden", &DesktopEntry::Hidden}};
+
+QString TextOf(QByteArrayView value) {
+    return Unescaped(QString::fromUtf8(value));
+}
+
+void SetKey(DesktopEntry& entry, QByteArrayView key, QByteArrayView value) {
+    for (const TextKey& text : kTexts) {
+        if (key == text.Key)
+            entry.*text.Value = TextOf(value);
+    }
+    for (const ListKey& list : kLists) {
+        if (key == list.Key)
+            entry.*list.Value = ListIn(TextOf(value));
+    }
+    for (const FlagKey& flag : kFlags) {
+        if (key == flag.Key)
+            entry.*flag.Value = value == "true";
+    }
+}
+
+// The place of the language in "Name[de]" among the wanted ones; their number for any other key.
+qsizetype RankOf(QByteArrayView key, const QStringList& languages) {
+    const bool isName = key.startsWith("Name[") && key.endsWith(']');
+    const qsizetype rank = isName ? languages.indexOf(QString::fromUtf8(key.sliced(5).chopped(1))) : -1;
+    return rank < 0 ? languages.size() : rank;
+}
+
+// Cuts the first line off, without its end and without blanks around it.
+QByteArrayView TakeLine(QByteArrayView& rest) {
+    const qsizetype end = rest.indexOf('\n');
+    const QByteArrayView line = end < 0 ? rest : rest.first(end);
+    rest = end < 0 ? QByteArrayView() : rest.sliced(end + 1);
+    return line.trimmed();
 }
 
 // Splits a command line at blanks. Double quotes keep a word together; inside them a backslash escapes the
@@ -112,23 +158,57 @@ QString WithoutCodes(const QString& word) {
 
 } // namespace
 
-DesktopEntry ParseDesktopEntry(const QByteArray& bytes) {
+QStringList EntryLanguages() {
+    QStringList locales;
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (locales.isEmpty() && !qEnvironmentVariableIsEmpty(variable))
+            locales = {qEnvironmentVariable(variable)};
+    }
+    const bool isPlain =
+        locales.isEmpty() || locales[0] == u'C' || locales[0].startsWith(QStringLiteral("C."));
+    if (isPlain)
+        return {};
+    locales = qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts) + locales;
+    QStringList languages;
+    for (const QString& locale : locales) {
+        const QString modifier = locale.contains(u'@') ? u'@' + locale.section(u'@', 1) : QString();
+        const QString country = locale.section(u'@', 0, 0).section(u'.', 0, 0);
+        const QString language = country.section(u'_', 0, 0);
+        languages += {country + modifier, country, language + modifier, language};
+    }
+    languages.removeDuplicates();
+    return languages;
+}
+
+DesktopEntry ParseDesktopEntry(const QByteArray& bytes, const QStringList& languages) {
     DesktopEntry entry;
     bool inGroup = false;
-    for (const QByteArray& raw : bytes.split('\n')) {
-        const QByteArray line = raw.trimmed();
+    qsizetype titleRank = languages.size();
+    // By views: an entry has hundreds of lines, most of them translations of keys that are not used here.
+    for (QByteArrayView rest(bytes); !rest.isEmpty();) {
+        const QByteArrayView line = TakeLine(rest);
         const qsizetype equals = line.indexOf('=');
         if (line.startsWith('['))
             inGroup = line == "[Desktop Entry]";
-        else if (inGroup && equals > 0 && !line.startsWith('#'))
-            SetKey(entry, line.first(equals).trimmed(),
-                   Unescaped(QString::fromUtf8(line.mid(equals + 1).trimmed())));
+        if (!inGroup || equals <= 0 || line.startsWith('#') || line.startsWith('['))
+            continue;
+        const QByteArrayView key = line.first(equals).trimmed();
+        const QByteArrayView value = line.sliced(equals + 1).trimmed();
+        const qsizetype rank = RankOf(key, languages);
+        if (!key.endsWith(']'))
+            SetKey(entry, key, value);
+        if (rank < titleRank) {
+            entry.Title = TextOf(value);
+            titleRank = rank;
+        }
     }
+    if (entry.Title.isEmpty())
+        entry.Title = entry.Name;
     return entry;
 }
 
-DesktopEntry ReadDesktopEntry(const QString& file) {
-    return ParseDesktopEntry(ReadFileBytes(file, kMaxEntryFile).value_or(QByteArray()));
+DesktopEntry ReadDesktopEntry(const QString& file, const QStringList& languages) {
+    return ParseDesktopEntry(ReadFileBytes(file, kMaxEntryFile).value_or(QByteArray()), languages);
 }
 
 QStringList ExpandExec(const DesktopEntry& entry, const QString& entryFile, const QStringList& files) {

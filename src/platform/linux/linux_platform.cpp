@@ -5,6 +5,7 @@
 #include "platform/linux/linux_hotkey.h"
 #include "platform/linux/linux_opener.h"
 #include "platform/linux/linux_pointer.h"
+#include "platform/linux/linux_source_places.h"
 #include "platform/linux/linux_tray_hosts.h"
 #include "platform/linux/linux_work_areas.h"
 #include "platform/linux/mixer_worker.h"
@@ -25,6 +26,7 @@ Platform MakePlatform() {
     platform.Volumes = std::make_unique<MountedVolumes>();
     platform.InstanceLock = std::make_unique<InstanceMark>();
     platform.FileIcons = std::make_unique<ThemeIcons>();
+    platform.SourcePlaces = std::make_unique<LinuxSourcePlaces>();
     platform.DriveSpace = std::make_unique<LinuxVolumeSpace>();
     platform.Compositor = std::make_unique<X11Compositor>();
     platform.Hotkey = MakeHotkey();

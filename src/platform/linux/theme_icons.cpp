@@ -144,4 +144,8 @@ QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, int p
     return icon.isNull() ? QImage() : Sized(icon, pixels);
 }
 
+QString ThemeIcons::TypeNameOf(const QString& fileName) {
+    return QMimeDatabase().mimeTypeForFile(fileName, QMimeDatabase::MatchExtension).comment();
+}
+
 } // namespace paneda

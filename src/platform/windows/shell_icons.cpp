@@ -143,4 +143,11 @@ QImage ShellIcons::IconOf(const QString& target, const LaunchPaths& paths, int p
     return index ? Sized(PictureOf(*index, pixels), pixels) : QImage();
 }
 
+QString ShellIcons::TypeNameOf(const QString& fileName) {
+    SHFILEINFOW info{};
+    const DWORD_PTR known = SHGetFileInfoW(Wide(fileName), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
+                                           SHGFI_TYPENAME | SHGFI_USEFILEATTRIBUTES);
+    return known == 0 ? QString() : QString::fromWCharArray(info.szTypeName);
+}
+
 } // namespace paneda

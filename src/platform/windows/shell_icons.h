@@ -8,6 +8,7 @@ namespace paneda {
 class ShellIcons : public FileIcons {
 public:
     QImage IconOf(const QString& target, const LaunchPaths& paths, int pixels) override;
+    QString TypeNameOf(const QString& fileName) override;
 };
 
 } // namespace paneda

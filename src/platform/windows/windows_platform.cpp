@@ -12,6 +12,7 @@
 #include "platform/windows/session_termination.h"
 #include "platform/windows/shell_icons.h"
 #include "platform/windows/shell_opener.h"
+#include "platform/windows/shell_source_places.h"
 #include "platform/windows/taskbar_tray_hosts.h"
 #include "platform/windows/windows_foreground.h"
 #include "platform/windows/windows_pointer.h"
@@ -25,6 +26,7 @@ Platform MakePlatform() {
     platform.Volumes = std::make_unique<LetterVolumes>();
     platform.InstanceLock = std::make_unique<MutexLock>();
     platform.FileIcons = std::make_unique<ShellIcons>();
+    platform.SourcePlaces = std::make_unique<ShellSourcePlaces>();
     platform.DriveSpace = std::make_unique<WindowsVolumeSpace>();
     platform.Compositor = std::make_unique<LayeredCompositor>();
     platform.Hotkey = std::make_unique<MessageHotkey>();
