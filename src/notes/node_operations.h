@@ -3,7 +3,7 @@
 #include "core/files/file_io.h"
 #include "core/files/ini_text.h"
 #include "core/prompts.h"
-#include "notes/disk_work.h"
+#include "core/files/disk_work.h"
 #include "notes/node_files.h"
 #include "notes/tree_model.h"
 

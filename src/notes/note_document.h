@@ -1,6 +1,6 @@
 #pragma once
 
-#include "notes/disk_work.h"
+#include "core/files/disk_work.h"
 #include "notes/edit_lock.h"
 #include "notes/note_load.h"
 #include "notes/note_save.h"

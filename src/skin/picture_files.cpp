@@ -7,13 +7,9 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <array>
-
 namespace paneda {
 
 namespace {
-
-constexpr std::array<QStringView, 7> kExtensions{u"png", u"jpg", u"jpe", u"jpeg", u"bmp", u"gif", u"ico"};
 
 QString FolderOf(const QString& path) {
     return path.first(path.lastIndexOf(u'/') + 1);
@@ -24,7 +20,7 @@ QString FileNameOf(const QString& path) {
 }
 
 QString FindIn(const FolderNames& names, const QString& stem) {
-    for (const QStringView extension : kExtensions) {
+    for (const QStringView extension : kPictureExtensions) {
         const QString name = names.Find(FileNameOf(stem) + u'.' + extension);
         if (!name.isEmpty())
             return FolderOf(stem) + name;

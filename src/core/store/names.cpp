@@ -3,6 +3,7 @@
 #include "core/prompts.h"
 #include "core/text/text_rules.h"
 
+#include <algorithm>
 #include <array>
 
 namespace paneda {
@@ -89,18 +90,22 @@ QString ButtonCaption(const QString& fileName) {
     return WithoutExtension(StripOrderPrefix(fileName));
 }
 
+QString OrderPrefix(int position) {
+    return QStringLiteral("[%1] ").arg(position, 3, 10, QLatin1Char('0'));
+}
+
 QString NumberedName(int position, const QString& title) {
-    return WithoutLooseEnd(QStringLiteral("[%1] %2").arg(position, 3, 10, QLatin1Char('0')).arg(title));
+    return WithoutLooseEnd(OrderPrefix(position) + title);
+}
+
+QString NumberedFileName(int position, const QString& title, const QString& tag, const QString& extension) {
+    return OrderPrefix(position) + TrimBlanks(title) + QStringLiteral(" [") + tag + QStringLiteral("].") +
+           extension;
 }
 
 bool IsImageExtension(const QString& extension) {
-    static constexpr std::array<QStringView, 7> kPictures{u"PNG", u"ICO",  u"BMP", u"JPG",
-                                                          u"JPE", u"JPEG", u"GIF"};
-    for (const QStringView picture : kPictures) {
-        if (SameName(extension, picture))
-            return true;
-    }
-    return false;
+    return std::any_of(kPictureExtensions.begin(), kPictureExtensions.end(),
+                       [&extension](QStringView picture) { return SameName(extension, picture); });
 }
 
 QString NameProblem(const QString& name, const QStringList& titles, int exceptIndex) {

@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <array>
+
 namespace paneda {
 
 class Prompts;
@@ -41,6 +43,17 @@ QString ButtonCaption(const QString& fileName);
 // "[001] <title>" for position 1: at least three digits, more past 999. Without points and blanks at its end,
 // which not every system keeps.
 QString NumberedName(int position, const QString& title);
+
+// "[001] " for position 1: at least three digits, more past 999.
+QString OrderPrefix(int position);
+
+// "[001] <title> [<tag>].<extension>" for position 1.
+QString NumberedFileName(int position, const QString& title, const QString& tag, const QString& extension);
+
+// The extensions of pictures. Where several pictures have the name of one button, the first in this order
+// counts.
+inline constexpr std::array<QStringView, 7> kPictureExtensions{u"png", u"jpg", u"jpe", u"jpeg",
+                                                               u"bmp", u"gif", u"ico"};
 
 // Whether the extension is that of a picture, which serves as a button's picture and is no button itself.
 bool IsImageExtension(const QString& extension);

@@ -1,0 +1,79 @@
+#include "organiser/store_steps.h"
+
+#include <QUuid>
+
+namespace paneda {
+
+namespace {
+
+constexpr qint64 kLeftoverDays = 1;
+const QString kDeleted = kUnfinishedPrefix + QStringLiteral("deleted-");
+const QString kNew = kUnfinishedPrefix + QStringLiteral("new-");
+
+DiskPath HiddenPath(const DiskPath& folder, const QString& prefix) {
+    return folder / (prefix + QUuid::createUuid().toString(QUuid::Id128));
+}
+
+FileResult RenameFailure(const DiskPath& from, const QString& to, const EntryError& error) {
+    const QString reason = error.Problem == EntryProblem::AlreadyThere
+                               ? QStringLiteral("There is another entry of this name.")
+                               : error.Error.Reason;
+    return Failure(from.Text(), QStringLiteral("It cannot be renamed to \"%1\". ").arg(to) + reason);
+}
+
+} // namespace
+
+FileResult RunRenames(const DiskPath& folder, const Renames& renames) {
+    for (const auto& [from, to] : renames) {
+        const EntryResult renamed = RenameEntry(folder / from, folder / to);
+        if (!renamed)
+            return RenameFailure(folder / from, to, renamed.error());
+    }
+    return {};
+}
+
+FileResult DeleteTree(const DiskPath& path) {
+    RemoveLeftovers(path.Parent());
+    const DiskPath hidden = HiddenPath(path.Parent(), kDeleted);
+    if (const EntryResult renamed = RenameEntry(path, hidden); !renamed) {
+        return renamed.error().Problem == EntryProblem::Missing ? FileResult() : WithoutProblem(renamed);
+    }
+    if (const FileResult removed = RemoveTree(hidden); !removed)
+        return Failure(path.Text(),
+                       QStringLiteral("It no longer shows, but not all of it could be removed. ") +
+                           removed.error().Reason);
+    return {};
+}
+
+FileResult AddFile(const DiskPath& path, const std::function<FileResult(const DiskPath& hidden)>& write) {
+    return WriteHidden(path.Parent(), write, [&path](const DiskPath& hidden) -> FileResult {
+        const EntryResult renamed = RenameEntry(hidden, path);
+        return renamed ? FileResult() : Failure(path.Text(), renamed.error().Error.Reason);
+    });
+}
+
+FileResult WriteHidden(const DiskPath& folder, const std::function<FileResult(const DiskPath& hidden)>& write,
+                       const std::function<FileResult(const DiskPath& hidden)>& place) {
+    RemoveLeftovers(folder);
+    const DiskPath hidden = HiddenPath(folder, kNew);
+    FileResult result = write(hidden);
+    if (result)
+        result = place(hidden);
+    // What cannot be removed now is removed as a leftover.
+    if (!result)
+        (void)RemoveFile(hidden);
+    return result;
+}
+
+void RemoveLeftovers(const DiskPath& folder) {
+    for (const DiskEntry& entry : ListEntries(folder).value_or(std::vector<DiskEntry>())) {
+        const bool isNew = entry.Name.startsWith(kNew);
+        if (!isNew && !entry.Name.startsWith(kDeleted))
+            continue;
+        const DiskPath path = folder / entry.Name;
+        if (!isNew || LookAt(path).Modified.daysTo(QDateTime::currentDateTime()) > kLeftoverDays)
+            (void)RemoveTree(path);
+    }
+}
+
+} // namespace paneda

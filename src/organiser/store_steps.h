@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/files/file_io.h"
+#include "organiser/renumbering.h"
+
+#include <functional>
+
+namespace paneda {
+
+// The steps by which the organiser changes the disk. No step overwrites anything, and a program that is
+// killed in the middle of one leaves what was there, or what should be there, and nothing else that a list
+// shows. The errors name the path and the reason.
+
+// Makes the renames in their order. Stops at the first that fails; those before it stay made.
+FileResult RunRenames(const DiskPath& folder, const Renames& renames);
+
+// Removes a file, or a folder with all that is in it, for good. First it gets a hidden name in the same
+// folder, so that all of it or nothing shows. A missing one is no failure. After a failure it is still there
+// whole, or hidden and partly removed; what is hidden is removed by RemoveLeftovers.
+FileResult DeleteTree(const DiskPath& path);
+
+// Makes a file with a name that must be free. `write` fills a hidden file beside it.
+FileResult AddFile(const DiskPath& path, const std::function<FileResult(const DiskPath& hidden)>& write);
+
+// The same for a file that is put into its place in another way: `place` renames the hidden file.
+FileResult WriteHidden(const DiskPath& folder, const std::function<FileResult(const DiskPath& hidden)>& write,
+                       const std::function<FileResult(const DiskPath& hidden)>& place);
+
+// Removes what killed steps have left in a folder, not in those below it. New files count as left when they
+// are more than a day old. What cannot be removed stays for the next time.
+void RemoveLeftovers(const DiskPath& folder);
+
+} // namespace paneda
