@@ -1,5 +1,6 @@
 """Paneda Black Glass: a slab of smoked glass with a lit azure tab."""
 
+import scrollbar
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
 from raster import Canvas, black, cut, over, rgb, shadow, units_of, white
@@ -139,6 +140,15 @@ def grip(whole, slab):
     return canvas.image()
 
 
+def scroll_pieces():
+    glass = [(0, rgb("5A6472")), (0.48, rgb("3C444F")), (0.52, rgb("2A313A")), (1, rgb("3A4350"))]
+    return scrollbar.skin_pieces(
+        scrollbar.trough(rgb("0D0F13"), rgb("05070A"), white(0.05)),
+        scrollbar.slab(3, glass, rgb("05070A"), white(0.32)),
+        scrollbar.chevron(rgb("AEB9C6"), 2),
+    )
+
+
 def framed(slab):
     """The pieces that differ between the glass and the solid slab."""
     whole = frame(slab)
@@ -160,6 +170,7 @@ def build():
         buttonbig=button(32),
         buttonsmall=button(16),
         **tree_pictures(True, rgb("4FA3F0")),
+        **scroll_pieces(),
     )
     fonts = {
         **title_fonts(size=8, bold=True),

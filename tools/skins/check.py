@@ -4,6 +4,7 @@ import re
 
 from contrast import faults as contrast_faults
 from glyphs import button_rects
+from scrollbar import length_faults
 from skin import EMPTY_KEYS
 from strips import WIDEST
 
@@ -20,7 +21,28 @@ def faults(skin):
     missing += [f"Buttons: {key} is missing" for key in button_rects(0) if key not in skin.settings["Buttons"]]
     if missing:
         return missing
-    return [*size_faults(skin), *seam_faults(skin), *bottom_faults(skin), *setting_faults(skin), *contrast_faults(skin)]
+    result = [*size_faults(skin), *seam_faults(skin), *length_faults(skin.pieces)]
+    return [*result, *bottom_faults(skin), *setting_faults(skin), *contrast_faults(skin)]
+
+
+def finer_faults(skin, finer):
+    """What is wrong with the larger pictures of a skin; `finer` has the skin at other scales."""
+    result = []
+    for scale, large in finer.items():
+        states = [(skin, large)] + [(a, b) for a, b in zip(skin.options, large.options)]
+        for plain, fine in states:
+            result += scaled_size_faults(plain.pieces, fine.pieces, scale)
+        result += [f"at {scale}: {fault}" for fault in [*seam_faults(large), *length_faults(large.pieces)]]
+    return result
+
+
+def scaled_size_faults(plain, fine, scale):
+    result = [f"{name} comes at one scale only" for name in sorted(plain.keys() ^ fine.keys())]
+    for name in sorted(plain.keys() & fine.keys()):
+        wanted = (plain[name].width * scale, plain[name].height * scale)
+        if fine[name].size != wanted:
+            result.append(f"{name} at {scale} is {fine[name].size}, not {wanted}")
+    return result
 
 
 def size_faults(skin):
@@ -71,7 +93,7 @@ def seam_faults(skin):
     p = skin.pieces
     result = []
     for name in ("topa", "bottoma", "group", "category", "categoryactive", "buttonbig", "buttonsmall"):
-        if name in p and p[name].width < WIDEST and has_seam(p[name]):
+        if name in p and p[name].width % WIDEST and has_seam(p[name]):
             result.append(f"{name} shows a seam when tiled across")
     for name in ("lefta", "righta"):
         if has_seam(p[name], down=True):

@@ -3,6 +3,7 @@
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
 from raster import Canvas, black, over, pixels, rgb, shadow, units_of, white
+from scrollbar import chevron, skin_pieces, trough
 from skin import Option, Skin, settings, title_fonts, tree_colours
 from strips import ramp, strip
 
@@ -117,13 +118,26 @@ def button(height):
     return strip(rows + [rgb("AEBDD4")])
 
 
+def scroll_pieces(ink):
+    """A thumb of glaze with the double line of a plate."""
+
+    def thumb(canvas, length):
+        canvas.round_path(2, 1, 12, length - 2, 3)
+        canvas.fade(2, 0, 14, 0, [(0, white(1.0)), (1, rgb("E9EFF8"))])
+        canvas.ctx.fill()
+        canvas.ring(4, 3, 8, length - 6, 1, rgb(ink[0]))
+        canvas.ring(2, 1, 12, length - 2, 3, rgb(ink[1]))
+
+    return skin_pieces(trough(rgb("E3EAF4"), rgb("B9C6DA")), thumb, chevron(rgb(ink[2]), 2))
+
+
 def painted(ink, accent):
     """Every piece that carries ink."""
     pieces = cut_frame(frame(ink), MARGINS)
     start = pieces["topa"].resize(pixels(44, MARGINS.top))
     pieces["bottom"] = bottom_signs(pieces["bottom"], ink)
     pieces.update(top=flower(start, ink), back=back(ink), group=group(ink), categoryactive=inked_tab(ink))
-    pieces.update(tree_pictures(False, rgb(accent)))
+    pieces.update(tree_pictures(False, rgb(accent)), **scroll_pieces(ink))
     return pieces
 
 

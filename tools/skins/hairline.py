@@ -3,6 +3,7 @@
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import HIDE_LEFT, MENU_LEFT, hide_sign, menu_sign, tree_pictures
 from raster import Canvas, hex_of, rgb, units_of
+from scrollbar import chevron, skin_pieces, trough
 from skin import Option, Skin, font_block, settings, title_fonts, tree_colours
 from strips import strip, with_left_end
 
@@ -60,6 +61,13 @@ def button(height, p):
     return strip([p.raised] * (height - 1) + [p.line])
 
 
+def scroll_pieces(p):
+    def thumb(canvas, length):
+        canvas.rect(5, 1, 7, length - 2, p.edge)
+
+    return skin_pieces(trough(p.ground, p.line), thumb, chevron(p.quiet, 1.5))
+
+
 def coloured(p):
     pieces = cut_frame(frame(p), MARGINS)
     pieces["bottom"] = bottom_signs(pieces["bottom"], p)
@@ -71,6 +79,7 @@ def coloured(p):
         buttonbig=button(32, p),
         buttonsmall=button(16, p),
         **tree_pictures(p is NIGHT, p.accent),
+        **scroll_pieces(p),
     )
     return pieces
 

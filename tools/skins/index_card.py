@@ -3,6 +3,7 @@
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
 from raster import Canvas, black, cut, mix, over, rgb, shadow, tiled, units_of, white
+from scrollbar import chevron, skin_pieces, slab, trough
 from skin import Option, Skin, settings, title_fonts, tree_colours
 from strips import ramp, strip
 from texture import paper
@@ -102,12 +103,19 @@ def button(height):
     return strip(rows + [rgb("DDD2B6"), rgb("C9BB97")])
 
 
+def scroll_pieces(tone):
+    """The thumb is a tab of the folder."""
+    edge = mix(rgb(tone), rgb("4A3410"), 0.5)
+    card = [(0, rgb(tone)), (1, mix(rgb(tone), edge, 0.12))]
+    return skin_pieces(trough(rgb("EFE8D4"), rgb("CDBF9A")), slab(2, card, edge, white(0.5)), chevron(rgb(INK), 1.75))
+
+
 def foldered(tone):
     """Every piece that carries the folder's colour."""
     pieces = cut_frame(frame(tone), MARGINS, tile=PERIOD)
     pieces["top"] = tape(cut(pieces["topa"], 0, 0, 54, MARGINS.top))
     pieces["bottom"] = stamped_signs(pieces["bottom"])
-    pieces.update(category=divider(tone), categoryactive=open_card(tone))
+    pieces.update(category=divider(tone), categoryactive=open_card(tone), **scroll_pieces(tone))
     return pieces
 
 

@@ -3,6 +3,7 @@
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import HIDE_LEFT, MENU_LEFT, hide_sign, menu_sign, tree_pictures
 from raster import BLACK, Canvas, hex_of, mix, rgb, units_of
+from scrollbar import skin_pieces, triangle
 from skin import Option, Skin, font_block, settings, title_fonts, tree_colours
 from strips import strip, with_left_end
 
@@ -58,6 +59,16 @@ def button(height, palette):
     return strip([palette.plate] * height)
 
 
+def scroll_pieces(palette):
+    def ground(canvas):
+        canvas.rect(0, 0, 16, 16, palette.plate)
+
+    def thumb(canvas, length):
+        canvas.rect(3, 1, 10, length - 2, palette.bar)
+
+    return skin_pieces(ground, thumb, triangle(palette.deep))
+
+
 def coloured(palette):
     pieces = cut_frame(frame(palette), MARGINS)
     pieces["bottom"] = bottom_signs(pieces["bottom"], palette)
@@ -68,6 +79,7 @@ def coloured(palette):
         categoryactive=active_tab(palette),
         buttonbig=button(32, palette),
         buttonsmall=button(16, palette),
+        **scroll_pieces(palette),
     )
     return pieces
 

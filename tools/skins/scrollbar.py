@@ -58,6 +58,32 @@ def skin_pieces(paint_ground, paint_thumb, sign):
     }
 
 
+def slab(radius, stops, line, inner):
+    """A thumb with a line round it and a lighter one within; the stops of its colour run from left to right."""
+
+    def paint(canvas, length):
+        rect = (2, 1, WIDTH - 4, length - 2)
+        canvas.round_path(*rect, radius)
+        canvas.fade(2, 0, WIDTH - 2, 0, stops)
+        canvas.ctx.fill()
+        canvas.ring(3, 2, WIDTH - 6, length - 4, radius - 1, inner)
+        canvas.ring(*rect, radius, line)
+
+    return paint
+
+
+def trough(colour, line, far=None):
+    """A ground with a line at its left, where it borders on the tree, and perhaps another at its right."""
+
+    def paint(canvas):
+        canvas.rect(0, 0, WIDTH, WIDTH, colour)
+        canvas.rect(0, 0, 1, WIDTH, line)
+        if far:
+            canvas.rect(WIDTH - 1, 0, 1, WIDTH, far)
+
+    return paint
+
+
 def plain_pictures():
     """The built-in bar: greys that are seen on a dark and on a light ground, upright and lying."""
 

@@ -14,12 +14,13 @@ import hairline
 import index_card
 import meridian
 import walnut
-from check import faults, has_seam, logo_faults
+from check import faults, finer_faults, has_seam, logo_faults
 from compose import Packer
 from contrast import measured, ratio
 from drawing import lay
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH
 from logo import all_logos
+from raster import drawn_at, pixels
 from skin import original_option
 from store import write_skin
 from strips import strip
@@ -80,6 +81,17 @@ class Checks(unittest.TestCase):
         self.assertEqual(logo_faults(right, all_logos()), ["the logo covers the menu button"])
         self.assertEqual(logo_faults(low, all_logos()), ["the logo reaches below the bottom piece"])
 
+    def test_larger_pictures_have_the_size_of_their_scale(self):
+        with drawn_at(2):
+            finer = {2: hairline.build()}
+        self.assertEqual(finer_faults(SKINS[2], finer), [])
+        finer[2].pieces["top"] = finer[2].pieces["topa"] = finer[2].pieces["topa"].crop((0, 0, 15, 8))
+        finer[2].pieces["scrollthumb"] = across(32, 48).transpose(5)
+        wanted = ["top comes at one scale only", "scrollthumb changes along its length", "topa at 2 is (15, 8)"]
+        lines = finer_faults(SKINS[2], finer)
+        for words in wanted:
+            self.assertTrue(any(words in line for line in lines), lines)
+
     def test_seams(self):
         self.assertFalse(has_seam(strip([(9, 9, 9, 1.0)] * 4)))
         self.assertTrue(has_seam(across(64, 8)))
@@ -88,16 +100,21 @@ class Checks(unittest.TestCase):
 
 class Frames(unittest.TestCase):
     def test_pieces_put_together_give_the_whole_frame_again(self):
+        for scale in (1, 2):
+            with drawn_at(scale):
+                self.check_frames()
+
+    def check_frames(self):
         wholes = {
-            "Paneda Black Glass": black_glass.frame(black_glass.GLASS),
-            "Delft Porcelain": delft.frame(delft.COBALT),
-            "Hairline": hairline.frame(hairline.NIGHT),
-            "Index Card": index_card.frame(index_card.MANILA),
-            "Meridian": meridian.frame(meridian.PETROL),
-            "Walnut Drawer": walnut.frame(),
+            black_glass: lambda: black_glass.frame(black_glass.GLASS),
+            delft: lambda: delft.frame(delft.COBALT),
+            hairline: lambda: hairline.frame(hairline.NIGHT),
+            index_card: lambda: index_card.frame(index_card.MANILA),
+            meridian: lambda: meridian.frame(meridian.PETROL),
+            walnut: walnut.frame,
         }
-        for skin in SKINS:
-            p, w, h = skin.pieces, NOMINAL_WIDTH, NOMINAL_HEIGHT
+        for module, frame in wholes.items():
+            p, (w, h) = module.build().pieces, pixels(NOMINAL_WIDTH, NOMINAL_HEIGHT)
             left, top, tall, foot = p["lefta"].width, p["topa"].height, p["topleft"].height, p["bottom"].height
             put = Image.new("RGBA", (w, h), (0, 0, 0, 0))
             lay(put, p["topa"], left, 0, w - 2 * left, top)
@@ -106,11 +123,11 @@ class Frames(unittest.TestCase):
                 lay(put, p[name + "a"], x, tall, left, h - tall - foot)
                 lay(put, p["top" + name], x, 0)
                 lay(put, p["bottom" + name], x, h - foot)
-            whole = wholes[skin.name].copy()
+            whole = frame()
             inner = (left, top, w - left, h - foot)
             for picture in (put, whole):
                 picture.paste((0, 0, 0, 0), inner)
-            with self.subTest(skin.name):
+            with self.subTest(module.NAME):
                 # The soft shadow alone may still change a little beyond its corner.
                 most = max(high for _, high in ImageChops.difference(put, whole).getextrema())
                 self.assertLessEqual(most, 4)
@@ -143,9 +160,13 @@ class Folders(unittest.TestCase):
     def test_two_runs_write_the_same_bytes(self):
         with tempfile.TemporaryDirectory() as one, tempfile.TemporaryDirectory() as two:
             for root in (one, two):
-                write_skin(root, meridian.build(), all_logos())
+                with drawn_at(2):
+                    finer = {2: meridian.build()}
+                write_skin(root, meridian.build(), all_logos(), finer)
             names = [os.path.relpath(os.path.join(d, f), one) for d, _, files in os.walk(one) for f in files]
-            self.assertIn(os.path.join("Meridian", "Bare Buttons", "DELETE buttonbig.png.txt"), names)
+            for name in ("buttonbig.png", "buttonbig@2x.png"):
+                self.assertIn(os.path.join("Meridian", name), names)
+                self.assertIn(os.path.join("Meridian", "Bare Buttons", f"DELETE {name}.txt"), names)
             self.assertEqual(filecmp.cmpfiles(one, two, names, shallow=False), (names, [], []))
             with open(os.path.join(one, "Meridian", "skin.ini"), "rb") as file:
                 text = file.read()

@@ -5,6 +5,7 @@ import cairo
 from frame import BOTTOM_WIDTH, NOMINAL_HEIGHT, NOMINAL_WIDTH, Margins, cut_frame
 from glyphs import BUTTON, HIDE_LEFT, MENU_LEFT, down_sign, menu_sign, tree_pictures
 from raster import Canvas, black, cut, over, rgb, shadow, tiled, units_of, white
+from scrollbar import chevron, skin_pieces, slab, trough
 from skin import Option, Skin, settings, title_fonts, tree_colours
 from strips import ramp, strip
 from texture import cloth, turned, wood
@@ -88,8 +89,11 @@ def _foot(canvas, w, h):
     canvas.rect(0, top + 1, w, 1, rgb("D9AE7C", 0.35))
 
 
+BRASS = [(0, rgb("F3DE9C")), (0.45, rgb("D4B057")), (0.55, rgb("C49C42")), (1, rgb("D9B863"))]
+
+
 def _brass(canvas, top, bottom):
-    canvas.fade(0, top, 0, bottom, [(0, rgb("F3DE9C")), (0.45, rgb("D4B057")), (0.55, rgb("C49C42")), (1, rgb("D9B863"))])
+    canvas.fade(0, top, 0, bottom, BRASS)
 
 
 def plaque(piece):
@@ -157,6 +161,12 @@ def button(height):
     return strip([black(0.50), black(0.36)] + ramp(black(0.28), black(0.20), height - 3) + [white(0.16)])
 
 
+def scroll_pieces():
+    """A groove in the felt with a slider of brass."""
+    groove = trough(black(0.34), black(0.5), white(0.10))
+    return skin_pieces(groove, slab(3, BRASS, rgb("4A300A"), rgb("FFF3C4", 0.5)), chevron(rgb("D9B863"), 2))
+
+
 def felt(tone):
     return cloth(128, rgb(tone), 17, 11)
 
@@ -173,6 +183,7 @@ def build():
         buttonbig=button(32),
         buttonsmall=button(16),
         **tree_pictures(True, rgb("D9B863")),
+        **scroll_pieces(),
     )
     fonts = {
         **title_fonts(size=8, bold=True),
