@@ -14,7 +14,7 @@
 
 namespace paneda {
 
-// What a skin may ask for. The largest one that is installed with the program has 92,000 pixels.
+// What a skin may ask for. Of those installed with the program the largest has 660,000 pixels.
 inline constexpr qint64 kMaxSkinPixels = 64'000'000;              // of all its pictures
 inline constexpr qint64 kMaxSkinBytes = qint64(64) * 1024 * 1024; // of all its pictures' files
 inline constexpr quint32 kMaxSkinTime = 1000; // milliseconds for decoding all pictures of one composition

@@ -32,7 +32,7 @@ def script(name):
 class Layouts(unittest.TestCase):
     def test_sizes_are_multiples_of_hand_made_ones(self):
         found = {size: base_of(size) for size in SIZES + app_icon.SIZES}
-        self.assertEqual(found, {16: 16, 22: 22, 24: 24, 32: 16, 48: 24, 64: 16, 128: 16, 256: 16})
+        self.assertEqual(found, {16: 16, 22: 22, 24: 24, 32: 16, 44: 22, 48: 24, 64: 16, 66: 22, 72: 24, 96: 24, 128: 16, 256: 16})
         self.assertRaises(ValueError, base_of, 20)
         self.assertEqual(fitted({16: (1, 0.5)}, 64), (4, 2))
 

@@ -7,7 +7,8 @@ import emblem_icons
 import things
 from surface import Canvas
 
-SIZES = (16, 22, 24, 32, 48)
+# What trays ask for at one, two and three times their height of 16, 22 or 24; those between come scaled down.
+SIZES = (16, 22, 24, 32, 44, 48, 64, 66, 72, 96)
 BOTH = ("dark", "light")
 
 

@@ -7,7 +7,7 @@ namespace paneda {
 namespace {
 
 constexpr int kMaxTip = 64; // characters; older versions of Windows take no more
-constexpr int kSizes[] = {16, 22, 24, 32, 48};
+constexpr int kSizes[] = {16, 22, 24, 32, 44, 48, 64, 66, 72, 96}; // pixels
 
 } // namespace
 
