@@ -143,7 +143,8 @@ void tst_start_plan::targets_data() {
     // Start folders.
     row("start folder", "@/app/tool", "", "@/home", "@/app/tool() in @/home own");
     row("address", "HTTPS://a/b?c=d e", "x", R"(HTTPS://a/)", "@/bin/xdg-open(HTTPS://a/b?c=d%20e)");
-    row("address of a program", "tool:a b", "", "", "@/bin/xdg-open(tool:a b)");
+    row("address of a program", "tool:a \"b", "", "", "@/bin/xdg-open(tool:a%20%22b)");
+    row("no address", "tool:a\x01", "", "", "The address holds characters that no address has.");
 }
 
 void tst_start_plan::targets() {

@@ -147,8 +147,9 @@ void tst_windows_shell::plans() {
         return QStringList{call.Verb, call.File, call.Parameters, call.Folder}.join(u'|');
     };
     for (const QString& target :
-         {u"http://a.example/x?y=1"_s, u"::{20D04FE0}"_s, u"\\\\server\\share\\x.exe"_s})
+         {u"http://a.example/x?y=1"_s, u"shell:a b"_s, u"::{20D04FE0}"_s, u"\\\\server\\share\\x.exe"_s})
         QCOMPARE(plan(LaunchRequest::Action::OpenTarget, target), u"|%1|1|"_s.arg(target));
+    QCOMPARE(plan(LaunchRequest::Action::OpenTarget, u"tool:a \"b"_s), u"|tool:a%20%22b|1|"_s);
     QCOMPARE(plan(LaunchRequest::Action::OpenBrowser, u"firefox.exe"_s), u"open|firefox.exe|\"1\"|"_s);
     QCOMPARE(plan(LaunchRequest::Action::Nothing, u"x"_s), u"|||"_s);
 }

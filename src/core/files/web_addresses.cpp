@@ -44,6 +44,15 @@ bool HasControls(const QString& text) {
                        [](QChar c) { return c.category() == QChar::Other_Control; });
 }
 
+tl::expected<QString, QString> CheckedWord(const QString& text) {
+    const QString word = AsOneWord(TrimBlanks(text));
+    if (word.isEmpty())
+        return tl::make_unexpected(QStringLiteral("It holds no address. Give it one."));
+    if (HasControls(text))
+        return tl::make_unexpected(QStringLiteral("The address holds characters that no address has."));
+    return word;
+}
+
 // Whether a file address names what a browser shows and no system runs.
 bool IsShownFile(const QString& address) {
     static const QStringList kShown{QStringLiteral("htm"), QStringLiteral("html"), QStringLiteral("xhtml"),
@@ -101,11 +110,10 @@ bool IsAddress(const QString& text) {
 }
 
 tl::expected<QString, QString> BrowserAddress(const QString& text) {
-    const QString address = AsOneWord(TrimBlanks(text));
-    if (address.isEmpty())
-        return tl::make_unexpected(QStringLiteral("It holds no address. Give it one."));
-    if (HasControls(text))
-        return tl::make_unexpected(QStringLiteral("The address holds characters that no address has."));
+    const auto word = CheckedWord(text);
+    if (!word)
+        return word;
+    const QString& address = *word;
     const qsizetype at = EndOfScheme(address);
     const QString scheme = address.first(at).toLower();
     const QString rest = address.sliced(at);
@@ -122,6 +130,11 @@ tl::expected<QString, QString> BrowserAddress(const QString& text) {
         return QStringLiteral("http://") + address;
     return Refused(address, QStringLiteral("is no address for a browser. It has to begin with http://, "
                                            "https://, ftp://, mailto:, file:// or the name of a host."));
+}
+
+tl::expected<QString, QString> AddressOfAnyScheme(const QString& text) {
+    const auto address = BrowserAddress(text);
+    return address || !IsAddress(text) ? address : CheckedWord(text);
 }
 
 WebAddresses WebAddressesOf(const QString& homepage) {

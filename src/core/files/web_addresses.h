@@ -17,6 +17,10 @@ bool IsAddress(const QString& text);
 // blank, quote or backslash; these are written as "%20" and the like.
 tl::expected<QString, QString> BrowserAddress(const QString& text);
 
+// The same for the desktop's opener, where the user's own record or a desktop entry may also name a scheme
+// that some program has registered for, or a place of the desktop ("smb://server"). As well one word.
+tl::expected<QString, QString> AddressOfAnyScheme(const QString& text);
+
 // The web addresses that the program opens.
 struct WebAddresses {
     QString Home;

@@ -113,10 +113,10 @@ QStringList SplitParameter(const QString& line) {
 
 // A desktop entry may lead to places of the desktop too ("trash:///", "smb://server"), and to a path.
 StartPlan PlanLink(const QString& target, const QString& file, const QString& folder) {
-    const auto address = BrowserAddress(target);
-    if (address || IsAddress(target) || target.startsWith(u'/'))
-        return OpenByDesktop(address.value_or(target), folder);
-    return Unable(file, address.error());
+    if (target.startsWith(u'/'))
+        return OpenByDesktop(target, folder);
+    const auto address = AddressOfAnyScheme(target);
+    return address ? OpenByDesktop(*address, folder) : Unable(file, address.error());
 }
 
 StartPlan PlanDesktopFile(const QString& file, const QStringList& files, const QString& folder) {
@@ -162,8 +162,10 @@ StartPlan PlanInternetShortcut(const QString& file, const QString& folder) {
 
 StartPlan PlanFollowed(const LaunchRequest& request, const LaunchPaths& paths) {
     // A record may name any program, and so any address that a program has registered for.
-    if (IsAddress(request.Target))
-        return OpenByDesktop(BrowserAddress(request.Target).value_or(request.Target), {});
+    if (IsAddress(request.Target)) {
+        const auto address = AddressOfAnyScheme(request.Target);
+        return address ? OpenByDesktop(*address, {}) : Unable({}, address.error());
+    }
     const QString target = FindTarget(request.Target, paths);
     const QString folder = ExistingFolder(request.StartIn, paths, QFileInfo(target).absolutePath());
     const QStringList arguments = SplitParameter(request.Parameter);

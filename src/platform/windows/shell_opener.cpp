@@ -58,6 +58,9 @@ SHELLEXECUTEINFOW InfoOf(const ShellCall& call) {
 
 // The shell has no message for these.
 QString ProblemOf(const LaunchRequest& request, const LaunchPaths& paths) {
+    const auto address = AddressOfAnyScheme(request.Target);
+    if (request.What == LaunchRequest::Action::OpenTarget && IsAddress(request.Target) && !address)
+        return ProblemText(request.Name, address.error());
     if (request.What != LaunchRequest::Action::Refuse)
         return u'"' + request.Name + QStringLiteral("\" has no target. Give it one.");
     const QString file = HostTarget(request.Target, paths);

@@ -46,8 +46,10 @@ QString RegisteredProgram(const QString& name) {
 } // namespace
 
 QString HostTarget(const QString& target, const LaunchPaths& paths) {
-    if (IsAddress(target))
+    if (target.startsWith(u"shell:", Qt::CaseInsensitive))
         return target;
+    if (IsAddress(target))
+        return AddressOfAnyScheme(target).value_or(QString());
     // An empty name would mean the program's own folder.
     if (TrimBlanks(target).isEmpty())
         return {};
