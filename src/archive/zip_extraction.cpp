@@ -40,10 +40,6 @@ QString LastComponent(const QString& name) {
     return name.mid(name.lastIndexOf(u'\\') + 1);
 }
 
-bool MakePathOf(const QString& path) {
-    return QDir().mkpath(QFileInfo(path).path());
-}
-
 } // namespace
 
 ZipExtractionClass::ZipExtractionClass(ZipEvents events, ZipSink sink, ZipFilter filter)
@@ -142,6 +138,14 @@ bool ZipExtractionClass::FindEndRecord() {
     return false;
 }
 
+bool ZipExtractionClass::CanMakeFolder(const QString& folder) const {
+    const FileResult made = MakeFolderPath(folder);
+    if (!made)
+        TellError(ZipError::NoFolder, QStringLiteral("Can't create the folder %1: %2")
+                                          .arg(QDir::toNativeSeparators(folder), made.error().Reason));
+    return made.has_value();
+}
+
 bool ZipExtractionClass::CanExtract(const QString& folder) const {
     if (ZLibVersion().isEmpty()) {
         TellError(ZipError::LibraryMissing, QStringLiteral("Zlib is not installed"));
@@ -152,12 +156,7 @@ bool ZipExtractionClass::CanExtract(const QString& folder) const {
         TellError(ZipError::NothingOpen, QStringLiteral("There is no Zip File Open"));
         return false;
     }
-    if (!sink_ && !QDir().mkpath(folder)) {
-        TellError(ZipError::NoFolder,
-                  QStringLiteral("Can't create the folder %1").arg(QDir::toNativeSeparators(folder)));
-        return false;
-    }
-    return true;
+    return sink_ || CanMakeFolder(folder);
 }
 
 bool ZipExtractionClass::Extract(const QString& folder, bool useFolders, bool overwrite) {
@@ -220,11 +219,8 @@ void ZipExtractionClass::ExtractNamed(const ZipCentralHeader& header, const QStr
 void ZipExtractionClass::ExtractTo(const ZipCentralHeader& header, const QString& name, const QString& path,
                                    bool overwrite) {
     const QString shown = QDir::toNativeSeparators(path);
-    if (!MakePathOf(path)) {
-        TellError(ZipError::NoFolder, QStringLiteral("Can't create the folder %1")
-                                          .arg(QDir::toNativeSeparators(QFileInfo(path).path())));
+    if (!CanMakeFolder(QFileInfo(path).path()))
         return;
-    }
     const QFileInfo existing(path);
     if (existing.exists() && !overwrite) {
         TellError(ZipError::Exists, QStringLiteral("The file %1 already exists").arg(shown));

@@ -90,6 +90,7 @@ private:
     bool OpenDevice(std::unique_ptr<QIODevice> device);
     QByteArray BytesAt(qint64 offset, qint64 size);
     bool FindEndRecord();
+    bool CanMakeFolder(const QString& folder) const;
     bool CanExtract(const QString& folder) const;
     bool ExtractAll(const ZipEndRecord& end, const Target& target);
     void ExtractNamed(const ZipCentralHeader& header, const QString& name, const Target& target);

@@ -90,6 +90,16 @@ FileResult MakeFolder(const DiskPath& path) {
     return LookAt(path).Kind == EntryKind::Folder ? FileResult() : WithoutProblem(MakeNewFolder(path));
 }
 
+FileResult MakeFolderPath(const DiskPath& path) {
+    const DiskPath above = path.Parent();
+    // A drive that is not there lies in itself.
+    if (above.Text() != path.Text() && LookAt(above).Kind == EntryKind::Missing) {
+        if (const FileResult made = MakeFolderPath(above); !made)
+            return made;
+    }
+    return MakeFolder(path);
+}
+
 QStringList ListFolders(const DiskPath& folder) {
     return ListNames(folder, Wanted::Folders);
 }

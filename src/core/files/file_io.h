@@ -49,6 +49,9 @@ FileResult ReplaceFileBy(const DiskPath& path, const FileWriter& write, const Di
 // Makes one folder; a folder that exists is no failure.
 FileResult MakeFolder(const DiskPath& path);
 
+// The same, with the folders above it that are missing.
+FileResult MakeFolderPath(const DiskPath& path);
+
 // Names of the folders (files) in a folder, in byte order, without hidden ones and unfinished files. A folder
 // that cannot be read has none. Left out are names that hold a backslash, which the stored form of a path
 // cannot tell from a separator, and names whose bytes are not valid in the file system's encoding. A shortcut

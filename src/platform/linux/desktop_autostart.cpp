@@ -4,8 +4,6 @@
 #include "core/files/ini_text.h"
 #include "platform/linux/desktop_entry.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -66,16 +64,10 @@ FileResult DesktopAutostart::Set(bool on, const QString& executablePath) {
     if (Exists(path) && !IsOwn(path))
         return tl::make_unexpected(FileError{
             path, QStringLiteral("This file was not made by Paneda Launcher and was left as it is.")});
-    if (!on) {
-        QFile file(path);
-        if (!file.exists() || file.remove())
-            return {};
-        return tl::make_unexpected(FileError{path, file.errorString()});
-    }
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir().mkpath(folder))
-        return tl::make_unexpected(FileError{folder, QStringLiteral("The folder cannot be created.")});
-    return ReplaceFile(path, EntryText(executablePath));
+    if (!on)
+        return Exists(path) ? WithoutProblem(RemoveFile(path)) : FileResult();
+    const FileResult made = MakeFolderPath(DiskPath(path).Parent());
+    return made ? ReplaceFile(path, EntryText(executablePath)) : made;
 }
 
 bool DesktopAutostart::IsSet(const QString& executablePath) const {

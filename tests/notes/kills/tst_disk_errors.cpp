@@ -1,3 +1,5 @@
+#include "archive/zip_class.h"
+#include "archive/zip_extraction.h"
 #include "core/files/config_file.h"
 #include "core/files/file_batch.h"
 #include "core/files/file_tree.h"
@@ -7,9 +9,12 @@
 #include "core/store/catalogue_cache.h"
 #include "core/store/store_layout.h"
 #include "notes/edit_lock.h"
+#include "notes/node_files.h"
+#include "notes/node_icon.h"
 #include "notes/node_operations.h"
 #include "notes/note_load.h"
 #include "notes/note_save.h"
+#include "platform/linux/desktop_autostart.h"
 #include "support/kill_shim/interrupted_step.h"
 
 #include <QDir>
@@ -134,6 +139,39 @@ int SaveConfig(const QString& folder) {
     return StatusOf(config->Save(folder + u"/config"_s));
 }
 
+// From the tree into a tree of another volume.
+int MoveToVolume(const QString& folder) {
+    const DiskPath target = In(folder, u"volume"_s);
+    const auto sort = [](const SiblingScan&) { return u"0000000007"_s; };
+    const auto moved = MoveNodeFolder({In(folder, u"tree"_s), In(folder, u"tree/000001"_s), target, target,
+                                       sort, QDateTime({2026, 11, 21}, {6, 30, 43})});
+    return moved ? StatusOf(moved->Failures) : StatusOf(Failures{moved.error()});
+}
+
+Step ChangingIcon(const QString& source) {
+    return [source](const QString& folder) {
+        const QString picture = source.isEmpty() ? source : folder + u'/' + source;
+        return StatusOf(ChangeNodeIcon(picture, In(folder, u"tree/000003"_s)));
+    };
+}
+
+Step Autostarting(bool on) {
+    return [on](const QString& folder) {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder + u"/own/config"_s));
+        return StatusOf(DesktopAutostart().Set(on, u"/x/paneda"_s));
+    };
+}
+
+int Extract(const QString& folder) {
+    QString told;
+    ZipEvents events;
+    events.Error = [&told](const QString& text, int) { told += text; };
+    ZipExtractionClass extraction(events);
+    extraction.OpenZip(folder + u"/x.zip"_s);
+    extraction.Extract(folder + u"/out/of"_s, true, true);
+    return StatusOf(told);
+}
+
 const Steps kSteps{
     {u"replace a file"_s, [](const QString& f) { return StatusOf(ReplaceFile(In(f, u"a"_s), "new")); }},
     {u"make a file"_s, [](const QString& f) { return StatusOf(ReplaceFile(In(f, u"c"_s), "new")); }},
@@ -163,7 +201,13 @@ const Steps kSteps{
     {u"save zip to zip"_s, Saving(QByteArray(2000, 'M'))},
     {u"save zip to rtf"_s, Saving("other")},
     {u"save beside another's text"_s, Saving("other", true)},
-    {u"begin to edit"_s, BeginEditing}};
+    {u"begin to edit"_s, BeginEditing},
+    {u"move a node to another volume"_s, MoveToVolume},
+    {u"change an icon"_s, ChangingIcon(u"icon.png"_s)},
+    {u"remove an icon"_s, ChangingIcon({})},
+    {u"start with the session"_s, Autostarting(true)},
+    {u"do not start with the session"_s, Autostarting(false)},
+    {u"extract an archive"_s, Extract}};
 
 void Write(const QString& path, const QByteArray& bytes) {
     QDir().mkpath(QFileInfo(path).path());
@@ -180,6 +224,18 @@ void Prepare(const QString& step, const QString& folder) {
         Write(node + u"/Properties.ini"_s,
               "[Properties]\nName=n" + number.toUtf8() + "\nSort=000000000" + number.toUtf8() + '\n');
         Write(node + u" n"_s + number + u".txt"_s, "[Remark]\r\nRemark=\r\n");
+    }
+    QDir(folder).mkdir(u"volume"_s);
+    for (const QString& name : {u"Image.png"_s, u"Image.ico"_s})
+        Write(folder + u"/tree/000003/"_s + name, name.toUtf8());
+    if (step.startsWith(u"do not"))
+        Autostarting(true)(folder);
+    if (step.startsWith(u"extract")) {
+        ZipClass zip;
+        for (const QString& name : {u"old.txt"_s, u"in/new.txt"_s})
+            std::ignore = zip.AddBytes(name, kLong, {});
+        std::ignore = zip.WriteZip(folder + u"/x.zip"_s, true);
+        Write(folder + u"/out/of/old.txt"_s, "old");
     }
     if (step.startsWith(u"save zip")) {
         Saving(kLong)(folder);

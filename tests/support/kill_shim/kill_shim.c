@@ -19,6 +19,9 @@
  * and mkdirat; where calls fail, also close of a file that was open to be written. Not seen are writes
  * through stdio and through mapped memory, and paths with "..".
  *
+ * What lies in a folder "volume" of the watched one counts as on another volume: renames and links into and
+ * out of it are refused, and not counted.
+ *
  * A killed process does not take with it what the system has in its caches, so this shows the order of the
  * steps and not what a power failure leaves.
  *
@@ -86,6 +89,11 @@ static int IsSpared(const char* path) {
 static int LiesInFolder(const char* path) {
     return folder_length > 0 && strncmp(path, folder, folder_length) == 0 &&
            (path[folder_length] == '/' || path[folder_length] == '\0') && !IsSpared(path);
+}
+
+static int IsOnVolume(const char* path) {
+    static const char kVolume[] = "/volume/";
+    return LiesInFolder(path) && strncmp(path + folder_length, kVolume, strlen(kVolume)) == 0;
 }
 
 /* The path of an open file or folder; empty when it has none. */
@@ -156,7 +164,13 @@ static enum Verdict CountName(const char* call, int at, const char* name) {
 /* Of two names the one that lies in the folder. */
 static enum Verdict CountNames(const char* call, int at, const char* name, int new_at, const char* new_name) {
     char path[PATH_MAX];
+    char old_path[PATH_MAX];
     FullPath(new_at, new_name, path);
+    FullPath(at, name, old_path);
+    if (IsOnVolume(path) != IsOnVolume(old_path)) {
+        errno = EXDEV;
+        return kFail;
+    }
     return LiesInFolder(path) ? Count(call, path) : CountName(call, at, name);
 }
 
