@@ -275,12 +275,13 @@ bool ZipExtractionClass::ClaimData(qint64 begin, qint64 end) {
 QByteArray ZipExtractionClass::Inflate(const ZipCentralHeader& header, const QString& name,
                                        qint64 dataOffset) {
     const ZipEntryFields& entry = header.Entry;
-    if (entry.UncompressedSize > budget_) {
+    const bool isPlausible = IsPlausibleDeflateSize(entry.CompressedSize, entry.UncompressedSize);
+    if (isPlausible && entry.UncompressedSize > budget_) {
         TellError(ZipError::TooBig, QStringLiteral("%1 is larger than %2 bytes").arg(name).arg(budget_));
         return {};
     }
     QByteArray bytes;
-    if (IsPlausibleDeflateSize(entry.CompressedSize, entry.UncompressedSize)) {
+    if (isPlausible) {
         budget_ -= entry.UncompressedSize;
         bytes = InflateRaw(BytesAt(dataOffset, entry.CompressedSize), entry.UncompressedSize);
     }

@@ -61,7 +61,7 @@ void NoteDocument::ShowText(const QByteArray& rtf, const NoteSession& session, N
     if (!reading.PlainReason.isEmpty())
         AddNotice(view.Notice, PlainNotice(reading));
     onDisk_.Unseen = onDisk_.Unseen || !reading.IsRtf() || !reading.Losses.isEmpty();
-    view.ReadOnly = lockedByOther_ || !reading.Losses.isEmpty();
+    view.ReadOnly = lockedByOther_ || onDisk_.TooLarge || !reading.Losses.isEmpty();
 }
 
 tl::expected<NoteView, FileError> NoteDocument::Open(const NotePlace& place, const NoteSession& session) {

@@ -19,7 +19,8 @@ struct NoteView {
     NoteState State = NoteState::None;
     int Width = 0;  // pixels
     int Height = 0; // pixels
-    // Somebody else is editing the note, or a save would lose something that the editor cannot hold (Losses).
+    // Somebody else is editing the note, or a save would lose something that the editor cannot hold (Losses,
+    // or a note that is too large).
     bool ReadOnly = false;
     EditLock Lock;
     QStringList Losses; // in short words, "tracked changes"; see RtfReading

@@ -61,15 +61,23 @@ bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b) {
     return a.Form == b.Form && a.Size == b.Size && a.Hash == b.Hash;
 }
 
-QByteArray ReadZippedNote(const QByteArray& zip) {
-    QByteArray text;
-    // No listener for errors: an archive that cannot be read is an empty note.
+ZippedNote ReadZippedNote(const QByteArray& zip) {
+    ZippedNote note;
+    ZipEvents events;
+    // Of other errors nothing is said: an archive that cannot be read is an empty note.
+    events.Error = [&note](const QString&, int number) {
+        if (number == int(ZipError::TooBig))
+            note = {{}, true};
+    };
     ZipExtractionClass extraction(
-        {}, [&text](const QString&, const QByteArray& bytes) { text = bytes; },
+        events,
+        [&note](const QString&, const QByteArray& bytes) {
+            note = {bytes, false};
+        },
         [](const QString& name) { return name.compare(u"content.rtf", Qt::CaseInsensitive) == 0; });
     if (extraction.OpenZip(zip, QStringLiteral("content.zip")))
         extraction.Extract({}, false, false);
-    return text;
+    return note;
 }
 
 DiskPath KeptNotePath(const DiskPath& noteFolder, const QString& words, NoteForm form) {

@@ -21,6 +21,8 @@ struct NoteOnDisk {
     QDateTime Modified;  // shown to the user; not compared, since clocks of sticks and servers are too coarse
     quint64 Hash = 0;    // of the file's bytes; 0 when they cannot be read
     bool Unseen = false; // the editor does not hold all of it, so saving over it would lose something
+    bool TooLarge =
+        false; // the editor holds nothing of it, since it is larger than kMaxNoteText; never saved over
 };
 
 // A note's text is read and written up to this many bytes.
@@ -51,7 +53,11 @@ bool IsSameNote(const NoteOnDisk& a, const NoteOnDisk& b);
 // The text within the bytes of a content.zip: its entry "content.rtf", in any case of letters and in any
 // folder, the last one if there are several. Empty when there is none or it cannot be read, for whatever
 // reason.
-QByteArray ReadZippedNote(const QByteArray& zip);
+struct ZippedNote {
+    QByteArray Rtf;
+    bool TooLarge = false; // why it is empty: there are more than kMaxNoteText bytes
+};
+ZippedNote ReadZippedNote(const QByteArray& zip);
 
 // A path in the folder that is not taken, "content (<words>).<extension>", for a text that is kept beside the
 // note. What no file name may hold is replaced.

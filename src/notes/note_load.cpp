@@ -8,6 +8,8 @@
 #include "core/text/ranges.h"
 #include "core/text/text_rules.h"
 
+#include <utility>
+
 namespace paneda {
 
 namespace {
@@ -15,21 +17,36 @@ namespace {
 // The other form is there after one change of form by another process.
 constexpr int kMaxLooks = 4;
 
+QString TooLargeText(const DiskPath& file) {
+    constexpr qint64 kMegabyte = 1024 * 1024;
+    return Failure(
+               file.Text(),
+               QStringLiteral("The text of this note has more than %1 MB. That is too much to show it or to "
+                              "change it here. Its file stays as it is.")
+                   .arg(kMaxNoteText / kMegabyte))
+        .value()
+        .Text();
+}
+
 // False when the file has gone since it was found, so that another look is due.
 bool ReadText(const DiskPath& folder, NoteForm form, LoadedNote& note) {
     const DiskPath file = NoteContentFile(folder, form);
     const auto bytes = ReadFileBytes(file, kMaxNoteText);
     if (bytes) {
         note.OnDisk = DescribeNote(folder, form, *bytes);
-        note.Rtf = form == NoteForm::Zip ? ReadZippedNote(*bytes) : *bytes;
+        const ZippedNote text = form == NoteForm::Zip ? ReadZippedNote(*bytes) : ZippedNote{*bytes};
+        note.Rtf = text.Rtf;
         note.OnDisk.Unseen = form == NoteForm::Zip && note.Rtf.isEmpty();
+        note.OnDisk.TooLarge = text.TooLarge;
+        note.Problem = text.TooLarge ? TooLargeText(file) : QString();
         return !note.OnDisk.Unseen || EntryExists(file);
     }
     if (!EntryExists(file))
         return false;
     note.OnDisk = LookAtNote(folder);
     note.OnDisk.Unseen = true;
-    note.Problem = bytes.error().Text();
+    note.OnDisk.TooLarge = note.OnDisk.Size > kMaxNoteText;
+    note.Problem = note.OnDisk.TooLarge ? TooLargeText(file) : bytes.error().Text();
     return true;
 }
 
@@ -98,7 +115,8 @@ LoadedNote LoadNote(const NotePlace& place, const NoteSession& session, const QB
 QByteArray RestoreNoteText(const NotePlace& place, NoteOnDisk& onDisk) {
     const DiskPath folder = place.Folder();
     const auto bytes = ReadFileBytes(NoteRtfFile(folder), kMaxNoteText);
-    onDisk = LookAtNote(folder);
+    const NoteOnDisk before = std::exchange(onDisk, LookAtNote(folder));
+    onDisk.TooLarge = before.TooLarge && IsSameNote(before, onDisk);
     const bool isShown = bytes && IsSameNote(onDisk, DescribeNote(folder, NoteForm::Rtf, *bytes));
     onDisk.Unseen = onDisk.Form != NoteForm::None && !isShown;
     return bytes.value_or(QByteArray());

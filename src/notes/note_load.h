@@ -33,6 +33,7 @@ struct LoadedNote {
 // Loads a note. One that has no text yet is saved with `emptyRtf`, which creates its file and its keys. For a
 // damaged content.zip the text is empty and no problem is reported, but OnDisk.Unseen makes the next save
 // keep the damaged file. A file that cannot be read for another reason is kept in the same way and reported.
+// One that is too large is reported and cannot be saved over (OnDisk.TooLarge).
 LoadedNote LoadNote(const NotePlace& place, const NoteSession& session, const QByteArray& emptyRtf,
                     NoteDisk& disk);
 

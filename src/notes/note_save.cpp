@@ -62,6 +62,10 @@ private:
 tl::expected<SavedNote, FileError> Saving::Run() {
     if (LookAt(folder_).Kind != EntryKind::Folder)
         return Failure(folder_.Text(), QStringLiteral("The folder of this note does not exist any more."));
+    if (draft_.LoadedAs.TooLarge)
+        return Failure(folder_.Text(),
+                       QStringLiteral("This note is too large to be changed here. Its file stays "
+                                      "as it is."));
     if (draft_.Rtf.size() > kMaxNoteText)
         return Failure(folder_.Text(), QStringLiteral("The note is larger than %1 bytes.").arg(kMaxNoteText));
     const FileGuard guard(NoteGuardFile(folder_), wait_);
@@ -126,7 +130,7 @@ bool Saving::HidesText() const {
     const EntryState rtfState = LookAt(rtf);
     if (rtfState.Kind != EntryKind::File)
         return false;
-    const QByteArray zipped = ReadZippedNote(ReadFileBytes(zip, kMaxNoteText).value_or(QByteArray()));
+    const QByteArray zipped = ReadZippedNote(ReadFileBytes(zip, kMaxNoteText).value_or(QByteArray())).Rtf;
     if (!zipped.isEmpty() && rtfState.Modified <= LookAt(zip).Modified)
         return false;
     const auto text = ReadFileBytes(rtf, kMaxNoteText);

@@ -35,7 +35,8 @@ struct SavedNote {
 // folders up to the tree's root, and the release of the edit lock where this user holds it.
 //
 // On failure the note on disk is as it was, and the draft is still to be saved. Fails as well, and writes
-// nothing, when the note's folder does not exist any more.
+// nothing, when the note's folder does not exist any more, and for a draft of a note that was too large to be
+// shown.
 //
 // Each step is done whole or not at all (NoteDisk). As the zip is the note wherever there is one, a reader
 // finds exactly one text after each step, the old or the new:

@@ -1,6 +1,8 @@
 #include "notes/note_maker.h"
 
+#include <QRandomGenerator>
 #include <QTest>
+#include <QtEndian>
 
 using namespace paneda;
 using namespace paneda::test;
@@ -31,6 +33,7 @@ private Q_SLOTS:
     void sizes();
     void captions();
     void texts();
+    void tooLargeZip();
     void damagedZip_data();
     void damagedZip();
     void restores();
@@ -112,6 +115,23 @@ void tst_note_load::texts() {
     QVERIFY(loaded.Rtf.isEmpty() && loaded.OnDisk.Unseen && loaded.Problem.contains(kRtf));
 }
 
+// So large by what its directory says, which that many bytes could hold.
+void tst_note_load::tooLargeZip() {
+    QByteArray text(200'000, ' ');
+    QRandomGenerator(1).generate(text.begin(), text.end());
+    QByteArray zip = ZipOf(text);
+    qToLittleEndian(quint32(kMaxNoteText + 1), zip.data() + zip.lastIndexOf("PK\x01\x02") + 24);
+    NoteMaker note;
+    note.Put(kZip, zip);
+    LoadedNote loaded = note.Load();
+    QVERIFY(loaded.Rtf.isEmpty() && loaded.Problem.contains(u"more than 128 MB"_s));
+    QVERIFY(!note.Save("short", loaded));
+    (void)RestoreNoteText(note.Place, loaded.OnDisk);
+    QVERIFY(!note.Save("short", loaded));
+    QCOMPARE(note.Contents(), QStringList(kZip));
+    QCOMPARE(note.Bytes(kZip), zip);
+}
+
 void tst_note_load::damagedZip_data() {
     QTest::addColumn<QByteArray>("zip");
     const QByteArray good = ZipOf(kLong);
@@ -164,7 +184,7 @@ void tst_note_load::restores() {
     QCOMPARE(RestoreNoteText(note.Place, loaded.OnDisk), QByteArray());
     const auto saved = note.Save("x", loaded);
     QCOMPARE(saved->KeptFiles.size(), 1);
-    QCOMPARE(ReadZippedNote(ReadFileBytes(saved->KeptFiles.first(), kMaxNoteText).value()), kLong);
+    QCOMPARE(ReadZippedNote(ReadFileBytes(saved->KeptFiles.first(), kMaxNoteText).value()).Rtf, kLong);
 }
 
 QTEST_GUILESS_MAIN(tst_note_load)

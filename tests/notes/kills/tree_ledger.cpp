@@ -21,7 +21,7 @@ QByteArray Contents(const QString& path) {
 
 int SaveIn(const QString& node, const QString& file) {
     const QByteArray bytes = Contents(file);
-    const QByteArray text = file.endsWith(u".zip"_s) ? ReadZippedNote(bytes) : bytes;
+    const QByteArray text = file.endsWith(u".zip"_s) ? ReadZippedNote(bytes).Rtf : bytes;
     return FindSave(node, text).Save;
 }
 

@@ -255,7 +255,7 @@ void Prepare(const QString& step, const QString& folder) {
 QByteArray TextOf(const DiskPath& note) {
     const NoteForm form = FindNoteForm(note);
     const QByteArray bytes = ReadFileBytes(NoteContentFile(note, form), kMost).value_or(QByteArray());
-    return form == NoteForm::Zip ? ReadZippedNote(bytes) : bytes;
+    return form == NoteForm::Zip ? ReadZippedNote(bytes).Rtf : bytes;
 }
 
 Contents ContentsOf(const QString& folder) {
