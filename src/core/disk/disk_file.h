@@ -34,6 +34,10 @@ public:
 
     EntryResult Write(const QByteArray& bytes);
 
+    // Sends what was written to the server, where other hosts see it. Does not wait, for neither the server
+    // nor its disk, and what fails shows at Flush or Close.
+    void Send();
+
     // Returns when all that was written is on the disk. Fails as the disk does.
     EntryResult Flush();
 

@@ -91,8 +91,9 @@ private:
     void Beat(const GuardTimes& times) {
         while (!stop_.tryAcquire(1, int(times.Beat.count()))) {
             // Ignored: a lock that does not change is taken over at last, as it should be on a dying disk.
+            // Not flushed: others have to see a beat in time, and a flush takes seconds on a busy server.
             if (file_.Write("."))
-                (void)file_.Flush();
+                file_.Send();
         }
     }
 
@@ -125,9 +126,10 @@ bool FileGuard::TryLock(const GuardTimes& times) {
     if (!file)
         return LookAt(lock_).Kind == EntryKind::Missing;
     QByteArray text = NewLock();
-    if (file->Write(text))
+    if (file->Write(text)) {
+        file->Send();
         held_ = std::make_unique<Held>(std::move(*file), std::move(text), times);
-    else {
+    } else {
         (void)file->Close();
         (void)RemoveFile(lock_);
     }

@@ -129,6 +129,11 @@ EntryResult DiskFile::Write(const QByteArray& bytes) {
     return {};
 }
 
+void DiskFile::Send() {
+    // A host may keep what is written to a server for half a minute.
+    (void)sync_file_range(int(handle_), 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 EntryResult DiskFile::Flush() {
     while (fsync(int(handle_)) != 0) {
         if (errno != EINTR)
