@@ -49,6 +49,7 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath, std::
     dialogs_ = std::make_unique<PanelDialogs>(state_, DialogServices{.Settings = settings,
                                                                      .SoundPlayer = *platform_.SoundPlayer,
                                                                      .Opener = *platform_.Opener,
+                                                                     .FileIcons = *platform_.FileIcons,
                                                                      .Close = close});
 }
 

@@ -204,6 +204,15 @@ void Organiser::ReadAgain(StoreLevel first) {
     }
 }
 
+void Organiser::RereadButtons(const QString& fileName) {
+    changed_ = true;
+    Reread(StoreLevel::Buttons);
+    for (std::size_t i = 0; i < buttons_.Entries.size(); ++i) {
+        if (buttons_.Entries[i].FileName == fileName)
+            buttons_.Selected = int(i);
+    }
+}
+
 void Organiser::ForgetChanges() {
     changed_ = false;
     categoryRenames_.clear();

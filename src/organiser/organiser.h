@@ -50,6 +50,10 @@ public:
     // Reads a list and those behind it again, and keeps what is selected as far as it is still there.
     void Reread(StoreLevel level);
 
+    // Reads the buttons again after another window has changed them, and selects this file; with an empty
+    // name, the one that was selected.
+    void RereadButtons(const QString& fileName);
+
     // Whether an operation has touched the disk since the last ForgetChanges.
     bool HasChanges() const { return changed_; }
     void ForgetChanges();

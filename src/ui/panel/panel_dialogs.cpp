@@ -1,9 +1,10 @@
 #include "ui/panel/panel_dialogs.h"
 
-#include "core/files/web_addresses.h"
 #include "core/panel/launch.h"
-#include "platform/opener.h"
+#include "ui/organiser/frmGetText.h"
 #include "ui/panel/tray_presence.h"
+
+#include <QApplication>
 
 namespace paneda {
 
@@ -34,11 +35,9 @@ PanelDialogs::~PanelDialogs() {
 MenuActions PanelDialogs::Actions() {
     const WebAddresses web = WebAddressesOf(state_.HomepageAddress);
     MenuActions actions;
+    actions.OrganiseButton = [this] { OpenOrganiser(); };
     actions.Setting = [this] { OpenSetting(); };
-    actions.Help = [this] {
-        OpenUrl(HelpAddress(HelpTopic::Index, state_.AppFolder, state_.HomepageAddress),
-                QStringLiteral("Help"));
-    };
+    actions.Help = [this] { OpenHelp(HelpTopic::Index); };
     actions.TreeOpacity = [this](double opacity) { state_.TreeOpacity = opacity; };
     actions.About = [this] { OpenCredit(); };
     actions.Donate = [this, web] { OpenUrl(web.Donate, QStringLiteral("Donate")); };
@@ -51,8 +50,25 @@ MenuActions PanelDialogs::Actions() {
 
 void PanelDialogs::CloseAll() {
     // Deleted now, since the event loop that would delete them later may have ended.
+    delete organiser_;
     delete setting_;
     delete credit_;
+}
+
+void PanelDialogs::OpenOrganiser() {
+    ShowOne(organiser_, [this] {
+        const OrganiserDialogs dialogs{
+            .AskText = [](const QString& title, const QString& prompt, const QString& text) {
+                return AskText(QApplication::activeWindow(), title, prompt, text);
+            }};
+        return new frmButton(state_, {.Prompts = services_.Settings.Prompts,
+                                      .Opener = services_.Opener,
+                                      .FileIcons = services_.FileIcons,
+                                      .ReloadPanel = services_.Settings.ReloadPanel,
+                                      .Scene = services_.Settings.Scene,
+                                      .OpenHelp = [this] { OpenHelp(HelpTopic::Buttons); },
+                                      .Dialogs = dialogs});
+    });
 }
 
 void PanelDialogs::OpenSetting() {
@@ -63,6 +79,10 @@ void PanelDialogs::OpenSetting() {
 
 void PanelDialogs::OpenCredit() {
     ShowOne(credit_, [this] { return new frmCredit(state_, services_.SoundPlayer); });
+}
+
+void PanelDialogs::OpenHelp(HelpTopic topic) {
+    OpenUrl(HelpAddress(topic, state_.AppFolder, state_.HomepageAddress), QStringLiteral("Help"));
 }
 
 void PanelDialogs::OpenUrl(const QString& url, const QString& name) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/files/web_addresses.h"
+#include "ui/organiser/frmButton.h"
 #include "ui/panel/frmCredit.h"
 #include "ui/panel/main_menu.h"
 #include "ui/settings/frmSetting.h"
@@ -10,13 +12,12 @@
 
 namespace paneda {
 
-class Opener;
-
 // The services that the windows opened by the menus use.
 struct DialogServices {
     SettingServices Settings;
     paneda::SoundPlayer& SoundPlayer;
     paneda::Opener& Opener;
+    paneda::FileIcons& FileIcons;
     // Ends the program.
     std::function<void()> Close;
 };
@@ -33,12 +34,15 @@ public:
     void CloseAll();
 
 private:
+    void OpenOrganiser();
     void OpenSetting();
     void OpenCredit();
+    void OpenHelp(HelpTopic topic);
     void OpenUrl(const QString& url, const QString& name);
 
     AppState& state_;
     DialogServices services_;
+    QPointer<frmButton> organiser_;
     QPointer<frmSetting> setting_;
     QPointer<frmCredit> credit_;
 };

@@ -1,0 +1,359 @@
+#include "ui/organiser/frmButton.h"
+
+#include "core/store/names.h"
+#include "core/store/store_layout.h"
+#include "core/text/text_rules.h"
+#include "organiser/organiser_words.h"
+#include "skin/picture_files.h"
+#include "skin/picture_loader.h"
+#include "ui/common/busy_work.h"
+#include "ui/common/menu_choice.h"
+#include "ui/common/place_beside.h"
+#include "ui/organiser/command_icons.h"
+#include "ui/organiser/store_list.h"
+#include "ui/panel/button_icons.h"
+#include "ui_frmButton.h"
+
+#include <QShortcut>
+
+namespace paneda {
+
+namespace {
+
+constexpr int kPlaceCentred = 1;
+constexpr int kGapToPanel = 150; // twips
+constexpr int kIconSide = 32;    // pixels at scale 1
+
+} // namespace
+
+frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* parent)
+    : QDialog(parent)
+    , state_(state)
+    , services_(std::move(services))
+    , ui_(std::make_unique<Ui::frmButton>())
+    , organiser_(
+          std::make_unique<Organiser>(SettingFolder(state.AppFolder),
+                                      [this, work = WorkShownBy(*this)](const std::function<void()>& act) {
+                                          isBusy_ = true;
+                                          work(act);
+                                          isBusy_ = false;
+                                      })) {
+    ui_->setupUi(this);
+    setWindowTitle(OrganiserTitle(state.ProductName, state.ProductVersion, state.BuildDate));
+    columns_ = {Column{StoreLevel::Categories, ui_->lstCategories, ui_->cmdCategoryAdd,
+                       ui_->cmdCategoryDelete, ui_->cmdCategoryRename, ui_->cmdCategoryMoveUp,
+                       ui_->cmdCategoryMoveDown, ui_->cmdCategorySort},
+                Column{StoreLevel::Groups, ui_->lstGroups, ui_->cmdGroupAdd, ui_->cmdGroupDelete,
+                       ui_->cmdGroupRename, ui_->cmdGroupMoveUp, ui_->cmdGroupMoveDown, ui_->cmdGroupSort},
+                Column{StoreLevel::Buttons, ui_->lstButtons, ui_->cmdButtonAdd, ui_->cmdButtonDelete, nullptr,
+                       ui_->cmdButtonMoveUp, ui_->cmdButtonMoveDown, ui_->cmdButtonSort}};
+    for (const Column& column : columns_)
+        ConnectColumn(column);
+    connect(ui_->cmdLink, &QPushButton::clicked, this, &frmButton::cmdLink_Click);
+    connect(ui_->cmdButtonStyle, &QPushButton::clicked, this, &frmButton::cmdButtonStyle_Click);
+    connect(ui_->cmdOrganiseButton, &QPushButton::clicked, this, &frmButton::cmdOrganiseButton_Click);
+    connect(ui_->cmdHow, &QPushButton::clicked, this, &frmButton::cmdHow_Click);
+    connect(ui_->cmdHelp, &QPushButton::clicked, this, [this] { services_.OpenHelp(); });
+    connect(ui_->cmdApply, &QPushButton::clicked, this, &frmButton::cmdApply_Click);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmButton::cmdSave_Click);
+    // Drawn when the event loop is idle, so that a held key does not wait for icons.
+    preview_.setSingleShot(true);
+    connect(&preview_, &QTimer::timeout, this, &frmButton::ShowPreview);
+    DrawSigns();
+}
+
+frmButton::~frmButton() = default;
+
+void frmButton::ConnectColumn(const Column& column) {
+    const StoreLevel level = column.Level;
+    const auto onClick = [this](QAbstractButton* button, auto act) {
+        connect(button, &QAbstractButton::clicked, this, act);
+    };
+    onClick(column.Add, [this, level] { AddTo(level); });
+    onClick(column.Delete, [this, level] { DeleteFrom(level); });
+    onClick(column.Up, [this, level] { MoveIn(level, organiser_->Selected(level) - 1); });
+    onClick(column.Down, [this, level] { MoveIn(level, organiser_->Selected(level) + 1); });
+    onClick(column.Sort, [this, level] { SortIn(level); });
+    if (column.Rename)
+        onClick(column.Rename, [this, level] { RenameIn(level); });
+    connect(column.List, &StoreList::currentRowChanged, this, [this, level](int row) { Select(level, row); });
+    connect(column.List, &StoreList::itemDoubleClicked, this, [this, level] { EditIn(level); });
+    // Later, when the list has ended the drag.
+    connect(
+        column.List, &StoreList::Moved, this, [this, level](int, int to) { MoveIn(level, to); },
+        Qt::QueuedConnection);
+    AddKeys(column);
+}
+
+void frmButton::AddKeys(const Column& column) {
+    const StoreLevel level = column.Level;
+    const auto onKey = [this, &column](const QKeySequence& key, auto act) {
+        auto* shortcut = new QShortcut(key, column.List, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    // A key does what its button does, and nothing while that is disabled.
+    onKey(Qt::Key_Insert, [add = column.Add] { add->click(); });
+    onKey(Qt::Key_Delete, [remove = column.Delete] { remove->click(); });
+    onKey(Qt::CTRL | Qt::Key_Up, [up = column.Up] { up->click(); });
+    onKey(Qt::CTRL | Qt::Key_Down, [down = column.Down] { down->click(); });
+    onKey(Qt::Key_F2, [this, level] { RenameIn(level); });
+    onKey(Qt::Key_Return, [this, level] { EditIn(level); });
+    onKey(Qt::Key_Enter, [this, level] { EditIn(level); });
+}
+
+void frmButton::DrawSigns() {
+    const QColor colour = palette().color(QPalette::Active, QPalette::ButtonText);
+    const QColor disabled = palette().color(QPalette::Disabled, QPalette::ButtonText);
+    for (const Column& column : columns_) {
+        const std::pair<QAbstractButton*, CommandSign> signs[] = {
+            {column.Add, CommandSign::Add},       {column.Delete, CommandSign::Delete},
+            {column.Rename, CommandSign::Rename}, {column.Up, CommandSign::Up},
+            {column.Down, CommandSign::Down},     {column.Sort, CommandSign::Sort}};
+        for (const auto& [button, sign] : signs) {
+            if (button)
+                button->setIcon(CommandIcon(sign, colour, disabled));
+        }
+    }
+}
+
+void frmButton::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        DrawSigns();
+}
+
+void frmButton::Form_Load() {
+    organiser_->Load();
+    ShowLists();
+    ui_->lstCategories->setFocus();
+    PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
+}
+
+void frmButton::ShowLists() {
+    for (const Column& column : columns_)
+        column.List->ShowTitles(organiser_->Titles(column.Level), organiser_->Selected(column.Level));
+    EnableCommands();
+    ui_->picIcon->hide();
+    ui_->lblFileType->hide();
+    preview_.start();
+}
+
+void frmButton::EnableCommands() {
+    const int category = organiser_->Selected(StoreLevel::Categories);
+    const bool isDynamic =
+        category >= 0 && organiser_->Categories()[std::size_t(category)].Title == kDynamicCategory;
+    for (const Column& column : columns_) {
+        const bool isCategory = column.Level == StoreLevel::Categories;
+        const bool on = !explorerMode_ && (isCategory || !isDynamic);
+        for (QWidget* control : std::initializer_list<QWidget*>{column.List, column.Add, column.Delete,
+                                                                column.Up, column.Down, column.Sort})
+            control->setEnabled(on);
+        if (column.Rename)
+            column.Rename->setEnabled(!explorerMode_ && !isDynamic);
+    }
+    const int button = organiser_->Selected(StoreLevel::Buttons);
+    const bool isRecord = button >= 0 && organiser_->Buttons()[std::size_t(button)].Extension.compare(
+                                             u"pnd", Qt::CaseInsensitive) == 0;
+    const bool edits = !explorerMode_ && !isDynamic;
+    ui_->cmdLink->setEnabled(edits && isRecord && services_.Dialogs.EditLink);
+    ui_->cmdButtonStyle->setEnabled(edits && services_.Dialogs.EditStyle);
+}
+
+void frmButton::ShowPreview() {
+    const int index = organiser_->Selected(StoreLevel::Buttons);
+    if (isBusy_ || index < 0)
+        return;
+    const DiskPath file = organiser_->ButtonFile();
+    const int side = int(kIconSide * devicePixelRatioF());
+    const QString picture = FindPictureFile(PictureStem(file.Text()));
+    QImage icon;
+    if (!picture.isEmpty())
+        icon = LoadPicture(picture, side);
+    if (icon.isNull()) {
+        const QString folder = state_.Drives.ToStored(file.Parent().Text());
+        icon = ButtonIcon(FileButton(folder, file.Name(), 0), side, state_, services_.FileIcons);
+    }
+    QPixmap shown = QPixmap::fromImage(icon);
+    if (!shown.isNull() && (shown.width() > side || shown.height() > side))
+        shown = shown.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    shown.setDevicePixelRatio(devicePixelRatioF());
+    ui_->picIcon->setPixmap(shown);
+    ui_->lblFileType->setText(ListTitle(organiser_->Buttons()[std::size_t(index)].TitleExt));
+    ui_->picIcon->show();
+    ui_->lblFileType->show();
+}
+
+void frmButton::Select(StoreLevel level, int index) {
+    organiser_->Select(level, index);
+    ShowLists();
+}
+
+// Carries out a change and shows what is there now.
+void frmButton::Run(const std::function<FileResult()>& operation) {
+    const FileResult result = operation();
+    ShowLists();
+    if (!result)
+        services_.Prompts.Notice(result.error().Text());
+}
+
+// The names that a new one is compared with.
+QStringList frmButton::NamesFor(StoreLevel level) const {
+    return level == StoreLevel::Buttons ? TitlesWithExtension(organiser_->Buttons())
+                                        : organiser_->Titles(level);
+}
+
+void frmButton::AddTo(StoreLevel level) {
+    if (level == StoreLevel::Buttons) {
+        cmdButtonAdd_Click();
+        return;
+    }
+    if (level == StoreLevel::Categories) {
+        cmdCategoryAdd_Click();
+        return;
+    }
+    if (organiser_->Selected(StoreLevel::Categories) < 0) {
+        services_.Prompts.Notice(QStringLiteral("Hi, no category found, please add a category first"));
+        return;
+    }
+    AddNamed(level, services_.Dialogs.AskText(AddTitle(level), {}, {}));
+}
+
+void frmButton::AddNamed(StoreLevel level, const QString& typed) {
+    const QString name = TrimBlanks(typed);
+    if (ValidateName(name, NamesFor(level), kNoException, services_.Prompts) || name.isEmpty())
+        return;
+    Run([&] { return organiser_->AddFolder(level, name); });
+}
+
+void frmButton::cmdCategoryAdd_Click() {
+    const std::vector<PopItem> items{
+        {QStringLiteral("mnuAddCategory1"), QStringLiteral("Add Static Category ( Quick Launch )")},
+        {QStringLiteral("mnuAddCategory2"),
+         QStringLiteral("Add Dynamic Category ( Tree Notes/Shortcuts/Favorites )")}};
+    const QPoint below = ui_->cmdCategoryAdd->mapToGlobal(ui_->cmdCategoryAdd->rect().bottomLeft());
+    const int choice = MenuChoice(items, below);
+    if (choice == 1)
+        AddNamed(StoreLevel::Categories, services_.Dialogs.AskText(AddTitle(StoreLevel::Categories), {}, {}));
+    // Several may have this name.
+    if (choice == 2)
+        Run([this] { return organiser_->AddFolder(StoreLevel::Categories, kDynamicCategory); });
+}
+
+void frmButton::DeleteFrom(StoreLevel level) {
+    const QStringList titles = organiser_->Titles(level);
+    const int index = organiser_->Selected(level);
+    const QString problem = DeleteProblem(level, titles);
+    if (!problem.isEmpty())
+        services_.Prompts.Notice(problem);
+    if (!problem.isEmpty() || index < 0)
+        return;
+    const Question question = DeleteQuestion(level, titles[index]);
+    if (services_.Prompts.Confirm(question.Text, question.Title))
+        Run([&] { return organiser_->Delete(level); });
+}
+
+void frmButton::RenameIn(StoreLevel level) {
+    const int index = organiser_->Selected(level);
+    const Column& column = columns_[std::size_t(level)];
+    if (index < 0 || !(column.Rename ? column.Rename : column.Delete)->isEnabled())
+        return;
+    const bool isButton = level == StoreLevel::Buttons;
+    const QString title =
+        isButton ? organiser_->Buttons()[std::size_t(index)].Title : organiser_->Titles(level)[index];
+    const QString extension =
+        isButton ? u'.' + organiser_->Buttons()[std::size_t(index)].Extension : QString();
+    const QString name = TrimBlanks(services_.Dialogs.AskText(RenameTitle(level), {}, title));
+    if (name != title && !ValidateName(name + extension, NamesFor(level), index, services_.Prompts))
+        Run([&] { return organiser_->Retitle(level, name); });
+}
+
+void frmButton::MoveIn(StoreLevel level, int to) {
+    const QStringList titles = organiser_->Titles(level);
+    const int from = organiser_->Selected(level);
+    if (from < 0 || to < 0 || to >= titles.size() || to == from)
+        return;
+    const QString problem = MoveProblem(level, titles, from, to);
+    if (problem.isEmpty())
+        Run([&] { return organiser_->Move(level, to); });
+    else
+        services_.Prompts.Notice(problem);
+}
+
+void frmButton::SortIn(StoreLevel level) {
+    const Question question = SortQuestion(level);
+    if (organiser_->Selected(level) >= 0 && services_.Prompts.Confirm(question.Text, question.Title))
+        Run([&] { return organiser_->Sort(level); });
+}
+
+// What Enter and a double click do.
+void frmButton::EditIn(StoreLevel level) {
+    if (level == StoreLevel::Buttons && ui_->cmdLink->isEnabled())
+        cmdLink_Click();
+    else
+        RenameIn(level);
+}
+
+void frmButton::cmdLink_Click() {
+    const int index = organiser_->Selected(StoreLevel::Buttons);
+    if (index < 0)
+        return;
+    const QString name = services_.Dialogs.EditLink(organiser_->GroupFolder(), organiser_->Buttons(), index);
+    organiser_->RereadButtons(name);
+    ShowLists();
+}
+
+void frmButton::cmdButtonStyle_Click() {
+    if (organiser_->Selected(StoreLevel::Buttons) < 0)
+        return;
+    if (services_.Dialogs.EditStyle(organiser_->ButtonFile()))
+        organiser_->RereadButtons({});
+    ShowLists();
+}
+
+void frmButton::cmdButtonAdd_Click() {}
+
+void frmButton::cmdOrganiseButton_Click() {
+    LaunchRequest request{
+        LaunchRequest::Action::OpenTarget, state_.Drives.ToStored(SettingFolder(state_.AppFolder)), {}, {}};
+    services_.Opener.Open(request, {state_.Drives, state_.AppPath});
+    explorerMode_ = true;
+    EnableCommands();
+}
+
+void frmButton::cmdHow_Click() {
+    const Question help = FileManagerHelp(state_.HomepageAddress);
+    services_.Prompts.Notice(help.Text, help.Title);
+}
+
+// The panel's category is kept by its place, which may have changed.
+void frmButton::KeepPanelCategory() {
+    if (state_.SelectedCategory < 0 || state_.SelectedCategory >= int(state_.Catalogue.size()))
+        return;
+    const QString shown = state_.Catalogue[std::size_t(state_.SelectedCategory)].FolderName;
+    const QString now = organiser_->CategoryNow(shown);
+    const std::vector<StoreFolder>& categories = organiser_->Categories();
+    const auto found = std::find_if(categories.begin(), categories.end(),
+                                    [&now](const StoreFolder& each) { return each.FolderName == now; });
+    if (found != categories.end())
+        state_.SelectedCategory = int(found - categories.begin());
+}
+
+void frmButton::cmdApply_Click() {
+    KeepPanelCategory();
+    organiser_->ForgetChanges();
+    services_.ReloadPanel();
+    // The new panel may cover the dialog.
+    raise();
+    activateWindow();
+}
+
+void frmButton::done(int result) {
+    // A window manager may ask for the end in the middle of an operation.
+    if (isBusy_)
+        return;
+    if (organiser_->HasChanges())
+        cmdApply_Click();
+    QDialog::done(result);
+}
+
+} // namespace paneda

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/disk/disk_path.h"
+#include "organiser/link_result.h"
+#include "organiser/store_lists.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QWidget;
+
+namespace paneda {
+
+// The windows that the organiser opens in front of itself. Each returns when it is closed. What is empty is
+// shown disabled, or left out.
+struct OrganiserDialogs {
+    // Asks for a text (frmGetText); gives `text` back when the user closes the window.
+    std::function<QString(const QString& title, const QString& prompt, const QString& text)> AskText = {};
+
+    // Asks for the fields of a new record (frmLink) that points to `source` (stored form). Nothing when the
+    // user closes the window.
+    std::function<std::optional<LinkResult>(const QString& source, bool isFolder)> NewLink = {};
+
+    // Lets the user change a record, the one with this index among the buttons of a group; returns the name
+    // of its file afterwards.
+    std::function<QString(const DiskPath& group, const std::vector<StoreButton>& buttons, int index)>
+        EditLink = {};
+
+    // Lets the user design a button (frmButtonStyle), its group or its category, by host paths. True when a
+    // name on the disk may have changed.
+    std::function<bool(const DiskPath& button)> EditStyle = {};
+
+    // Fetches the icon of the site that a web shortcut leads to, and keeps it beside the file.
+    std::function<void(const DiskPath& webShortcut)> FetchIcon = {};
+};
+
+} // namespace paneda
