@@ -1,6 +1,7 @@
 #include "core/settings/config_settings.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
+#include "skin/device_pixels.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void cleanup();
     void centredAtTheMouse();
     void screenThatGoes();
+    void screensOfTwoRatios();
 };
 
 void tst_desktop_screens::init() {
@@ -127,6 +129,43 @@ void tst_desktop_screens::screenThatGoes() {
     // The saved place is kept for the day when the screen is back.
     QVERIFY(program.Close());
     QVERIFY(program.Record(kRecordPanelPlace) == (ConfigArray{150 * 15.0, 900 * 15.0}));
+}
+
+// The panel is drawn in the pixels of the screen that it is on, at the start and after it was dragged over.
+void tst_desktop_screens::screensOfTwoRatios() {
+    InstalledProgram program;
+    program.CompleteStore();
+    program.SetPlace({40, 40});
+    program.SetVariable(u"QT_SCREEN_SCALE_FACTORS"_s, u"left=1;right=1.5"_s);
+    const auto shows = [&program](const QString& file) {
+        const auto same = [&] {
+            const QImage shown = WindowPicture(program.Panel());
+            const QImage wanted(program.Folder() + u"/Cache/"_s + file);
+            if (shown.size() != wanted.size() || shown.isNull())
+                return false;
+            for (int y = 0; y < shown.height(); ++y) {
+                for (int x = 0; x < shown.width(); ++x) {
+                    if (qAlpha(wanted.pixel(x, y)) == 255 &&
+                        (shown.pixel(x, y) ^ wanted.pixel(x, y)) & 0xFFFFFF)
+                        return false;
+                }
+            }
+            return true;
+        };
+        return QTest::qWaitFor(same, kPatience);
+    };
+    QVERIFY(program.Start());
+    QVERIFY(program.ShowPanel());
+    QVERIFY(shows(u"category001.png"_s));
+    const QSize size = WindowRect(program.Panel()).size();
+    Drag(program.Grip(), {880, 200});
+    QVERIFY(shows(u"category001@1.5x.png"_s));
+    QCOMPARE(WindowRect(program.Panel()).size(), DeviceSize(size, 1.5));
+    QVERIFY(program.Close());
+    QVERIFY(program.Start());
+    QVERIFY(program.ShowPanel());
+    QVERIFY(shows(u"category001@1.5x.png"_s));
+    QVERIFY(program.Close());
 }
 
 QTEST_MAIN(tst_desktop_screens)

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <cstdlib>
+
 using namespace paneda;
 
 namespace {
@@ -48,6 +50,8 @@ private Q_SLOTS:
     void ClearReplacesAndOverBlends();
     void FillFollowsLastMode();
     void CutsTwipsToPixels();
+    void MeetsWithoutGapsAtEveryRatio();
+    void TakesPicturesOfAnyDensity();
     void NothingToDrawIsNoFault();
     void LabelKeepsItsPlace();
     void LabelBreaksIntoWholeLines();
@@ -163,6 +167,72 @@ void TestDrawingSurface::CutsTwipsToPixels() {
     QCOMPARE(InkOf(surface.Image()), QRect(1, 2, 3, 2));
     surface.FillRect(kBlue, {-1, 0, 30, 15});
     QCOMPARE(BoxOf(surface.Image(), kBlue), QRect(0, 0, 1, 1));
+}
+
+// Neighbours share their edge, the places under the mouse are those that are drawn, and lines are equally
+// thick.
+void TestDrawingSurface::MeetsWithoutGapsAtEveryRatio() {
+    for (const double ratio : {1.0, 1.1458, 1.25, 1.5, 1.75, 2.0, 2.6, 3.0}) {
+        DrawingSurface surface(QSize(61, 9), ratio);
+        QCOMPARE(surface.Image().size(), DeviceSize({61, 9}, ratio));
+        for (int x = 0; x < 61; ++x) {
+            const Argb color = x % 2 == 0 ? kRed : kBlue;
+            if (x % 3 == 0)
+                surface.FillRect(color, InPixels(x, 0, 1, 9));
+            else if (x % 3 == 1)
+                surface.DrawPicture(PlainPicture(1, 4, color), InPixels(x, 0, 1, 9));
+            else
+                surface.DrawPictureAt(PlainPicture(1, 9, color), x * 15, 0);
+        }
+        for (int device = 0; device < surface.Image().width(); ++device) {
+            const int pixel = LayoutPoint({device / ratio, 0}, ratio).x();
+            for (const int y : {0, surface.Image().height() - 1})
+                QCOMPARE(surface.Image().pixel(device, y), pixel % 2 == 0 ? kRed : kBlue);
+        }
+        DrawingSurface frame(QSize(61, 9), ratio);
+        frame.DrawOutline(kRed, InPixels(3, 1, 37, 5));
+        const QRect outer = DeviceRect({3, 1, 37, 5}, ratio);
+        const int line = DeviceLength(1, ratio);
+        QCOMPARE(InkOf(frame.Image()), outer);
+        const QRect inner = outer.adjusted(line, line, -line, -line);
+        QVERIFY(InkOf(frame.Image().copy(inner)).isNull());
+        QCOMPARE(InkOf(frame.Image().copy(inner.adjusted(-1, -1, 1, 1))).size(),
+                 inner.adjusted(-1, -1, 1, 1).size());
+    }
+}
+
+void TestDrawingSurface::TakesPicturesOfAnyDensity() {
+    QImage tile = PlainPicture(4, 4, kBlue); // two pixels of the layout wide, the left one red
+    for (const QPoint& at : {QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 1), QPoint(0, 2),
+                             QPoint(1, 2), QPoint(0, 3), QPoint(1, 3)})
+        tile.setPixel(at, kRed);
+    for (const double ratio : {1.0, 2.0, 3.0}) {
+        DrawingSurface surface(QSize(20, 20), ratio);
+        surface.DrawPicture({tile, 2}, InPixels(3, 2, 10, 7));
+        surface.DrawPicture({tile, 2}, InPixels(14, 2, 6, 6), {.Method = QStringLiteral("original size")});
+        surface.DrawIcon({PlainPicture(int(8 * ratio), int(8 * ratio), kBlue), ratio},
+                         InPixels(2, 11, 5, 20));
+        const auto seen = [&](int x, int y) {
+            return surface.Image().pixel(int((x + 0.5) * ratio), int((y + 0.5) * ratio));
+        };
+        for (const int x : {3, 5, 11})
+            QVERIFY(seen(x, 8) == kRed && seen(x + 1, 8) == kBlue);
+        QVERIFY(seen(13, 8) == 0 && seen(16, 4) == kRed && seen(17, 4) == kBlue && seen(15, 4) == 0);
+        QVERIFY(seen(6, 18) == kBlue && seen(7, 18) == 0 && seen(6, 19) == 0);
+        QVERIFY(InkOf(surface.Image()).bottom() < 19 * ratio);
+    }
+    // Text has the same place at twice the size, and a line of it is written, not scaled: its letters are
+    // sharp.
+    DrawingSurface once(QSize(200, 100));
+    DrawingSurface twice(QSize(200, 100), 2);
+    for (DrawingSurface* surface : {&once, &twice})
+        surface->DrawLabel(QStringLiteral("HHH"), InPixels(20, 30, 150, 40),
+                           Style(Column::Centre, Row::Centre));
+    const QRect small = InkOf(once.Image());
+    const QRect large = InkOf(twice.Image());
+    QVERIFY((large.center() - small.center() * 2).manhattanLength() <= 4);
+    QVERIFY(std::abs(large.width() - 2 * small.width()) <= 4 &&
+            std::abs(large.height() - 2 * small.height()) <= 2);
 }
 
 void TestDrawingSurface::NothingToDrawIsNoFault() {

@@ -80,6 +80,8 @@ private Q_SLOTS:
     void DriveDataIsAdded();
     void SkinWithoutPicturesIsPainted();
     void HugePiecesAreLeftOut();
+    void DenserPiecesAreUsed();
+    void RatiosHaveTheirFiles();
     void LatePictureIsNotKept();
     void FilesBelongToTheirPanel();
     void UnusableFileIsComposedAgain();
@@ -287,6 +289,62 @@ void TestPanelPainter::HugePiecesAreLeftOut() {
     const auto leftOut = pictures.TakeLeftOut();
     QCOMPARE(leftOut.size(), 1u);
     QVERIFY(leftOut[0].Path.endsWith(u"lefta.png") && !pictures.WasLate());
+}
+
+// The file of two or three times the size that fits the ratio best, where there is one and its size is right.
+void TestPanelPainter::DenserPiecesAreUsed() {
+    SkinMaker maker;
+    maker.AddIni();
+    for (const auto& [name, side] : {std::pair("topa", 10),
+                                     {"topa@2x", 20},
+                                     {"topa@3x", 30},
+                                     {"lefta", 8},
+                                     {"lefta@3x", 24},
+                                     {"righta", 7},
+                                     {"righta@2x", 15},
+                                     {"bottoma@2x", 20}})
+        maker.AddPiece(name, side, side, kTop);
+    const ThemeState theme = maker.Theme();
+    struct Row {
+        double Ratio;
+        double Top;
+        double Left;
+        std::size_t LeftOut;
+    };
+    for (const Row& row : {Row{1, 1, 1, 0}, {1.25, 2, 3, 1}, {2, 2, 3, 1}, {2.5, 3, 3, 1}, {3, 3, 3, 1}}) {
+        SkinPictures pictures(theme, {{9, 300}, row.Ratio});
+        const DensePicture top = pictures.Get(theme.Pieces.TopA);
+        QCOMPARE(top.Density, row.Top);
+        QCOMPARE(top.Size(), QSize(9, 10));
+        QCOMPARE(pictures.Get(theme.Pieces.LeftA).Density, row.Left);
+        QCOMPARE(pictures.Get(theme.Pieces.RightA).Density, 1.0);
+        QVERIFY2(pictures.Get(theme.Pieces.BottomA).IsNull(), "no piece of its own");
+        QCOMPARE(pictures.TakeLeftOut().size(), row.LeftOut);
+    }
+}
+
+// Each ratio has its files; those that another ratio may still need stay, and those that became wrong go.
+void TestPanelPainter::RatiosHaveTheirFiles() {
+    const QTemporaryDir folder;
+    Panel panel(maker_, TwoAndTree());
+    CategoryPictures pictures = panel.Pictures(folder.path(), CategoryPictures::Files::Drop);
+    const QImage once = pictures.Picture(1);
+    pictures.SetRatio(1.25);
+    QCOMPARE(pictures.Picture(1).size(), DeviceSize(once.size(), 1.25));
+    QVERIFY(pictures.PrepareNext());
+    CategoryPictures kept = panel.Pictures(folder.path(), CategoryPictures::Files::Keep);
+    WriteBytes(folder.filePath(QStringLiteral("category002@1.25x.png")),
+               QuickPng(PlainPicture(DeviceSize(once.size(), 1.25).width(),
+                                     DeviceSize(once.size(), 1.25).height(), kLogo),
+                        0));
+    kept.SetRatio(1.25);
+    QCOMPARE(kept.Picture(1).pixel(0, 0), kLogo);
+    kept.SetRatio(1);
+    QCOMPARE(kept.Picture(1), once);
+    QVERIFY(kept.RedrawBarTitles().empty());
+    QCOMPARE(ListFiles(folder.path()).filter(QStringLiteral("@")), QStringList());
+    kept.SetRatio(1.25);
+    QCOMPARE(kept.Picture(1).pixel(0, 0), kCorner);
 }
 
 void TestPanelPainter::LatePictureIsNotKept() {
