@@ -27,12 +27,14 @@ namespace {
 
 constexpr int kRuns = 15;
 constexpr int kSwitches = 200;
+constexpr int kMoved = 100; // buttons of a panel that comes to a screen of another ratio
 
 // Icons that cost what a picture at hand costs: the desktop's own look-up is not what is measured here.
 class OneIcon : public IconSource {
 public:
     OneIcon() : icon_(32, 32, QImage::Format_ARGB32_Premultiplied) { icon_.fill(0xFF4080C0); }
-    QImage Icon(const QString&, int pixels) override {
+    QImage Icon(const QString&, const IconSize& size) override {
+        const int pixels = size.OnScreen();
         return pixels == 32 ? icon_ : icon_.scaled(pixels, pixels);
     }
 
@@ -67,7 +69,7 @@ double MedianMs(int runs, const std::function<void()>& work) {
     return times[times.size() / 2];
 }
 
-double ComposeMs(const ThemeState& theme, const PieceSizes& sizes, int buttons) {
+double ComposeMs(const ThemeState& theme, const PieceSizes& sizes, int buttons, double ratio = 1) {
     const CatalogueList catalogue = CatalogueOf(buttons);
     const PanelGeometry geometry =
         LayoutPanel(catalogue, {5, PanelMetricsOf(sizes), {20'000, 1'000'000, 1'000'000}, 0, 0});
@@ -75,9 +77,9 @@ double ComposeMs(const ThemeState& theme, const PieceSizes& sizes, int buttons) 
     OneIcon icons;
     const DriveMap drives = DriveMap::FromMountPoints({});
     return MedianMs(kRuns, [&] {
-        PaintTools tools(theme, fonts);
+        PaintTools tools(theme, fonts, {{}, ratio});
         ButtonSources sources{icons, drives, QStringLiteral("C:\\bench"), 5};
-        PanelPainter painter({catalogue, geometry, sizes, QImage()}, tools, sources);
+        PanelPainter painter({catalogue, geometry, sizes, QImage(), ratio}, tools, sources);
         painter.PaintBase(0);
     });
 }
@@ -130,6 +132,15 @@ int main(int argc, char** argv) {
         out << (former > 0 ? QStringLiteral(", %1 of the line above\n").arg(perButton / former, 0, 'f', 2)
                            : QStringLiteral("\n"));
         former = perButton;
+    }
+    const double once = ComposeMs(*theme, sizes, kMoved);
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+        const double ms = ratio == 1 ? once : ComposeMs(*theme, sizes, kMoved, ratio);
+        out << QStringLiteral("a panel of %1 buttons at %2: %3 ms, %4 of that at 1\n")
+                   .arg(kMoved)
+                   .arg(ratio)
+                   .arg(ms, 0, 'f', 1)
+                   .arg(ms / once, 0, 'f', 2);
     }
     out << QStringLiteral("category switch, 400 x 600: %1 ms\n").arg(SwitchMs(*theme, sizes), 0, 'f', 2);
     return 0;

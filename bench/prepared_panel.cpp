@@ -59,8 +59,9 @@ PanelPixels ReadPanelPixels(const QString& picture) {
     return pixels;
 }
 
-QString PanelPicture(const QString& program) {
-    return QFileInfo(program).absolutePath() + QStringLiteral("/Cache/category001.png");
+QString PanelPicture(const QString& program, const QString& ratio) {
+    const QString at = ratio == u"1" ? QString() : u'@' + ratio + u'x';
+    return QFileInfo(program).absolutePath() + QStringLiteral("/Cache/category001%1.png").arg(at);
 }
 
 RunningPanel::RunningPanel(const QString& program, const QStringList& arguments) {

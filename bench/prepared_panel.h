@@ -29,8 +29,8 @@ struct PanelPixels {
 };
 PanelPixels ReadPanelPixels(const QString& picture);
 
-// The picture of the first category in the store that the program lies in.
-QString PanelPicture(const QString& program);
+// The picture of the first category in the store that the program lies in, for screens of a ratio ("1.25").
+QString PanelPicture(const QString& program, const QString& ratio = QStringLiteral("1"));
 
 // Runs the program as long as the object lives, and ends it as a session does.
 class RunningPanel {

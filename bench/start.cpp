@@ -2,7 +2,8 @@
 // the panel's size (the floor), the panel with a valid cache, the panel without. Seen from outside, by the
 // pixels in the window. Needs an X server with a window manager (tools/with-desktop).
 //
-// usage: bench_start PANEDA FLOOR   (an installed program over its store, the floor program)
+// usage: bench_start PANEDA FLOOR [RATIO]   (an installed program over its store, the floor program, device
+// pixels for each pixel of the layout)
 
 #include "prepared_panel.h"
 #include "x_window.h"
@@ -85,13 +86,15 @@ int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     const QStringList arguments = application.arguments();
-    if (arguments.size() != 3) {
-        out << "usage: bench_start PANEDA FLOOR\n";
+    if (arguments.size() != 3 && arguments.size() != 4) {
+        out << "usage: bench_start PANEDA FLOOR [RATIO]\n";
         return 2;
     }
+    const QString ratio = arguments.value(3, QStringLiteral("1"));
+    qputenv("QT_SCALE_FACTOR", ratio.toLatin1());
     const QString paneda = arguments[1];
     const QString cache = QFileInfo(paneda).absolutePath() + QStringLiteral("/Cache");
-    const QString picture = paneda::bench::PanelPicture(paneda);
+    const QString picture = paneda::bench::PanelPicture(paneda, ratio);
     // The first start makes the store and the pictures.
     Measure(paneda, {}, {QPoint(0, 0)}, {0xFFFFFFFF}, kFirstStart);
     const paneda::bench::PanelPixels pixels = paneda::bench::ReadPanelPixels(picture);
@@ -119,8 +122,8 @@ int main(int argc, char** argv) {
                    .arg(result.MemoryKb, 8, 'f', 0)
                    .arg(result.MemoryKb / base.MemoryKb, 5, 'f', 2);
     };
-    out << "medians of " << kRuns << " starts, window of " << pixels.Size.width() << " x "
-        << pixels.Size.height() << " pixels\n";
+    out << "medians of " << kRuns << " starts at ratio " << ratio << ", window of " << pixels.Size.width()
+        << " x " << pixels.Size.height() << " pixels\n";
     print("floor", base);
     print("cached", Summarise(cached));
     print("uncached", Summarise(uncached));

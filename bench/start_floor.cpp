@@ -13,9 +13,10 @@ class PictureWindow : public QWidget {
 public:
     explicit PictureWindow(const QImage& picture) : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint) {
         picture_ = picture;
+        picture_.setDevicePixelRatio(devicePixelRatioF());
         setAttribute(Qt::WA_TranslucentBackground);
         setWindowTitle(QStringLiteral("AhPanel"));
-        setFixedSize(picture.size());
+        setFixedSize(picture_.deviceIndependentSize().toSize());
         move(0, 0);
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/text/device_pixels.h"
 #include "platform/opener.h"
 
 #include <QImage>
@@ -12,9 +13,11 @@ class FileIcons {
 public:
     virtual ~FileIcons() = default;
 
-    // The icon of a target as records hold it (stored form, host path or web address), `pixels` wide and high
-    // with alpha. A null image when the desktop has none, or when the target is gone.
-    virtual QImage IconOf(const QString& target, const LaunchPaths& paths, int pixels) = 0;
+    // The icon of a target as records hold it (stored form, host path or web address), size.OnScreen() wide
+    // and high, with alpha. One that the desktop has only in smaller sizes is as large as it would be at
+    // ratio
+    // 1. A null image when the desktop has none, or when the target is gone.
+    virtual QImage IconOf(const QString& target, const LaunchPaths& paths, const IconSize& size) = 0;
 
     // What the desktop calls files of this kind ("PNG image"), by the name alone. Empty when it has no word.
     virtual QString TypeNameOf(const QString& fileName) = 0;

@@ -62,8 +62,7 @@ void Painting::PaintIcon() {
     const int side = PixelsToTwips(layout_.IconPixels);
     const TwipsRect place{box_.Left + int(kTwipsPerPixel * layout_.IconLeft),
                           box_.Top + int(kTwipsPerPixel * layout_.IconTop), side, side};
-    const int onScreen = DeviceLength(layout_.IconPixels, surface_.Ratio());
-    const ButtonPicture picture = sources_.PictureOf(button_.Target, onScreen);
+    const ButtonPicture picture = sources_.PictureOf(button_.Target, {layout_.IconPixels, surface_.Ratio()});
     if (picture.IsOwnFile)
         surface_.DrawPicture(picture.Image, place, {.Mode = DrawMode::Over, .Fit = true});
     else

@@ -22,18 +22,18 @@ QString IconPath(const QString& target, const ButtonSources& sources) {
 
 } // namespace
 
-ButtonPicture ButtonSources::PictureOf(const QString& target, int pixels) {
+ButtonPicture ButtonSources::PictureOf(const QString& target, const IconSize& size) {
     if (target.isEmpty())
         return {};
     const QString picture = Finder.Find(PictureStem(Drives.ToHost(target, AppPath)));
     if (!picture.isEmpty()) {
-        const auto image = ReadPicture(picture, {.Width = pixels, .Small = true}, Time);
+        const auto image = ReadPicture(picture, {.Width = size.OnScreen(), .Small = true}, Time);
         if (!image)
             LeftOut.push_back(image.error());
         return {image.value_or(QImage()), true};
     }
     const QString path = IconPath(target, *this);
-    return {path.isEmpty() ? QImage() : Icons.Icon(path, pixels), false};
+    return {path.isEmpty() ? QImage() : Icons.Icon(path, size), false};
 }
 
 } // namespace paneda

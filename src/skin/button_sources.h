@@ -32,9 +32,8 @@ struct ButtonSources {
     std::vector<PictureError> LeftOut = {};    // pictures beside buttons that could not be shown
 
     // The picture beside a button's file, else the icon of a record's target or of the file itself. `target`
-    // is the path of the button's file in the stored form; the icon is `pixels` (of the
-    // screen) wide and high.
-    ButtonPicture PictureOf(const QString& target, int pixels);
+    // is the path of the button's file in the stored form; the icon has that size.
+    ButtonPicture PictureOf(const QString& target, const IconSize& size);
 };
 
 } // namespace paneda

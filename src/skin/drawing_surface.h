@@ -2,7 +2,7 @@
 
 #include "core/text/twips.h"
 #include "skin/colour.h"
-#include "skin/device_pixels.h"
+#include "skin/dense_picture.h"
 #include "skin/picture_placing.h"
 #include "skin/smooth_label.h"
 

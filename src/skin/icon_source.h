@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/device_pixels.h"
+
 #include <QImage>
 #include <QString>
 
@@ -10,9 +12,9 @@ class IconSource {
 public:
     virtual ~IconSource() = default;
 
-    // The icon of what a path of the stored form, a host path or an address names: `pixels` wide and high,
-    // with alpha. Null if there is none.
-    virtual QImage Icon(const QString& path, int pixels) = 0;
+    // The icon of what a path of the stored form, a host path or an address names, size.OnScreen() wide and
+    // high, with alpha. Null if there is none.
+    virtual QImage Icon(const QString& path, const IconSize& size) = 0;
 };
 
 } // namespace paneda

@@ -2,7 +2,7 @@
 
 #include "core/store/names.h"
 #include "core/store/style_code.h"
-#include "skin/device_pixels.h"
+#include "core/text/device_pixels.h"
 
 #include <QFont>
 #include <QFontMetrics>
@@ -69,7 +69,7 @@ public:
         const ButtonStyle style = DecodeStyle(button.Style);
         painter_.fillRect(rect, QColor::fromRgb(kButton));
         const QRect icon = IconRect(rect, style, button.Style.isEmpty());
-        const QImage picture = icon.isEmpty() ? QImage() : icons_(button, DeviceLength(icon.width(), ratio_));
+        const QImage picture = icon.isEmpty() ? QImage() : icons_(button, {icon.width(), ratio_});
         if (!picture.isNull())
             painter_.drawImage(icon, picture);
         if (style.LabelOn || picture.isNull())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/panel/panel_geometry.h"
+#include "core/text/device_pixels.h"
 
 #include <QImage>
 #include <QRect>
@@ -23,11 +24,11 @@ struct PlainChrome {
 
 PlainChrome PlainChromeOf(const PanelGeometry& geometry);
 
-// Gives a button's icon at a size in pixels of the screen; a null image for none.
-using ButtonIconSource = std::function<QImage(const ButtonEntry&, int pixels)>;
+// Gives a button's icon at a size; a null image for none.
+using ButtonIconSource = std::function<QImage(const ButtonEntry&, const IconSize&)>;
 
 // The whole panel with one category opened, as large as the window, for a screen of that ratio
-// (skin/device_pixels.h), which is the picture's devicePixelRatio().
+// (core/text/device_pixels.h), which is the picture's devicePixelRatio().
 QImage PaintPlainPanel(const CatalogueList& catalogue, const PanelGeometry& geometry,
                        const OpenedCategory& opened, const ButtonIconSource& icons, double ratio = 1);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "skin/device_pixels.h"
+#include "skin/dense_picture.h"
 #include "skin/picture_loader.h"
 #include "skin/theme_state.h"
 

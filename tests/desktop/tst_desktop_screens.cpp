@@ -1,7 +1,7 @@
 #include "core/settings/config_settings.h"
+#include "core/text/device_pixels.h"
 #include "desktop/desktop.h"
 #include "desktop/installed_program.h"
-#include "skin/device_pixels.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -20,7 +20,8 @@ constexpr Argb kBorder = 0xFF102030;
 
 class PlainIcons : public IconSource {
 public:
-    QImage Icon(const QString& path, int pixels) override {
+    QImage Icon(const QString& path, const IconSize& size) override {
+        const int pixels = size.OnScreen();
         Asked.append(path);
         return PlainPicture(pixels, pixels, kIcon);
     }

@@ -62,7 +62,7 @@ const std::map<QString, QByteArray> kFiles = {
 
 class NoIcons : public IconSource {
 public:
-    QImage Icon(const QString&, int) override { return {}; }
+    QImage Icon(const QString&, const IconSize&) override { return {}; }
 };
 
 } // namespace

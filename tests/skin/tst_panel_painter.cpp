@@ -28,7 +28,7 @@ constexpr quint64 kGigabyte = 1024ull * 1024 * 1024;
 
 class NoIcons : public IconSource {
 public:
-    QImage Icon(const QString&, int) override { return {}; }
+    QImage Icon(const QString&, const IconSize&) override { return {}; }
 };
 
 GroupEntry MakeGroup(const char* name, int buttons) {

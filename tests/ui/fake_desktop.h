@@ -57,9 +57,9 @@ public:
     static constexpr QRgb kColour = 0xFFFF00FF;
     QStringList Targets;
 
-    QImage IconOf(const QString& target, const LaunchPaths&, int pixels) override {
+    QImage IconOf(const QString& target, const LaunchPaths&, const IconSize& size) override {
         Targets.append(target);
-        QImage icon(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+        QImage icon(size.OnScreen(), size.OnScreen(), QImage::Format_ARGB32_Premultiplied);
         icon.fill(kColour);
         return icon;
     }

@@ -1,6 +1,7 @@
 #include "platform/linux/theme_icons.h"
 
 #include "core/files/web_addresses.h"
+#include "platform/icon_sizing.h"
 #include "platform/linux/desktop_entry.h"
 #include "platform/linux/foreign_icon.h"
 #include "platform/linux/host_target.h"
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QMimeDatabase>
-#include <QPainter>
 #include <QPixmap>
 
 #include <algorithm>
@@ -117,31 +117,23 @@ QIcon IconFor(const QString& text, const Wanted& wanted) {
     return {};
 }
 
-// A picture of exactly this size. If the theme has none, a larger picture is scaled down, or a smaller one is
-// centred.
-QImage Sized(const QIcon& icon, int pixels) {
+// The smallest picture of the icon that is at least this size, else its largest one.
+QImage PictureIn(const QIcon& icon, int pixels) {
     QImage picture;
     for (int wanted = pixels; wanted <= 4 * pixels; wanted *= 2) {
         picture = icon.pixmap(QSize(wanted, wanted), 1.0).toImage();
         if (std::max(picture.width(), picture.height()) >= pixels)
             break;
     }
-    if (picture.width() > pixels || picture.height() > pixels)
-        picture = picture.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    if (picture.size() == QSize(pixels, pixels))
-        return picture;
-    QImage sized(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
-    sized.fill(Qt::transparent);
-    QPainter(&sized).drawImage((pixels - picture.width()) / 2, (pixels - picture.height()) / 2, picture);
-    return sized;
+    return picture;
 }
 
 } // namespace
 
-QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, int pixels) {
+QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, const IconSize& size) {
     ChooseThemeOnce();
-    const QIcon icon = IconFor(target, {paths, pixels});
-    return icon.isNull() ? QImage() : Sized(icon, pixels);
+    const QIcon icon = IconFor(target, {paths, size.OnScreen()});
+    return icon.isNull() ? QImage() : SizedIcon(PictureIn(icon, size.OnScreen()), size);
 }
 
 QString ThemeIcons::TypeNameOf(const QString& fileName) {

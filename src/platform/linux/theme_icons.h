@@ -7,7 +7,7 @@ namespace paneda {
 // Icons by the MIME database and the icon theme. For a desktop entry, the icon that it names.
 class ThemeIcons : public FileIcons {
 public:
-    QImage IconOf(const QString& target, const LaunchPaths& paths, int pixels) override;
+    QImage IconOf(const QString& target, const LaunchPaths& paths, const IconSize& size) override;
     QString TypeNameOf(const QString& fileName) override;
 };
 

@@ -1,13 +1,13 @@
 #include "platform/windows/shell_icons.h"
 
 #include "core/files/web_addresses.h"
+#include "platform/icon_sizing.h"
 #include "platform/windows/com_scope.h"
 #include "platform/windows/quiet_errors.h"
 #include "platform/windows/target_path.h"
 #include "platform/windows/wide_text.h"
 
 #include <QFileInfo>
-#include <QPainter>
 
 #include <windows.h>
 
@@ -120,27 +120,15 @@ QImage PictureOf(int index, int pixels) {
     return smaller;
 }
 
-// A larger picture is scaled down; a smaller one is centred.
-QImage Sized(QImage picture, int pixels) {
-    if (picture.width() > pixels || picture.height() > pixels)
-        picture = picture.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    if (picture.isNull() || picture.size() == QSize(pixels, pixels))
-        return picture;
-    QImage sized(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
-    sized.fill(Qt::transparent);
-    QPainter(&sized).drawImage((pixels - picture.width()) / 2, (pixels - picture.height()) / 2, picture);
-    return sized;
-}
-
 } // namespace
 
-QImage ShellIcons::IconOf(const QString& target, const LaunchPaths& paths, int pixels) {
+QImage ShellIcons::IconOf(const QString& target, const LaunchPaths& paths, const IconSize& size) {
     if (target.isEmpty())
         return {};
     const ComScope com;
     const QuietErrors quiet;
     const std::optional<int> index = IconIndex(target, paths);
-    return index ? Sized(PictureOf(*index, pixels), pixels) : QImage();
+    return index ? SizedIcon(PictureOf(*index, size.OnScreen()), size) : QImage();
 }
 
 QString ShellIcons::TypeNameOf(const QString& fileName) {

@@ -14,8 +14,8 @@ QString IconTarget(const ButtonEntry& button, const AppState& state) {
     return request.Target;
 }
 
-QImage ButtonIcon(const ButtonEntry& button, int pixels, const AppState& state, FileIcons& icons) {
-    return icons.IconOf(IconTarget(button, state), {state.Drives, state.AppPath}, pixels);
+QImage ButtonIcon(const ButtonEntry& button, const IconSize& size, const AppState& state, FileIcons& icons) {
+    return icons.IconOf(IconTarget(button, state), {state.Drives, state.AppPath}, size);
 }
 
 } // namespace paneda

@@ -11,7 +11,7 @@ namespace paneda {
 // drive button, otherwise the button's own file. A path in the stored form, or a web address.
 QString IconTarget(const ButtonEntry& button, const AppState& state);
 
-// The icon, a square of this many pixels.
-QImage ButtonIcon(const ButtonEntry& button, int pixels, const AppState& state, FileIcons& icons);
+// The icon, a square of size.OnScreen().
+QImage ButtonIcon(const ButtonEntry& button, const IconSize& size, const AppState& state, FileIcons& icons);
 
 } // namespace paneda

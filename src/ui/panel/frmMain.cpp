@@ -1,6 +1,6 @@
 #include "ui/panel/frmMain.h"
 
-#include "skin/device_pixels.h"
+#include "core/text/device_pixels.h"
 #include "ui/panel/plain_panel_look.h"
 #include "ui/panel/screen_metrics.h"
 #include "ui/panel/skin_choice.h"

@@ -29,7 +29,7 @@ public:
     // Describes the picture files (skin, sizes) for the cache; empty for a look that writes no files.
     virtual PictureRecord Record() const = 0;
 
-    // From now on the pictures are those for a screen of this ratio, 1 to 3 (see skin/device_pixels.h).
+    // From now on the pictures are those for a screen of this ratio, 1 to 3 (see core/text/device_pixels.h).
     virtual void SetRatio(double ratio) = 0;
 
     // The panel with this category opened, as large as the window, in the screen's pixels: its

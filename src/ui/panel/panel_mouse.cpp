@@ -1,6 +1,6 @@
 #include "ui/panel/frmMain.h"
 
-#include "skin/device_pixels.h"
+#include "core/text/device_pixels.h"
 
 #include <QCursor>
 #include <QMouseEvent>

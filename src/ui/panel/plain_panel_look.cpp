@@ -19,7 +19,9 @@ void PlainPanelLook::SetGeometry(const PanelGeometry& geometry) {
 QImage PlainPanelLook::Picture(int category) {
     return PaintPlainPanel(
         state_.Catalogue, *geometry_, OpenCategory(*geometry_, category),
-        [this](const ButtonEntry& button, int pixels) { return ButtonIcon(button, pixels, state_, icons_); },
+        [this](const ButtonEntry& button, const IconSize& size) {
+            return ButtonIcon(button, size, state_, icons_);
+        },
         ratio_);
 }
 

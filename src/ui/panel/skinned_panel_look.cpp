@@ -29,8 +29,8 @@ bool IsOfSkin(const PictureRecord* cached, const ThemeState& theme) {
 
 } // namespace
 
-QImage SkinnedPanelLook::FileIconSource::Icon(const QString& path, int pixels) {
-    return icons_.IconOf(path, {state_.Drives, state_.AppPath}, pixels);
+QImage SkinnedPanelLook::FileIconSource::Icon(const QString& path, const IconSize& size) {
+    return icons_.IconOf(path, {state_.Drives, state_.AppPath}, size);
 }
 
 SkinnedPanelLook::SkinnedPanelLook(const AppState& state, ThemeState theme, const PictureRecord* cached,

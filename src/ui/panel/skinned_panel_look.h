@@ -42,7 +42,7 @@ private:
     class FileIconSource : public IconSource {
     public:
         FileIconSource(const AppState& state, FileIcons& icons) : state_(state), icons_(icons) {}
-        QImage Icon(const QString& path, int pixels) override;
+        QImage Icon(const QString& path, const IconSize& size) override;
 
     private:
         const AppState& state_;

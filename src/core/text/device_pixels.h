@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QImage>
 #include <QPointF>
 #include <QRect>
 #include <QSize>
@@ -58,25 +57,15 @@ inline QPoint LayoutPoint(const QPointF& place, double ratio) {
     return {pixel(place.x()), pixel(place.y())};
 }
 
-// What is composed: a size in layout pixels (empty: any) for a screen of that ratio.
-struct Canvas {
-    QSize Pixels = {};
-    double Ratio = kLeastRatio;
-};
+// The size of an icon: of the layout, and of the screen that it is for.
+struct IconSize {
+    IconSize(int pixels, double ratio = kLeastRatio) : Pixels(pixels), Ratio(ratio) {}
 
-// A picture with the number of its pixels that stand for one layout pixel: 2 for a file `name@2x.png`.
-struct DensePicture {
-    DensePicture() = default;
-    DensePicture(QImage image, double density = 1) : Image(std::move(image)), Density(density) {}
+    int Pixels; // of the layout
+    double Ratio;
 
-    QImage Image; // premultiplied ARGB; null for none
-    double Density = 1;
-
-    bool IsNull() const { return Image.isNull(); }
-    // Its size in layout pixels.
-    QSize Size() const {
-        return {int(std::lround(Image.width() / Density)), int(std::lround(Image.height() / Density))};
-    }
+    // Width and height of its picture, in device pixels.
+    int OnScreen() const { return DeviceLength(Pixels, Ratio); }
 };
 
 } // namespace paneda
