@@ -6,6 +6,7 @@
 #include "skin/skin_pieces.h"
 
 #include <QBuffer>
+#include <QDirIterator>
 #include <QTest>
 #include <QtEndian>
 
@@ -81,6 +82,7 @@ private Q_SLOTS:
     void LimitsWhatDecodingCosts();
     void ReadsRegularFilesOnly();
     void TakesFittingIconSize();
+    void ReadsTheIconLibrary();
     void ScalesForControls();
 
 private:
@@ -225,6 +227,18 @@ void TestPictureFiles::TakesFittingIconSize() {
     QCOMPARE(LoadPicture(path, 20).width(), 32);
     QCOMPARE(LoadPicture(path, 32).width(), 32);
     QCOMPARE(LoadPicture(path, 64).width(), 48);
+}
+
+void TestPictureFiles::ReadsTheIconLibrary() {
+    int icons = 0;
+    QDirIterator files(QStringLiteral(ICON_LIBRARY), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        for (const int side : {16, 32, 48, 64, 96})
+            QVERIFY2(LoadPicture(path, side).size() == QSize(side, side), qPrintable(path));
+        ++icons;
+    }
+    QVERIFY(icons >= 120);
 }
 
 void TestPictureFiles::ScalesForControls() {

@@ -1,6 +1,6 @@
 """Writes a Windows icon file.
 
-A header of 6 bytes, 16 bytes for each picture, then the pictures: up to 128 pixels as a bitmap without a file
+A header of 6 bytes, 16 bytes for each picture, then the pictures: the smaller ones as a bitmap without a file
 header, rows from the bottom, blue first, followed by a mask of one bit a pixel; larger ones as PNG, which is what
 resource compilers and old systems expect.
 """
@@ -37,8 +37,8 @@ def _png(picture):
     return buffer.getvalue()
 
 
-def ico_bytes(pictures):
-    bodies = [_bitmap(p) if p.width <= LARGEST_BITMAP else _png(p) for p in pictures]
+def ico_bytes(pictures, largest_bitmap=LARGEST_BITMAP):
+    bodies = [_bitmap(p) if p.width <= largest_bitmap else _png(p) for p in pictures]
     data = struct.pack("<HHH", 0, 1, len(pictures))
     at = len(data) + 16 * len(pictures)
     for picture, body in zip(pictures, bodies):
