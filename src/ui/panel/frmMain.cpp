@@ -333,11 +333,12 @@ void frmMain::Form_Unload() {
     prepare_.stop();
     drivesChange_.stop();
     const FileResult saved = SaveAtExit(state_);
-    calls_.Stop();
     services_.Volumes.Watch({});
     services_.SoundPlayer.CloseAll();
-    if (!saved)
-        services_.Prompts.Notice(saved.error().Text());
+    if (saved)
+        return;
+    calls_.Stop();
+    services_.Prompts.Notice(saved.error().Text());
 }
 
 void frmMain::paintEvent(QPaintEvent*) {
@@ -361,6 +362,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
     Form_Unload();
     event->accept();
     Q_EMIT Unloaded();
+    // Waits where the display does not answer, so the end has to be under way.
+    calls_.Stop();
 }
 
 bool frmMain::event(QEvent* event) {

@@ -70,8 +70,9 @@ public:
     // Shows the panel, unless the settings ask for a hidden start.
     void ShowAtStart();
 
-    // Hides the panel, saves its place and the settings that are kept at exit, and stops its services. A
-    // second call does nothing. After it the panel cannot be shown again.
+    // Hides the panel, and saves its place and the settings that are kept at exit. A second call does
+    // nothing. After it the panel cannot be shown again. Tray icon and mouse trigger go when it is closed or
+    // destroyed.
     void Form_Unload();
 
     // Another program asked for the panel: shows it, whatever the text of the request.
