@@ -71,7 +71,10 @@ class FakeSpace : public DriveSpace {
 public:
     QHash<QString, VolumeSpace> Spaces;
 
+    std::function<void()> Changed;
+
     VolumeSpace SpaceOf(const QString& root) override { return Spaces.value(root); }
+    void Watch(std::function<void()> changed) override { Changed = std::move(changed); }
 };
 
 class FakeCompositor : public Compositor {

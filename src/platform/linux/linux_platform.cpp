@@ -14,6 +14,7 @@
 #include "platform/linux/theme_icons.h"
 #include "platform/linux/volume_space.h"
 #include "platform/linux/x11_compositor.h"
+#include "platform/patient_space.h"
 #include "platform/platform.h"
 #include "platform/threaded_player.h"
 #include "platform/web_downloader.h"
@@ -27,7 +28,7 @@ Platform MakePlatform() {
     platform.InstanceLock = std::make_unique<InstanceMark>();
     platform.FileIcons = std::make_unique<ThemeIcons>();
     platform.SourcePlaces = std::make_unique<LinuxSourcePlaces>();
-    platform.DriveSpace = std::make_unique<LinuxVolumeSpace>();
+    platform.DriveSpace = std::make_unique<PatientSpace>(AskVolumeSpace);
     platform.Compositor = std::make_unique<X11Compositor>();
     platform.Hotkey = MakeHotkey();
     platform.Pointer = std::make_unique<LinuxPointer>();

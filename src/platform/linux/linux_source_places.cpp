@@ -118,7 +118,7 @@ SourceListing LinuxSourcePlaces::List(Source source, const QString& folder) cons
 }
 
 bool LinuxSourcePlaces::HasMedium(const QString& root) const {
-    return LinuxVolumeSpace().SpaceOf(root).TotalBytes > 0;
+    return AskVolumeSpace(root).TotalBytes > 0;
 }
 
 SourceItem LinuxSourcePlaces::ItemOf(const QString& path) const {

@@ -6,7 +6,7 @@
 
 namespace paneda {
 
-VolumeSpace LinuxVolumeSpace::SpaceOf(const QString& root) {
+VolumeSpace AskVolumeSpace(const QString& root) {
     const QStorageInfo storage(root);
     // The folder of a volume that has gone lies on another volume.
     if (root.isEmpty() || !storage.isReady() || storage.rootPath() != root)

@@ -4,9 +4,7 @@
 
 namespace paneda {
 
-class LinuxVolumeSpace : public DriveSpace {
-public:
-    VolumeSpace SpaceOf(const QString& root) override;
-};
+// The space of a mounted volume, asked now. Blocks as long as the volume does not answer.
+VolumeSpace AskVolumeSpace(const QString& root);
 
 } // namespace paneda

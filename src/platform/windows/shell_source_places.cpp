@@ -72,7 +72,7 @@ SourceListing ShellSourcePlaces::List(Source source, const QString& folder) cons
 }
 
 bool ShellSourcePlaces::HasMedium(const QString& root) const {
-    return WindowsVolumeSpace().SpaceOf(root).TotalBytes > 0;
+    return AskVolumeSpace(root).TotalBytes > 0;
 }
 
 SourceItem ShellSourcePlaces::ItemOf(const QString& path) const {

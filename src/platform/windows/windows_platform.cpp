@@ -1,3 +1,4 @@
+#include "platform/patient_space.h"
 #include "platform/platform.h"
 #include "platform/threaded_player.h"
 #include "platform/web_downloader.h"
@@ -27,7 +28,7 @@ Platform MakePlatform() {
     platform.InstanceLock = std::make_unique<MutexLock>();
     platform.FileIcons = std::make_unique<ShellIcons>();
     platform.SourcePlaces = std::make_unique<ShellSourcePlaces>();
-    platform.DriveSpace = std::make_unique<WindowsVolumeSpace>();
+    platform.DriveSpace = std::make_unique<PatientSpace>(AskVolumeSpace);
     platform.Compositor = std::make_unique<LayeredCompositor>();
     platform.Hotkey = std::make_unique<MessageHotkey>();
     platform.Pointer = std::make_unique<WindowsPointer>();

@@ -9,7 +9,7 @@
 
 namespace paneda {
 
-VolumeSpace WindowsVolumeSpace::SpaceOf(const QString& root) {
+VolumeSpace AskVolumeSpace(const QString& root) {
     if (root.isEmpty())
         return {};
     const QuietErrors quiet;

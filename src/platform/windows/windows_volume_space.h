@@ -4,10 +4,8 @@
 
 namespace paneda {
 
-// Label and space of a drive. An empty drive gives empty values; the system shows no message.
-class WindowsVolumeSpace : public DriveSpace {
-public:
-    VolumeSpace SpaceOf(const QString& root) override;
-};
+// Label and space of a drive, asked now. An empty drive gives empty values; the system shows no message.
+// Blocks as long as the drive does not answer.
+VolumeSpace AskVolumeSpace(const QString& root);
 
 } // namespace paneda

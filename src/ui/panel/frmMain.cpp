@@ -47,7 +47,7 @@ frmMain::frmMain(AppState& state, const PanelServices& services)
 }
 
 frmMain::~frmMain() {
-    services_.Volumes.Watch({});
+    EndDriveWatch();
 }
 
 void frmMain::Form_Load() {
@@ -159,15 +159,22 @@ void frmMain::AfterFirstPaint() {
         CheckStore();
     // The pictures of a cached start show the free space of an earlier session, and without a reading the
     // drives have no tool tips.
-    RefreshDrives();
     WatchDrives();
+    RefreshDrives();
     prepare_.start();
     TellProblems();
 }
 
 void frmMain::WatchDrives() {
-    if (HasDriveButtons(state_.Catalogue))
-        services_.Volumes.Watch([this] { drivesChange_.start(); });
+    if (!HasDriveButtons(state_.Catalogue))
+        return;
+    services_.Volumes.Watch([this] { drivesChange_.start(); });
+    services_.DriveSpace.Watch([this] { drivesChange_.start(); });
+}
+
+void frmMain::EndDriveWatch() {
+    services_.Volumes.Watch({});
+    services_.DriveSpace.Watch({});
 }
 
 void frmMain::CheckStore() {
@@ -333,7 +340,7 @@ void frmMain::Form_Unload() {
     prepare_.stop();
     drivesChange_.stop();
     const FileResult saved = SaveAtExit(state_);
-    services_.Volumes.Watch({});
+    EndDriveWatch();
     services_.SoundPlayer.CloseAll();
     if (saved)
         return;

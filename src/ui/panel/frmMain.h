@@ -120,6 +120,7 @@ private:
     QPoint PixelOf(const QMouseEvent& event) const;
     void AfterFirstPaint();
     void WatchDrives();
+    void EndDriveWatch();
     void CheckStore();
     void FollowStore(CatalogueList catalogue);
     void PrepareNextPicture();
