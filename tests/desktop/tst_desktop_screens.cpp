@@ -166,6 +166,13 @@ void tst_desktop_screens::screensOfTwoRatios() {
     QVERIFY(program.ShowPanel());
     QVERIFY(shows(u"category001@1.5x.png"_s));
     QVERIFY(program.Close());
+    for (const QString& ratio : {u"1.25"_s, u"2"_s, u"3"_s}) {
+        program.SetVariable(u"QT_SCREEN_SCALE_FACTORS"_s, u"left=%1;right=%1"_s.arg(ratio));
+        QVERIFY(program.Start());
+        QVERIFY(program.ShowPanel());
+        QVERIFY2(shows(u"category001@%1x.png"_s.arg(ratio)), qPrintable(ratio));
+        QVERIFY(program.Close());
+    }
 }
 
 QTEST_MAIN(tst_desktop_screens)
