@@ -33,15 +33,16 @@ def _bent(mirror):
 
 
 def refresh(p):
-    p.hoop(8, 8, 6, TEAL.mid, 2, -20, 270)
-    p.poly(TEAL.dark, (8, -0.5), (8, 6.5), (12, 3))
+    p.hoop(8, 9, 6, TEAL.mid, 2, -15, 270)
+    p.poly(TEAL.mid, (8, 0.5), (8, 7.5), (12, 4))
 
 
 def synchronise(p):
     for quarters, tone in ((0, GREEN), (2, BLUE)):
         with p.turned(quarters):
-            p.hoop(8, 8, 7, tone.mid, 2, 180, 300)
-            p.poly(tone.mid, (15.5, 8), (15.5, 1), (8.5, 7))
+            p.hoop(8, 8, 7, tone.mid, 2, 188, 312)
+            with p.moved(8, 8, 314):
+                p.poly(tone.mid, (2, 0), (10, 0), (6, 5))
 
 
 def _tray(p, tone):

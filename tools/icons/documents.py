@@ -42,8 +42,8 @@ def presentation(p):
     p.rect(2, 3, 12, 7, PAPER)
     for x, top in ((4, 7), (7, 5), (10, 6)):
         p.rect(x, top, 2, 10 - top, ORANGE.mid)
-    p.line(SLATE.dark, 1.4, (8, 11), (4, 16))
-    p.line(SLATE.dark, 1.4, (8, 11), (12, 16))
+    p.line(SLATE.dark, 1.4, (8, 11), (4.5, 15.6))
+    p.line(SLATE.dark, 1.4, (8, 11), (11.5, 15.6))
 
 
 def drawing(p):

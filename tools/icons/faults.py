@@ -5,7 +5,7 @@ import re
 from PIL import Image
 
 from library import SIZES, THEMES, picture
-from pen import rgb  # noqa: F401  (its import makes the tray's generator known)
+from pen import Pen
 
 from check import contrast, difference, placement_faults
 
@@ -35,6 +35,17 @@ def visibility_faults(icon):
     return result
 
 
+def edge_faults(draw):
+    """A corner that is turned out of the picture is cut off in the file."""
+    size, around = 64, 16
+    pen = Pen(size, around)
+    draw(pen)
+    # Softened edges may lie a little beyond.
+    box = pen.image().getchannel("A").point(lambda value: 255 * (value > 64)).getbbox()
+    inside = box and min(box) >= around and max(box) <= around + size
+    return [] if inside else [f"reaches beyond its edges: {[value - around for value in box or ()]} of {size}"]
+
+
 def found_faults(themes=None):
     lines, small = [], {}
     for theme, icons in (themes or THEMES).items():
@@ -44,6 +55,7 @@ def found_faults(themes=None):
             # Names become names of files, also on a stick that Windows reads.
             if not re.fullmatch("[A-Z][A-Za-z ]*[A-Za-z]", name):
                 lines.append(f"{name} is no name for an icon")
+            lines += [f"{name} {fault}" for fault in edge_faults(draw)]
             for size in SIZES:
                 icon = picture(draw, size)
                 lines += [f"{name} at {size} {fault}" for fault in placement_faults(icon, size) or visibility_faults(icon)]

@@ -79,9 +79,9 @@ def feed(p):
 
 
 def wireless(p):
-    for radius, colour in ((12.5, TEAL.mid), (8.5, TEAL.mid), (4.5, TEAL.mid)):
-        p.hoop(8, 14, radius, colour, 2, 225, 315)
-    p.disc(8, 13, 2, TEAL.dark)
+    for radius in (11, 7.5, 4):
+        p.hoop(8, 13, radius, TEAL.mid, 2, 225, 315)
+    p.disc(8, 13, 1.5, TEAL.dark)
 
 
 def web_search(p):
@@ -90,7 +90,7 @@ def web_search(p):
     with p.cleared():
         p.disc(10.5, 10.5, 5, INK)
         p.line(INK, 4, (11, 11), (16, 16))
-    p.line(SLATE.dark, 2.4, (12.5, 12.5), (15, 15), round_ends=True)
+    p.line(SLATE.dark, 2.4, (12.5, 12.5), (14.7, 14.7), round_ends=True)
     p.disc(10.5, 10.5, 4, SLATE.dark)
     p.disc(10.5, 10.5, 2.5, AMBER.light)
 
@@ -139,9 +139,9 @@ def unlocked(p):
 
 def key(p):
     with p.moved(8, 8, -45):
-        p.rect(-2, -1, 10, 2, AMBER.mid)
-        p.rect(4, 0, 2, 3, AMBER.dark)
-        p.rect(7, 0, 1.5, 3, AMBER.dark)
+        p.rect(-2, -1, 9.8, 2, AMBER.mid)
+        p.rect(3, 0, 1.8, 3, AMBER.dark)
+        p.rect(6, 0, 1.8, 3, AMBER.dark)
         p.disc(-4.5, 0, 4, AMBER.mid)
         with p.cleared():
             p.disc(-5, 0, 1.6, INK)
@@ -186,8 +186,8 @@ def firewall(p):
 def at_sign(p):
     p.hoop(8, 8, 7.5, VIOLET.mid, 1.7, 50, 360)
     p.hoop(8, 8, 3.5, VIOLET.dark, 1.7)
-    p.rect(10, 4.8, 1.6, 5, VIOLET.dark)
-    p.hoop(12.7, 8.7, 2.8, VIOLET.mid, 1.7, -15, 180)
+    p.rect(9.9, 4.7, 1.7, 3.6, VIOLET.dark)
+    p.hoop(12.7, 8, 2.8, VIOLET.mid, 1.7, 0, 180)
 
 
 ICONS = {

@@ -73,14 +73,14 @@ def film(p):
 def clapper(p):
     p.block(1, 6, 14, 10, SLATE)
     p.rect(3, 9, 10, 4, PAPER)
-    with p.moved(1, 6, -14):
-        p.rect(0, -4, 14, 3.5, SLATE.dark, 0.5)
+    with p.moved(1, 6, -9):
+        p.rect(0, -4, 13, 3.5, SLATE.dark, 0.5)
         for x in (1, 5, 9):
             p.poly(PAPER, (x, -0.5), (x + 2, -0.5), (x + 3.5, -4), (x + 1.5, -4))
 
 
 def television(p):
-    p.line(SLATE.dark, 1.2, (4, 0), (8, 4), (12, 0))
+    p.line(SLATE.dark, 1.2, (4.5, 0.6), (8, 4), (11.5, 0.6))
     p.rect(0, 3, 16, 11, BROWN.dark, 1)
     p.rect(0, 3, 16, 10, BROWN.mid, 1)
     p.rect(1, 4, 10, 8, PAPER, 1)
@@ -137,8 +137,8 @@ def cassette(p):
 
 def guitar(p):
     with p.moved(8, 8, 45):
-        p.rect(-1, -9.5, 2, 10, BROWN.dark)
-        p.rect(-1.8, -10.5, 3.6, 3, SLATE.dark)
+        p.rect(-1, -8, 2, 9, BROWN.dark)
+        p.rect(-1.8, -9.3, 3.6, 2.6, SLATE.dark)
         p.disc(0, 1, 3.4, ORANGE.mid)
         p.disc(0, 5, 4.2, ORANGE.mid)
         p.disc(0, 2.4, 1.5, BROWN.dark)

@@ -49,10 +49,12 @@ INK = rgb("3D4B5E")
 
 
 class Pen:
-    def __init__(self, size):
+    def __init__(self, size, around=0):
+        """`around` pixels of the picture lie beyond each edge of the icon."""
         self.size = size
-        self.canvas = Canvas(size, size)
+        self.canvas = Canvas(size + 2 * around, size + 2 * around)
         self.ctx = self.canvas.ctx
+        self.ctx.translate(around, around)
         self.ctx.scale(size / 16, size / 16)
         self.ctx.set_line_join(cairo.LINE_JOIN_MITER)
 

@@ -124,7 +124,7 @@ def coffee(p):
 def crown(p):
     p.poly(AMBER.mid, (1, 4), (4.5, 7.5), (8, 2), (11.5, 7.5), (15, 4), (14, 12), (2, 12))
     p.rect(2, 12, 12, 2, AMBER.dark)
-    for x, y in ((1.2, 3.4), (8, 1.8), (14.8, 3.4)):
+    for x, y in ((1.4, 3.4), (8, 1.8), (14.6, 3.4)):
         p.disc(x, y, 1.3, AMBER.dark)
     p.disc(8, 9.5, 1.5, RED.mid)
 

@@ -19,6 +19,7 @@ class Icons(unittest.TestCase):
         icons["Small"] = lambda pen: pen.disc(8, 8, 3, BLUE.mid)
         icons["Twin"] = icons["Printer"]
         icons["Aside/1"] = lambda pen: pen.rect(0, 0, 8, 16, BLUE.mid)
+        icons["Cut"] = lambda pen: pen.rect(2, 1, 15, 14, BLUE.mid)
         lines = "\n".join(found_faults({"Devices": icons, "Empty": {}}))
         for wanted in (
             "Pale at 16 is hard to see on a light",
@@ -26,6 +27,7 @@ class Icons(unittest.TestCase):
             "Devices/Twin looks like Devices/Printer",
             "Aside/1 is no name",
             "Aside/1 at 32 lies 8.0 pixels off",
+            "Cut reaches beyond",
             "Empty has 0 icons",
         ):
             self.assertIn(wanted, lines)

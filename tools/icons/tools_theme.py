@@ -26,10 +26,10 @@ def wrench(p):
 
 def hammer(p):
     with p.moved(8, 8, -45):
-        p.rect(-1.3, -5, 2.6, 14.5, BROWN.mid, 0.8)
-        p.rect(0.4, -3, 0.9, 12, BROWN.dark)
-        p.rect(-5, -8.4, 9, 4.4, SLATE.dark, 0.8)
-        p.poly(SLATE.mid, (4, -8.4), (7, -7), (7, -5.4), (4, -4))
+        p.rect(-1.3, -4, 2.6, 13.4, BROWN.mid, 0.8)
+        p.rect(0.4, -2, 0.9, 11, BROWN.dark)
+        p.rect(-4.4, -6.8, 8, 4.2, SLATE.dark, 0.6)
+        p.poly(SLATE.mid, (3.6, -6.8), (5.8, -5.4), (5.8, -4), (3.6, -2.6))
 
 
 def screwdriver(p):
@@ -150,8 +150,8 @@ def umbrella(p):
 def rocket(p):
     with p.moved(8, 8, 45):
         p.poly(AMBER.mid, (-2, 5), (2, 5), (0, 10))
-        p.poly(RED.dark, (-2.5, -0.5), (-5.4, 3.6), (-5.4, 6.6), (-2.5, 5))
-        p.poly(RED.dark, (2.5, -0.5), (5.4, 3.6), (5.4, 6.6), (2.5, 5))
+        p.poly(RED.dark, (-2.5, -0.5), (-4.8, 3), (-4.8, 6.2), (-2.5, 5))
+        p.poly(RED.dark, (2.5, -0.5), (4.8, 3), (4.8, 6.2), (2.5, 5))
         p.curve(SLATE.mid, (0, -10), ((3, -7.4), (3.8, -4), (3.2, 0)), (2.4, 5.4), (-2.4, 5.4), (-3.2, 0), ((-3.8, -4), (-3, -7.4), (0, -10)))
         p.curve(RED.mid, (0, -10), ((1.8, -8.4), (2.7, -6.7), (3.1, -5)), (-3.1, -5), ((-2.7, -6.7), (-1.8, -8.4), (0, -10)))
         p.disc(0, -1.6, 1.7, PAPER)
@@ -178,11 +178,11 @@ def puzzle(p):
 
 def broom(p):
     with p.moved(8, 8, 45):
-        p.rect(-0.9, -10.5, 1.8, 11, BROWN.mid, 0.8)
-        p.rect(-2.6, -0.4, 5.2, 2, RED.mid)
-        p.poly(AMBER.mid, (-2.6, 1.6), (2.6, 1.6), (4.8, 9), (-4.8, 9))
-        p.line(AMBER.dark, 0.8, (-0.9, 3.4), (-1.8, 9))
-        p.line(AMBER.dark, 0.8, (0.9, 3.4), (1.8, 9))
+        p.rect(-0.9, -10, 1.8, 10, BROWN.mid, 0.8)
+        p.rect(-2.6, -1.4, 5.2, 2, RED.mid)
+        p.poly(AMBER.mid, (-2.6, 0.6), (2.6, 0.6), (4, 7), (-4, 7))
+        p.line(AMBER.dark, 0.8, (-0.9, 2), (-1.5, 7))
+        p.line(AMBER.dark, 0.8, (0.9, 2), (1.5, 7))
 
 
 def target(p):
