@@ -41,7 +41,7 @@ public:
 
 class NoIcons : public FileIcons {
 public:
-    QImage IconOf(const QString&, const LaunchPaths&, int) override { return {}; }
+    QImage IconOf(const QString&, const LaunchPaths&, const IconSize&) override { return {}; }
     QString TypeNameOf(const QString&) override { return {}; }
 };
 
