@@ -15,6 +15,9 @@ public:
     // A Yes and No question; No is the default button. True for Yes.
     virtual bool Confirm(const QString& text, const QString& title) = 0;
 
+    // The same with Yes as the default button, for what is harmless and usually wanted.
+    virtual bool ConfirmUsual(const QString& text, const QString& title) { return Confirm(text, title); }
+
     // Lets the user choose a file that exists, beginning in a folder (host paths; an empty folder stands for
     // the one of the last choice). Empty when the user chose none.
     virtual QString ChooseFile(const QString& title, const QString& folder) = 0;

@@ -1,9 +1,9 @@
 #include "organiser/organiser.h"
 
 #include "core/files/file_tree.h"
-#include "core/files/ini_text.h"
 #include "core/store/entries.h"
 #include "core/store/names.h"
+#include "organiser/link_record.h"
 
 #include <QHash>
 
@@ -64,25 +64,11 @@ FileResult CheckShown(const DiskPath& folder, const Renames& renames) {
     return {};
 }
 
-tl::expected<QByteArray, QString> RecordText(const LinkResult& link) {
-    IniText text;
-    const std::pair<QStringView, QString> fields[] = {{u"Target", link.Target},
-                                                      {u"Parameter", link.Parameter},
-                                                      {u"Start In", link.StartIn},
-                                                      {u"Window State", link.WindowState},
-                                                      {u"Description", link.Description}};
-    for (const auto& [key, value] : fields) {
-        if (const IniResult set = text.SetValue(u"Properties", key, value); !set)
-            return tl::make_unexpected(set.error());
-    }
-    return text.Bytes();
-}
-
 FileResult WriteRecord(const LinkResult& link, const DiskPath& path) {
-    const auto text = RecordText(link);
-    if (!text)
-        return Failure(path.Text(), text.error());
-    return AddFile(path, [&text](const DiskPath& hidden) { return ReplaceFile(hidden, *text); });
+    IniText text;
+    if (const IniResult set = SetLink(text, link); !set)
+        return Failure(path.Text(), set.error());
+    return AddFile(path, [&text](const DiskPath& hidden) { return ReplaceFile(hidden, text.Bytes()); });
 }
 
 } // namespace
@@ -301,6 +287,10 @@ FileResult Organiser::AddButton(const NewButton& button) {
         buttons_.Selected = int(buttons_.Entries.size()) - 1;
         return added;
     });
+}
+
+FileResult Organiser::RewriteRecord(const LinkResult& link) {
+    return Change(StoreLevel::Buttons, [&] { return RewriteLink(ButtonFile(), link); });
 }
 
 FileResult Organiser::PlaceCopy(const DiskPath& from, const DiskPath& to, bool removeSource) const {

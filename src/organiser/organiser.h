@@ -67,6 +67,9 @@ public:
     // Adds a button behind the others and selects it.
     FileResult AddButton(const NewButton& button);
 
+    // Writes the fields of the selected button, a record. Its name stays.
+    FileResult RewriteRecord(const LinkResult& link);
+
     // Deletes the entry for good with all that is in it, a button with its picture. The next one is selected.
     FileResult Delete(StoreLevel level);
 

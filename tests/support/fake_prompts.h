@@ -26,6 +26,10 @@ public:
         return !Answers.isEmpty() && Answers.takeFirst();
     }
 
+    bool ConfirmUsual(const QString& text, const QString& title) override {
+        return Confirm(text, title + QStringLiteral("(yes)"));
+    }
+
     QString ChooseFile(const QString& title, const QString& folder) override {
         Notice(folder, title);
         return std::exchange(File, {});

@@ -22,8 +22,8 @@ struct SourceItem {
 
 // One folder of a source: what all users of the machine have, and what this user has.
 struct SourceListing {
-    std::vector<SourceItem> Public;
-    std::vector<SourceItem> User;
+    std::vector<SourceItem> Public = {};
+    std::vector<SourceItem> User = {};
     // Host folder that a button of the listed folder would open; empty if there is to be none.
     QString Folder = {};
     // Why the folder cannot be read, for the user; empty if it can.

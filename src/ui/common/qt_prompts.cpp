@@ -39,15 +39,24 @@ void QtPrompts::Notice(const QString& text, const QString& title) {
 }
 
 bool QtPrompts::Confirm(const QString& text, const QString& title) {
+    return Ask(text, title, false);
+}
+
+bool QtPrompts::ConfirmUsual(const QString& text, const QString& title) {
+    return Ask(text, title, true);
+}
+
+bool QtPrompts::Ask(const QString& text, const QString& title, bool yesIsDefault) const {
     QMessageBox box(QMessageBox::Question, IfEmpty(title, productName_), WithLineFeeds(text),
                     QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
+    box.setDefaultButton(yesIsDefault ? QMessageBox::Yes : QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
 }
 
 QString QtPrompts::ChooseFile(const QString& title, const QString& folder) {
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, folder);
+    // A caption has one line.
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title.simplified(), folder);
 }
 
 } // namespace paneda

@@ -18,9 +18,12 @@ public:
 
     void Notice(const QString& text, const QString& title) override;
     bool Confirm(const QString& text, const QString& title) override;
+    bool ConfirmUsual(const QString& text, const QString& title) override;
     QString ChooseFile(const QString& title, const QString& folder) override;
 
 private:
+    bool Ask(const QString& text, const QString& title, bool yesIsDefault) const;
+
     QString productName_;
 };
 
