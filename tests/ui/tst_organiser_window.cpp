@@ -160,6 +160,7 @@ void tst_organiser_window::disabledControls() {
     QCOMPARE(scene.Opener.Requests.size(), 1);
     categories->setCurrentRow(1);
     QCOMPARE(scene.Disabled().count(u' '), 21);
+    QVERIFY(scene.Get("cmdApply")->isEnabled());
 }
 
 void tst_organiser_window::applies() {

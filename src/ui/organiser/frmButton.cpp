@@ -3,6 +3,7 @@
 #include "core/store/names.h"
 #include "core/store/store_layout.h"
 #include "core/text/text_rules.h"
+#include "organiser/file_kinds.h"
 #include "organiser/organiser_words.h"
 #include "skin/picture_files.h"
 #include "skin/picture_loader.h"
@@ -59,6 +60,12 @@ frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* paren
     // Drawn when the event loop is idle, so that a held key does not wait for icons.
     preview_.setSingleShot(true);
     connect(&preview_, &QTimer::timeout, this, &frmButton::ShowPreview);
+    // The list keeps its height when there is no preview.
+    for (QWidget* part : {static_cast<QWidget*>(ui_->picIcon), static_cast<QWidget*>(ui_->lblFileType)}) {
+        QSizePolicy policy = part->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(policy);
+    }
     DrawSigns();
 }
 
@@ -145,17 +152,19 @@ void frmButton::EnableCommands() {
     for (const Column& column : columns_) {
         const bool isCategory = column.Level == StoreLevel::Categories;
         const bool on = !explorerMode_ && (isCategory || !isDynamic);
-        for (QWidget* control : std::initializer_list<QWidget*>{column.List, column.Add, column.Delete,
-                                                                column.Up, column.Down, column.Sort})
-            control->setEnabled(on);
+        const bool hasEntry = on && organiser_->Selected(column.Level) >= 0;
+        column.List->setEnabled(on);
+        column.Add->setEnabled(on);
+        for (QAbstractButton* command : {column.Delete, column.Up, column.Down, column.Sort})
+            command->setEnabled(hasEntry);
         if (column.Rename)
-            column.Rename->setEnabled(!explorerMode_ && !isDynamic);
+            column.Rename->setEnabled(hasEntry && !isDynamic);
     }
     const int button = organiser_->Selected(StoreLevel::Buttons);
-    const bool isRecord = button >= 0 && organiser_->Buttons()[std::size_t(button)].Extension.compare(
-                                             u"pnd", Qt::CaseInsensitive) == 0;
-    const bool edits = !explorerMode_ && !isDynamic;
-    ui_->cmdLink->setEnabled(edits && isRecord && services_.Dialogs.EditLink);
+    const bool edits = !explorerMode_ && !isDynamic && button >= 0;
+    const bool isRecord =
+        edits && KindOfFile(organiser_->Buttons()[std::size_t(button)].TitleExt) == FileKind::Record;
+    ui_->cmdLink->setEnabled(isRecord && services_.Dialogs.EditLink);
     ui_->cmdButtonStyle->setEnabled(edits && services_.Dialogs.EditStyle);
 }
 
@@ -164,21 +173,23 @@ void frmButton::ShowPreview() {
     if (isBusy_ || index < 0)
         return;
     const DiskPath file = organiser_->ButtonFile();
-    const int side = int(kIconSide * devicePixelRatioF());
+    const IconSize size(kIconSide, devicePixelRatioF());
     const QString picture = FindPictureFile(PictureStem(file.Text()));
     QImage icon;
     if (!picture.isEmpty())
-        icon = LoadPicture(picture, side);
+        icon = LoadPicture(picture, size.OnScreen());
     if (icon.isNull()) {
         const QString folder = state_.Drives.ToStored(file.Parent().Text());
-        icon = ButtonIcon(FileButton(folder, file.Name(), 0), side, state_, services_.FileIcons);
+        icon = ButtonIcon(FileButton(folder, file.Name(), 0), size, state_, services_.FileIcons);
     }
-    QPixmap shown = QPixmap::fromImage(icon);
-    if (!shown.isNull() && (shown.width() > side || shown.height() > side))
-        shown = shown.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    shown.setDevicePixelRatio(devicePixelRatioF());
-    ui_->picIcon->setPixmap(shown);
-    ui_->lblFileType->setText(ListTitle(organiser_->Buttons()[std::size_t(index)].TitleExt));
+    if (icon.width() > size.OnScreen() || icon.height() > size.OnScreen())
+        icon = icon.scaled(size.OnScreen(), size.OnScreen(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    icon.setDevicePixelRatio(size.Ratio);
+    ui_->picIcon->setPixmap(QPixmap::fromImage(icon));
+    const QString text = ListTitle(organiser_->Buttons()[std::size_t(index)].TitleExt);
+    const QFontMetrics metrics = ui_->lblFileType->fontMetrics();
+    ui_->lblFileType->setText(metrics.elidedText(text, Qt::ElideRight, ui_->lblFileType->width()));
+    ui_->lblFileType->setToolTip(text);
     ui_->picIcon->show();
     ui_->lblFileType->show();
 }
@@ -294,11 +305,9 @@ void frmButton::EditIn(StoreLevel level) {
 }
 
 void frmButton::cmdLink_Click() {
-    const int index = organiser_->Selected(StoreLevel::Buttons);
-    if (index < 0)
+    if (organiser_->Selected(StoreLevel::Buttons) < 0)
         return;
-    const QString name = services_.Dialogs.EditLink(organiser_->GroupFolder(), organiser_->Buttons(), index);
-    organiser_->RereadButtons(name);
+    services_.Dialogs.EditLink(*organiser_);
     ShowLists();
 }
 

@@ -2,17 +2,15 @@
 
 #include "core/disk/disk_path.h"
 #include "organiser/link_result.h"
-#include "organiser/store_lists.h"
 
 #include <QString>
 
 #include <functional>
 #include <optional>
-#include <vector>
-
-class QWidget;
 
 namespace paneda {
+
+class Organiser;
 
 // The windows that the organiser opens in front of itself. Each returns when it is closed. What is empty is
 // shown disabled, or left out.
@@ -24,10 +22,8 @@ struct OrganiserDialogs {
     // user closes the window.
     std::function<std::optional<LinkResult>(const QString& source, bool isFolder)> NewLink = {};
 
-    // Lets the user change a record, the one with this index among the buttons of a group; returns the name
-    // of its file afterwards.
-    std::function<QString(const DiskPath& group, const std::vector<StoreButton>& buttons, int index)>
-        EditLink = {};
+    // Lets the user change the selected button, a record (frmLink).
+    std::function<void(Organiser& organiser)> EditLink = {};
 
     // Lets the user design a button (frmButtonStyle), its group or its category, by host paths. True when a
     // name on the disk may have changed.

@@ -26,6 +26,7 @@ StoreList::StoreList(QWidget* parent) : QListWidget(parent) {
     setDragDropMode(DragDrop);
     setDefaultDropAction(Qt::MoveAction);
     setUniformItemSizes(true);
+    setSpacing(1);
     setTextElideMode(Qt::ElideRight);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
