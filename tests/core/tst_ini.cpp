@@ -87,6 +87,7 @@ void tst_ini::reads_data() {
 void tst_ini::reads() {
     QFETCH(QByteArray, bytes);
     QTEST(IniText(bytes).Value(u"Sec", u"Key"), "expected");
+    QTEST(FindIniValue(bytes, u"Sec", u"Key"), "expected");
 }
 
 void tst_ini::writes_data() {

@@ -51,6 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     IniText text(before);
     Require(text.Value(section, key).size() <= kMaxIniValue);
+    Require(text.Value(section, key) == FindIniValue(before, section, key));
     text.SetValue(section, key, value);
     if (!IsName(section) || !IsName(key) || !IsValue(value))
         return 0;

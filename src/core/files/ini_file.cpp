@@ -18,7 +18,7 @@ tl::expected<IniText, FileError> LoadIniFile(const DiskPath& file) {
 }
 
 QString ReadIni(const QString& section, const QString& key, const DiskPath& file, const QString& fallback) {
-    const QString value = ReadIniFile(file).Value(section, key);
+    const QString value = FindIniValue(ReadFileBytes(file, kMaxIniFile).value_or(QByteArray()), section, key);
     return value.isEmpty() ? fallback : value;
 }
 

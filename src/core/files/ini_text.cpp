@@ -28,8 +28,11 @@ Line LineAt(QByteArrayView text, qsizetype begin) {
     const auto* first = text.begin() + begin;
     const auto* end = std::find_if(first, text.end(), [](char c) { return c == '\n' || c == '\r'; });
     Line line{begin, end - text.begin(), end - text.begin()};
-    if (line.End < text.size())
-        line.Next = line.End + (text.sliced(line.End).startsWith("\r\n") ? 2 : 1);
+    if (line.End < text.size()) {
+        const bool isPair =
+            text[line.End] == '\r' && line.End + 1 < text.size() && text[line.End + 1] == '\n';
+        line.Next = line.End + (isPair ? 2 : 1);
+    }
     return line;
 }
 
@@ -37,8 +40,8 @@ Line LineAt(QByteArrayView text, qsizetype begin) {
 // none.
 QByteArrayView HeadingOf(QByteArrayView line, bool& isHeading) {
     const QByteArrayView text = line.trimmed();
-    const qsizetype close = text.lastIndexOf(']');
-    isHeading = text.startsWith('[') && close > 0;
+    const qsizetype close = text.startsWith('[') ? text.lastIndexOf(']') : 0;
+    isHeading = close > 0;
     return isHeading ? text.sliced(1, close - 1).trimmed() : QByteArrayView();
 }
 
@@ -59,6 +62,21 @@ QByteArrayView ValueIn(QByteArrayView text) {
     const bool quoted =
         value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
     return quoted ? value.sliced(1, value.size() - 2) : value;
+}
+
+QString DecodeIni(QByteArrayView bytes, bool utf8) {
+    return utf8 ? QString::fromUtf8(bytes) : DecodeWindows1252(bytes);
+}
+
+// Whether a text reads as this name. Most are told apart without being decoded.
+bool ReadsAs(QByteArrayView bytes, QStringView name, bool utf8) {
+    const auto isWhole = [utf8](char c) { return !utf8 || (quint8(c) & 0xC0) != 0x80; };
+    // A pair of the name is one character of the text, and a mark at the begin of a text is none.
+    const auto isPairEnd = [](QChar c) { return c.isLowSurrogate(); };
+    const qsizetype mark = utf8 && bytes.startsWith(kMark) ? 1 : 0;
+    return std::count_if(bytes.begin(), bytes.end(), isWhole) - mark ==
+               name.size() - std::count_if(name.begin(), name.end(), isPairEnd) &&
+           SameName(DecodeIni(bytes, utf8), name);
 }
 
 // The seed differs from run to run, so that nobody can write a file whose names all have one hash.
@@ -100,6 +118,11 @@ QString OneLine(QStringView value) {
     return result;
 }
 
+QString ValueOf(QByteArrayView text, bool utf8) {
+    const qsizetype nul = text.indexOf('\0');
+    return CutToIniValue(DecodeIni(BeginOf(ValueIn(nul >= 0 ? text.first(nul) : text)), utf8));
+}
+
 } // namespace
 
 QString CutToIniValue(QString text) {
@@ -108,6 +131,30 @@ QString CutToIniValue(QString text) {
         text.truncate(splitsPair ? kMaxIniValue - 1 : kMaxIniValue);
     }
     return text;
+}
+
+QString FindIniValue(QByteArrayView text, QStringView section, QStringView key) {
+    const bool utf8 = text.isValidUtf8();
+    const QString wanted = TrimBlanks(section);
+    bool isInSection = false;
+    qsizetype next = utf8 && text.startsWith(kMark) ? kMark.size() : 0;
+    while (next < text.size()) {
+        const Line line = LineAt(text, next);
+        next = line.Next > line.End ? line.Next : text.size();
+        const QByteArrayView bytes = text.sliced(line.Begin, line.End - line.Begin);
+        bool isHeading = false;
+        const QByteArrayView heading = HeadingOf(bytes, isHeading);
+        if (isHeading && isInSection)
+            return {};
+        if (isHeading) {
+            isInSection = ReadsAs(heading, wanted, utf8);
+        } else if (isInSection) {
+            const auto [name, equals] = KeyOf(bytes);
+            if (equals >= 0 && ReadsAs(name, key, utf8))
+                return ValueOf(bytes.sliced(equals + 1), utf8);
+        }
+    }
+    return {};
 }
 
 IniText::IniText(QByteArray bytes) : bytes_(std::move(bytes)) {
@@ -164,13 +211,7 @@ const IniText::KeyLine* IniText::FindKey(const Section& section, QStringView key
 QString IniText::Value(QStringView section, QStringView key) const {
     const Section* found = FindSection(section);
     const KeyLine* line = found ? FindKey(*found, key) : nullptr;
-    if (!line)
-        return {};
-    QByteArrayView value = Slice(line->Equals + 1, line->End);
-    const qsizetype nul = value.indexOf('\0');
-    if (nul >= 0)
-        value = value.first(nul);
-    return CutToIniValue(Decode(BeginOf(ValueIn(value))));
+    return line ? ValueOf(Slice(line->Equals + 1, line->End), utf8_) : QString();
 }
 
 IniResult IniText::SetValue(QStringView section, QStringView key, QStringView value) {
@@ -221,7 +262,7 @@ QByteArrayView IniText::Slice(qsizetype begin, qsizetype end) const {
 }
 
 QString IniText::Decode(QByteArrayView bytes) const {
-    return utf8_ ? QString::fromUtf8(bytes) : DecodeWindows1252(bytes);
+    return DecodeIni(bytes, utf8_);
 }
 
 QByteArray IniText::Encode(const QString& text) const {

@@ -87,4 +87,8 @@ private:
     std::vector<KeyLine> keys_;
 };
 
+// The value that IniText::Value gives, for a single look-up: the text is walked up to the value and not
+// indexed.
+QString FindIniValue(QByteArrayView text, QStringView section, QStringView key);
+
 } // namespace paneda
