@@ -4,6 +4,7 @@
 #include "notes/rtf/write/writer.h"
 #include "read_note.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
 #include <QStringDecoder>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void pictureSizes_data();
     void pictureSizes();
     void pictures();
+    void picturesThatTakeLong();
     void wrappedPictures();
 };
 
@@ -532,6 +534,34 @@ void TestRtfReader::pictures() {
     QCOMPARE(second.property(RtfPictureBytes).toByteArray(), QByteArray("\\}"));
     QCOMPARE(note.Document.resource(QTextDocument::ImageResource, QUrl(second.name())).value<QImage>().size(),
              QSize(20, 20));
+}
+
+// A page of huge ones keeps the window busy for half a second only; the others follow.
+void TestRtfReader::picturesThatTakeLong() {
+    QImage huge(4096, 4096, QImage::Format_Mono);
+    huge.fill(0);
+    QBuffer png;
+    QVERIFY(png.open(QIODevice::WriteOnly) && huge.save(&png, "PNG"));
+    QByteArray body;
+    // Each with other bytes, so that none is known from another one.
+    for (int i = 0; i < 100; ++i)
+        body += "{\\pict\\pngblip\\picwgoal300\\pichgoal300 " + png.data().toHex() +
+                QByteArray::number(i).toHex() + '}';
+    const ReadNote note(Note(body));
+    const auto isDecoded = [&note](const QTextBlock::iterator& it) {
+        const QUrl name(it.fragment().charFormat().toImageFormat().name());
+        // Twice the size in which it is shown, and not the frame that stands for it.
+        return note.Document.resource(QTextDocument::ImageResource, name).value<QImage>().width() == 40;
+    };
+    const QTextBlock::iterator first = note.Document.firstBlock().begin();
+    QTextBlock::iterator last = first;
+    QVERIFY(isDecoded(first));
+    for (auto it = first; !it.atEnd(); ++it) {
+        last = it;
+        isDecoded(it);
+    }
+    QVERIFY(!isDecoded(last));
+    QTRY_VERIFY(isDecoded(last));
 }
 
 // What rich text controls keep: metafiles around one bitmap, and objects with a picture of themselves.
