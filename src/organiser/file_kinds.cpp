@@ -2,7 +2,6 @@
 
 #include "core/store/names.h"
 #include "core/text/text_rules.h"
-#include "organiser/store_lists.h"
 
 namespace paneda {
 
@@ -15,11 +14,6 @@ FileKind KindOfFile(const QString& name) {
     if (SameName(extension, u"pnd"))
         return FileKind::Record;
     return IsImageExtension(extension) ? FileKind::Picture : FileKind::Plain;
-}
-
-QString TypeLabel(const QString& name) {
-    const bool hidesExtension = KindOfFile(name) == FileKind::Shortcut || !name.contains(u'.');
-    return hidesExtension ? ListTitle(name) : name + u'.' + ExtensionOf(name);
 }
 
 } // namespace paneda

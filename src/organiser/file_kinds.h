@@ -15,8 +15,4 @@ enum class FileKind {
 
 FileKind KindOfFile(const QString& name);
 
-// The line below the icon of the selected file: what the list shows, and the extension behind it except for
-// shortcuts ("Notepad", "Site.url.url").
-QString TypeLabel(const QString& name);
-
 } // namespace paneda

@@ -3,6 +3,7 @@
 #include "core/store/entries.h"
 #include "core/store/names.h"
 #include "organiser/file_kinds.h"
+#include "organiser/store_lists.h"
 
 #include <QSet>
 
@@ -101,7 +102,7 @@ SelectedSource LookAtSelected(const BrowserEntry* entry, bool canLinkFolder) {
             look.Option = SourceOption::LinkFolder;
         return look;
     }
-    look.TypeLabel = TypeLabel(entry->Name);
+    look.TypeLabel = ListTitle(entry->Name);
     look.Option = UsualOption(entry->Name);
     const FileKind kind = KindOfFile(entry->Name);
     if (kind == FileKind::Shortcut)

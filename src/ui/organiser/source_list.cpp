@@ -43,6 +43,7 @@ SourceList::SourceList(AppState& state, SourceServices services, QWidget* parent
     ui_->setupUi(this);
     ui_->cmdFolderUp->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
     ui_->optUrlLink->hide();
+    ui_->lstWindows->setSpacing(1);
     ui_->lstWindows->viewport()->installEventFilter(this);
     ui_->txtFolder->installEventFilter(this);
     ui_->picWindowsIcon->installEventFilter(this);
@@ -246,14 +247,18 @@ std::vector<const BrowserEntry*> SourceList::Selected() const {
 void SourceList::lstWindows_Click() {
     const std::vector<const BrowserEntry*> selected = Selected();
     const BrowserEntry* entry = selected.size() == 1 ? selected.front() : nullptr;
-    SelectedSource look = LookAtSelected(entry, ui_->optFolderLink->isEnabled());
+    // Among the drives no folder is open yet.
+    const bool canLinkFolder = ui_->optFolderLink->isEnabled() && !Selection().OpenFolder.isEmpty();
+    SelectedSource look = LookAtSelected(entry, canLinkFolder);
     if (selected.size() > 1) {
         look = {.Label = QStringLiteral("Files :"), .Option = SourceOption::Copy};
         look.TypeLabel = QString::number(selected.size()) + QStringLiteral(" selected");
     }
     ui_->lblSource->setText(look.Label);
     ui_->lblSource->setToolTip(look.ToolTip);
-    ui_->lblWindowsFileType->setText(look.TypeLabel);
+    ui_->lblWindowsFileType->setText(ui_->lblWindowsFileType->fontMetrics().elidedText(
+        look.TypeLabel, Qt::ElideRight, ui_->lblWindowsFileType->width()));
+    ui_->lblWindowsFileType->setToolTip(look.TypeLabel);
     ui_->picWindowsIcon->clear();
     ui_->picWindowsIcon->setToolTip({});
     if (look.Option)
@@ -271,14 +276,14 @@ void SourceList::ShowPreview() {
         return;
     const BrowserEntry& entry = *selected.front();
     ui_->picWindowsIcon->setToolTip(services_.FileIcons.TypeNameOf(entry.Name));
-    const int side = qRound(kIconSide * devicePixelRatioF());
+    const IconSize size(kIconSide, devicePixelRatioF());
     if (!LookAtSelected(&entry, false).IsPicture) {
-        ShowPicture(services_.FileIcons.IconOf(entry.FullPath, Paths(), side));
+        ShowPicture(services_.FileIcons.IconOf(entry.FullPath, Paths(), size));
         return;
     }
     const QString path = state_.Drives.ToHost(entry.FullPath, state_.AppPath);
     RunAside<QImage>(
-        *this, [path, side] { return FittingPicture(path, side); },
+        *this, [path, side = size.OnScreen()] { return FittingPicture(path, side); },
         [this, number = preview_](const QImage& picture) {
             if (number == preview_)
                 ShowPicture(picture);
