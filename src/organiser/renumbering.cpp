@@ -173,10 +173,16 @@ Renames RenumberButtons(const std::vector<StoreButton>& buttons, const QStringLi
     return InSafeOrder(std::move(renames), names);
 }
 
-Renames RenameButton(const QString& fileName, const QString& newName, const QStringList& names) {
+Renames RenameButtons(const Renames& buttons, const QStringList& names) {
+    const NamesInFolder inFolder(names);
     Renames renames;
-    AppendButton(renames, fileName, newName, NamesInFolder(names));
+    for (const auto& [from, to] : buttons)
+        AppendButton(renames, from, to, inFolder);
     return InSafeOrder(std::move(renames), names);
+}
+
+Renames RenameButton(const QString& fileName, const QString& newName, const QStringList& names) {
+    return RenameButtons({{fileName, newName}}, names);
 }
 
 QString PictureOf(const QString& fileName, const QStringList& names) {

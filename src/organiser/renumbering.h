@@ -28,7 +28,10 @@ Renames RenumberButtons(const std::vector<StoreButton>& buttons, const QStringLi
 // The same order for renames that somebody has chosen.
 Renames InSafeOrder(Renames renames, const QStringList& names);
 
-// The renames of one button to a new file name, with its picture.
+// The renames of buttons to new file names, with their pictures.
+Renames RenameButtons(const Renames& buttons, const QStringList& names);
+
+// The same for one.
 Renames RenameButton(const QString& fileName, const QString& newName, const QStringList& names);
 
 // The picture that belongs to a button's file; empty for none.
