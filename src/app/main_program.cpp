@@ -50,6 +50,7 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath, std::
                                                                      .SoundPlayer = *platform_.SoundPlayer,
                                                                      .Opener = *platform_.Opener,
                                                                      .FileIcons = *platform_.FileIcons,
+                                                                     .Downloader = *platform_.Downloader,
                                                                      .Close = close});
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/files/web_addresses.h"
+#include "platform/downloader.h"
 #include "ui/organiser/frmButton.h"
 #include "ui/panel/frmCredit.h"
 #include "ui/panel/main_menu.h"
@@ -18,6 +19,7 @@ struct DialogServices {
     paneda::SoundPlayer& SoundPlayer;
     paneda::Opener& Opener;
     paneda::FileIcons& FileIcons;
+    paneda::Downloader& Downloader;
     // Ends the program.
     std::function<void()> Close;
 };
@@ -35,6 +37,8 @@ public:
 
 private:
     void OpenOrganiser();
+    bool EditStyle(const DiskPath& button);
+    void FetchIcon(const DiskPath& webShortcut);
     void OpenSetting();
     void OpenCredit();
     void OpenHelp(HelpTopic topic);
