@@ -168,8 +168,10 @@ TreePicture PictureOfTree(const QString& folder) {
 QString Difference(const TreePicture& before, const TreePicture& after) {
     TreePicture both = before;
     both.insert(after);
-    // Installed files are no part of the store, and pictures of categories are made and dropped at any start.
-    static const QRegularExpression leftOut(u"^(skin|Sound|Icons|help)/|^Cache/category[0-9]+a?\\.png$"_s);
+    // Installed files are no part of the store. Pictures of categories are made and dropped at any start, and
+    // the program may just be writing one.
+    static const QRegularExpression leftOut(
+        u"^(skin|Sound|Icons|help)/|^Cache/(category[0-9]+a?\\.png|\\.paneda-.*)$"_s);
     QStringList result;
     for (const QString& name : both.keys()) {
         if (name.contains(leftOut))
