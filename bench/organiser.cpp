@@ -45,6 +45,27 @@ public:
     QString TypeNameOf(const QString&) override { return {}; }
 };
 
+class NoVolumes : public Volumes {
+public:
+    void Refresh(DriveMap&) override {}
+    void Watch(std::function<void()>) override {}
+};
+
+// A desktop of two hundred files.
+class ManyFiles : public SourcePlaces {
+public:
+    SourceListing List(Source, const QString&) const override {
+        SourceListing listing;
+        for (int i = 0; i < 200; ++i) {
+            const QString name = QStringLiteral("File %1.txt").arg(i);
+            listing.User.push_back({name, false, u'/' + name});
+        }
+        return listing;
+    }
+    bool HasMedium(const QString&) const override { return true; }
+    SourceItem ItemOf(const QString&) const override { return {}; }
+};
+
 // Counts how often a widget was painted.
 class Paints : public QObject {
 public:
@@ -81,6 +102,8 @@ struct Window {
     YesPrompts Prompts;
     NoOpener Opener;
     NoIcons Icons;
+    NoVolumes Volumes;
+    std::shared_ptr<ManyFiles> Places = std::make_shared<ManyFiles>();
     std::unique_ptr<frmButton> Dialog;
 
     explicit Window(const QString& folder) {
@@ -99,6 +122,7 @@ struct Window {
                                              return PlaceScene{{}, {20'000, 15'000}, 15'000};
                                          },
                                      .OpenHelp = [] {},
+                                     .Sources = {Places, Icons, Opener, Volumes},
                                      .Dialogs = {}});
         Dialog->Form_Load();
         Dialog->show();

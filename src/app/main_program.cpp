@@ -46,10 +46,14 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath, std::
         state_.Exiting = true;
         panel_->close();
     };
+    const SourceServices sources{.SourcePlaces = platform_.SourcePlaces,
+                                 .FileIcons = *platform_.FileIcons,
+                                 .Opener = *platform_.Opener,
+                                 .Volumes = *platform_.Volumes};
     dialogs_ = std::make_unique<PanelDialogs>(state_, DialogServices{.Settings = settings,
                                                                      .SoundPlayer = *platform_.SoundPlayer,
                                                                      .Opener = *platform_.Opener,
-                                                                     .FileIcons = *platform_.FileIcons,
+                                                                     .Sources = sources,
                                                                      .Downloader = *platform_.Downloader,
                                                                      .Close = close});
 }

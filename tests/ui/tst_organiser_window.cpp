@@ -3,6 +3,7 @@
 #include "support/store_builder.h"
 #include "ui/common/busy_work.h"
 #include "ui/fake_desktop.h"
+#include "ui/fake_places.h"
 #include "ui/organiser/frmButton.h"
 #include "ui/organiser/store_list.h"
 #include "ui/panel/frmWait.h"
@@ -10,11 +11,14 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
 #include <QThread>
+#include <QUrl>
 
 using namespace paneda;
 using namespace paneda::test;
@@ -29,8 +33,11 @@ struct Scene {
     FakePrompts Prompts;
     FakeOpener Opener;
     FakeIcons Icons;
+    FakeVolumes Volumes;
+    std::shared_ptr<FakePlaces> Places = std::make_shared<FakePlaces>();
     QStringList Typed; // the answers to the next questions for a text
     int Reloads = 0;
+    QStringList* Fetched = nullptr;
     std::unique_ptr<frmButton> Dialog;
 
     explicit Scene(int buttons = 3) {
@@ -39,11 +46,13 @@ struct Scene {
         for (int i = 1; i <= buttons; ++i)
             Store.AddFile(u"Setting/[001] A/[001] G/[%1] b%1 [].url"_s.arg(i, 3, 10, QLatin1Char('0')));
         LoadPanelState(State);
+        State.Drives = DrivesOfHost();
         OrganiserDialogs dialogs;
         dialogs.AskText = [this](const QString& title, const QString&, const QString& text) {
             Prompts.Shown.append(title);
             return Typed.isEmpty() ? text : Typed.takeFirst();
         };
+        dialogs.FetchIcon = [this](const DiskPath& file) { Fetched->append(file.Name()); };
         Dialog = std::make_unique<frmButton>(
             State, OrganiserServices{.Prompts = Prompts,
                                      .Opener = Opener,
@@ -54,6 +63,7 @@ struct Scene {
                                              return PlaceScene{{}, {15'000, 12'000}, 12'000};
                                          },
                                      .OpenHelp = [] {},
+                                     .Sources = {Places, Icons, Opener, Volumes},
                                      .Dialogs = dialogs});
         Dialog->Form_Load();
         Dialog->show();
@@ -75,7 +85,8 @@ struct Scene {
     QString Disabled() const {
         QStringList names;
         for (const QWidget* control : Dialog->findChildren<QWidget*>(QRegularExpression(u"^(cmd|lst)"_s))) {
-            if (!control->isEnabled())
+            const bool isOfSources = Dialog->findChild<SourceList*>()->isAncestorOf(control);
+            if (!control->isEnabled() && !isOfSources)
                 names.append(control->objectName().mid(3));
         }
         names.sort();
@@ -91,6 +102,7 @@ class tst_organiser_window : public QObject {
 private Q_SLOTS:
     void folders();
     void buttonsByKeys();
+    void droppedFiles();
     void disabledControls();
     void applies();
     void slowWork();
@@ -139,6 +151,35 @@ void tst_organiser_window::buttonsByKeys() {
     QCOMPARE(list->verticalScrollBar()->value(), place);
     QVERIFY(list->hasFocus());
     QTRY_COMPARE(scene.Icons.Targets.size(), 1); // not one for each key
+}
+
+void tst_organiser_window::droppedFiles() {
+    Scene scene(1);
+    const auto drop = [&scene](const QStringList& names) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& name : names)
+            urls.append(QUrl::fromLocalFile(scene.Store.Path(name)));
+        data.setUrls(urls);
+        QWidget* list = scene.Get<StoreList>("lstButtons")->viewport();
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(list, &enter);
+        QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(list, &event);
+        QCoreApplication::processEvents();
+    };
+    for (const char* name : {"b001.url", "Site.url", "Tool.exe", "icon.png"})
+        scene.Store.AddFile(QLatin1String(name), name);
+    QStringList fetched;
+    scene.Fetched = &fetched;
+    drop({u"b001.url"_s, u"Site.url"_s, u"Tool.exe"_s});
+    QCOMPARE(scene.Names(u"/[001] A/[001] G"_s),
+             QStringList({u"[001] b001 [].url"_s, u"[002] Site [].url"_s, u"[003] Tool [].pnd"_s}));
+    QCOMPARE(fetched, QStringList{u"[002] Site [].url"_s});
+    QVERIFY(scene.Prompts.Shown.join(u' ').contains(u"Duplicate Name"_s));
+    scene.Prompts.Answers = {true};
+    drop({u"icon.png"_s});
+    QCOMPARE(scene.Store.Bytes(u"Setting/[001] A/[001] G/[003] Tool [].png"_s), QByteArray("icon.png"));
 }
 
 void tst_organiser_window::disabledControls() {

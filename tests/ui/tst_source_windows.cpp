@@ -3,6 +3,7 @@
 #include "support/fake_prompts.h"
 #include "support/store_builder.h"
 #include "ui/fake_desktop.h"
+#include "ui/fake_places.h"
 #include "ui/organiser/frmLink.h"
 #include "ui/organiser/source_list.h"
 
@@ -11,7 +12,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -42,21 +42,6 @@ Control* Get(const QWidget& window, const char* name) {
 void Press(const QWidget& window, const char* name) {
     QTest::mouseClick(Get<QWidget>(window, name), Qt::LeftButton);
 }
-
-// Folders by "source number:folder"; the start menu does not answer until a test lets it.
-class FakePlaces : public SourcePlaces {
-public:
-    QHash<QString, SourceListing> Listings;
-    mutable QSemaphore Menu;
-
-    SourceListing List(Source source, const QString& folder) const override {
-        if (source == Source::StartMenu)
-            Menu.acquire();
-        return Listings.value(QString::number(int(source)) + u':' + folder);
-    }
-    bool HasMedium(const QString& root) const override { return root == u'/' || root == u"C:/"; }
-    SourceItem ItemOf(const QString& path) const override { return {path.section(u'/', -1), false, path}; }
-};
 
 } // namespace
 

@@ -38,8 +38,10 @@ frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* paren
                                           isBusy_ = true;
                                           work(act);
                                           isBusy_ = false;
-                                      })) {
+                                      }))
+    , source_(new SourceList(state, services_.Sources, this)) {
     ui_->setupUi(this);
+    ui_->laySource->addWidget(source_);
     setWindowTitle(OrganiserTitle(state.ProductName, state.ProductVersion, state.BuildDate));
     columns_ = {Column{StoreLevel::Categories, ui_->lstCategories, ui_->cmdCategoryAdd,
                        ui_->cmdCategoryDelete, ui_->cmdCategoryRename, ui_->cmdCategoryMoveUp,
@@ -57,6 +59,12 @@ frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* paren
     connect(ui_->cmdHelp, &QPushButton::clicked, this, [this] { services_.OpenHelp(); });
     connect(ui_->cmdApply, &QPushButton::clicked, this, &frmButton::cmdApply_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmButton::cmdSave_Click);
+    TabThroughSources();
+    connect(source_, &SourceList::AddWanted, ui_->cmdButtonAdd, &QAbstractButton::click);
+    ui_->lstButtons->TakeFiles(true);
+    connect(
+        ui_->lstButtons, &StoreList::FilesDropped, this,
+        [this](const QStringList& files) { AddSources(source_->Dropped(files)); }, Qt::QueuedConnection);
     // Drawn when the event loop is idle, so that a held key does not wait for icons.
     preview_.setSingleShot(true);
     connect(&preview_, &QTimer::timeout, this, &frmButton::ShowPreview);
@@ -70,6 +78,20 @@ frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* paren
 }
 
 frmButton::~frmButton() = default;
+
+// The sources were made after the form, and stand before its last row.
+void frmButton::TabThroughSources() {
+    QWidget* before = ui_->cmdButtonStyle;
+    std::vector<QWidget*> controls;
+    for (QWidget* next = source_->nextInFocusChain(); source_->isAncestorOf(next);
+         next = next->nextInFocusChain())
+        controls.push_back(next);
+    for (QWidget* control : controls) {
+        setTabOrder(before, control);
+        before = control;
+    }
+    setTabOrder(before, ui_->cmdOrganiseButton);
+}
 
 void frmButton::ConnectColumn(const Column& column) {
     const StoreLevel level = column.Level;
@@ -131,6 +153,7 @@ void frmButton::changeEvent(QEvent* event) {
 
 void frmButton::Form_Load() {
     organiser_->Load();
+    source_->Form_Load();
     ShowLists();
     ui_->lstCategories->setFocus();
     PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
@@ -200,11 +223,12 @@ void frmButton::Select(StoreLevel level, int index) {
 }
 
 // Carries out a change and shows what is there now.
-void frmButton::Run(const std::function<FileResult()>& operation) {
+bool frmButton::Run(const std::function<FileResult()>& operation) {
     const FileResult result = operation();
     ShowLists();
     if (!result)
         services_.Prompts.Notice(result.error().Text());
+    return result.has_value();
 }
 
 // The names that a new one is compared with.
@@ -319,7 +343,55 @@ void frmButton::cmdButtonStyle_Click() {
     ShowLists();
 }
 
-void frmButton::cmdButtonAdd_Click() {}
+void frmButton::cmdButtonAdd_Click() {
+    AddSources(source_->Selection());
+}
+
+void frmButton::AddSources(AddRequest request) {
+    const int button = organiser_->Selected(StoreLevel::Buttons);
+    request.HasGroup = organiser_->Selected(StoreLevel::Groups) >= 0;
+    request.ButtonNames = NamesFor(StoreLevel::Buttons);
+    if (button >= 0)
+        request.SelectedButton = organiser_->Titles(StoreLevel::Buttons)[button];
+    request.UserName = state_.UserName;
+    bool removes = false;
+    for (const AddStep& step : DecideAdd(request, {state_.Drives, state_.AppPath}, services_.Prompts)) {
+        if (!Take(step))
+            break;
+        removes = removes || step.RemovesSource;
+    }
+    if (removes)
+        source_->Refill();
+}
+
+// False when nothing more is to be added.
+bool frmButton::Take(const AddStep& step) {
+    const QString file = state_.Drives.ToHost(step.Source, state_.AppPath);
+    switch (step.What) {
+    case AddStep::Kind::AskLink:
+        if (const auto link = services_.Dialogs.NewLink(step.Source, step.IsFolder))
+            return AddButton({RecordName(link->Name), *link});
+        return false;
+    case AddStep::Kind::Record:
+        return AddButton({step.TitleExt, step.Link});
+    case AddStep::Kind::File:
+        return AddButton({step.TitleExt, file, step.RemovesSource});
+    case AddStep::Kind::Picture:
+        return Run([&] { return organiser_->SetPicture(file, step.RemovesSource); });
+    }
+    return false;
+}
+
+bool frmButton::AddButton(NewButton button) {
+    if (!Run([&] { return organiser_->AddButton(button); }))
+        return false;
+    const bool isCopy = std::holds_alternative<QString>(button.Source);
+    if (isCopy && KindOfFile(button.TitleExt) == FileKind::WebShortcut && services_.Dialogs.FetchIcon) {
+        services_.Dialogs.FetchIcon(organiser_->ButtonFile());
+        preview_.start();
+    }
+    return true;
+}
 
 void frmButton::cmdOrganiseButton_Click() {
     LaunchRequest request{

@@ -7,6 +7,7 @@
 #include "platform/file_icons.h"
 #include "platform/opener.h"
 #include "ui/organiser/organiser_dialogs.h"
+#include "ui/organiser/source_list.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -35,6 +36,7 @@ struct OrganiserServices {
     // Rectangle of the panel and its screen, as they are now.
     std::function<PlaceScene()> Scene;
     std::function<void()> OpenHelp;
+    SourceServices Sources;
     OrganiserDialogs Dialogs;
 };
 
@@ -79,6 +81,7 @@ private:
         QAbstractButton* Sort;
     };
 
+    void TabThroughSources();
     void ConnectColumn(const Column& column);
     void AddKeys(const Column& column);
     void DrawSigns();
@@ -94,7 +97,10 @@ private:
     void EditIn(StoreLevel level);
     void Select(StoreLevel level, int index);
     QStringList NamesFor(StoreLevel level) const;
-    void Run(const std::function<FileResult()>& operation);
+    void AddSources(AddRequest request);
+    bool Take(const AddStep& step);
+    bool AddButton(NewButton button);
+    bool Run(const std::function<FileResult()>& operation);
     void KeepPanelCategory();
 
     AppState& state_;
@@ -104,6 +110,7 @@ private:
     bool isBusy_ = false; // with the disk, on another thread
     bool explorerMode_ = false;
     std::unique_ptr<Organiser> organiser_;
+    SourceList* source_;
     QTimer preview_;
 };
 

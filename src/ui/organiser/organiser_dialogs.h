@@ -1,7 +1,11 @@
 #pragma once
 
 #include "core/disk/disk_path.h"
+#include "core/prompts.h"
+#include "core/settings/app_state.h"
 #include "organiser/link_result.h"
+#include "platform/downloader.h"
+#include "platform/file_icons.h"
 
 #include <QString>
 
@@ -32,5 +36,9 @@ struct OrganiserDialogs {
     // Fetches the icon of the site that a web shortcut leads to, and keeps it beside the file.
     std::function<void(const DiskPath& webShortcut)> FetchIcon = {};
 };
+
+// The real ones, in front of the active window.
+OrganiserDialogs MakeOrganiserDialogs(const AppState& state, Prompts& prompts, FileIcons& icons,
+                                      Downloader& downloader);
 
 } // namespace paneda

@@ -1,13 +1,7 @@
 #include "ui/panel/panel_dialogs.h"
 
 #include "core/panel/launch.h"
-#include "skin/picture_files.h"
-#include "ui/organiser/fetch_favicon.h"
-#include "ui/organiser/frmButtonStyle.h"
-#include "ui/organiser/frmGetText.h"
 #include "ui/panel/tray_presence.h"
-
-#include <QApplication>
 
 namespace paneda {
 
@@ -60,38 +54,17 @@ void PanelDialogs::CloseAll() {
 
 void PanelDialogs::OpenOrganiser() {
     ShowOne(organiser_, [this] {
-        const OrganiserDialogs dialogs{
-            .AskText =
-                [](const QString& title, const QString& prompt, const QString& text) {
-                    return AskText(QApplication::activeWindow(), title, prompt, text);
-                },
-            .EditStyle = [this](const DiskPath& button) { return EditStyle(button); },
-            .FetchIcon = [this](const DiskPath& webShortcut) { FetchIcon(webShortcut); }};
-        return new frmButton(state_, {.Prompts = services_.Settings.Prompts,
-                                      .Opener = services_.Opener,
-                                      .FileIcons = services_.FileIcons,
-                                      .ReloadPanel = services_.Settings.ReloadPanel,
-                                      .Scene = services_.Settings.Scene,
-                                      .OpenHelp = [this] { OpenHelp(HelpTopic::Buttons); },
-                                      .Dialogs = dialogs});
+        return new frmButton(
+            state_, {.Prompts = services_.Settings.Prompts,
+                     .Opener = services_.Opener,
+                     .FileIcons = services_.Sources.FileIcons,
+                     .ReloadPanel = services_.Settings.ReloadPanel,
+                     .Scene = services_.Settings.Scene,
+                     .OpenHelp = [this] { OpenHelp(HelpTopic::Buttons); },
+                     .Sources = services_.Sources,
+                     .Dialogs = MakeOrganiserDialogs(state_, services_.Settings.Prompts,
+                                                     services_.Sources.FileIcons, services_.Downloader)});
     });
-}
-
-bool PanelDialogs::EditStyle(const DiskPath& button) {
-    // The end of the program may close the window with the one behind it.
-    const QPointer<frmButtonStyle> window(new frmButtonStyle(
-        state_, {services_.Settings.Prompts, services_.FileIcons, services_.Downloader}, button, organiser_));
-    window->Form_Load();
-    window->exec();
-    const bool changed = window && window->HasChanges();
-    delete window;
-    return changed;
-}
-
-void PanelDialogs::FetchIcon(const DiskPath& webShortcut) {
-    // A site without an icon is nothing to tell.
-    FetchFavicon(webShortcut.Text(), PictureStem(webShortcut.Text()) + QStringLiteral(".ico"),
-                 FaviconKind::Shortcut, services_.Downloader, organiser_);
 }
 
 void PanelDialogs::OpenSetting() {

@@ -18,7 +18,7 @@ struct DialogServices {
     SettingServices Settings;
     paneda::SoundPlayer& SoundPlayer;
     paneda::Opener& Opener;
-    paneda::FileIcons& FileIcons;
+    SourceServices Sources;
     paneda::Downloader& Downloader;
     // Ends the program.
     std::function<void()> Close;
@@ -37,8 +37,6 @@ public:
 
 private:
     void OpenOrganiser();
-    bool EditStyle(const DiskPath& button);
-    void FetchIcon(const DiskPath& webShortcut);
     void OpenSetting();
     void OpenCredit();
     void OpenHelp(HelpTopic topic);

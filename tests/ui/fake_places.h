@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/source_places.h"
+
+#include <QHash>
+#include <QSemaphore>
+
+namespace paneda::test {
+
+// Folders by "source number:folder"; the start menu does not answer until a test lets it.
+class FakePlaces : public SourcePlaces {
+public:
+    QHash<QString, SourceListing> Listings;
+    mutable QSemaphore Menu;
+
+    SourceListing List(Source source, const QString& folder) const override {
+        if (source == Source::StartMenu)
+            Menu.acquire();
+        return Listings.value(QString::number(int(source)) + u':' + folder);
+    }
+    bool HasMedium(const QString& root) const override { return root == u'/' || root == u"C:/"; }
+    SourceItem ItemOf(const QString& path) const override { return {path.section(u'/', -1), false, path}; }
+};
+
+} // namespace paneda::test
