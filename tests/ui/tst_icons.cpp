@@ -7,6 +7,7 @@
 #include "ui/organiser/fetch_favicon.h"
 #include "ui/organiser/frmIconSelect.h"
 #include "ui/organiser/icon_paper.h"
+#include "ui/organiser/show_node_icon.h"
 #include "ui/panel/frmWait.h"
 
 #include <QApplication>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void sheet();
     void picker();
     void manyAndBadIcons();
+    void nodeIcons();
 };
 
 void tst_Icons::favicon() {
@@ -198,6 +200,33 @@ void tst_Icons::manyAndBadIcons() {
     window.lstIcon_Click();
     QCOMPARE(prompts.Shown, QStringList{u"|"_s + TooManyIconsText()});
     QCOMPARE(sheet.Icons.size(), std::size_t(kMostIcons));
+}
+
+void tst_Icons::nodeIcons() {
+    const StoreBuilder store;
+    store.AddFile(u"both/Image.PNG"_s, Picture("PNG", Qt::red));
+    store.AddFile(u"both/image.ico"_s, Picture("ICO", Qt::green));
+    store.AddFile(u"one/image.ICO"_s, Picture("ICO", Qt::green));
+    store.AddFolder(u"none"_s);
+    const AppState state = store.State();
+    FakeIcons icons;
+    QLabel label;
+    label.resize(32, 32);
+    const auto shown = [&](const char* path, bool isFile, const char* kind) {
+        label.setPixmap({});
+        ShowNodeIcon({store.Path(QLatin1String(path)), isFile, QLatin1String(kind), u"E:\\x.txt"_s}, label,
+                     Qt::blue, state, icons);
+        const QImage image = label.pixmap().toImage();
+        return image.isNull() ? QColor() : image.pixelColor(image.rect().center());
+    };
+    QCOMPARE(shown("both", false, ""), QColor(Qt::red));
+    QCOMPARE(shown("one", false, "URL"), QColor(Qt::green));
+    QCOMPARE(shown("both/image.ico", true, ""), QColor(Qt::green));
+    QCOMPARE(shown("none", false, ""), QColor());
+    QVERIFY(icons.Targets.isEmpty());
+    QCOMPARE(shown("none", false, "URL"), QColor::fromRgb(FakeIcons::kColour));
+    QCOMPARE(shown("both", false, "File"), QColor::fromRgb(FakeIcons::kColour));
+    QCOMPARE(icons.Targets.last(), u"E:\\x.txt"_s);
 }
 
 QTEST_MAIN(tst_Icons)
