@@ -69,6 +69,8 @@ void frmLink::Form_Load() {
     } else {
         link = NewLink(linkPath_, isFolder, place_);
     }
+    if (isFolder)
+        link.Name = NewLink(linkPath_, true, place_).Name;
     Show(link);
     linkResult_.reset();
     ui_->chkFolder->setChecked(isFolder);

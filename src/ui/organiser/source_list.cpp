@@ -4,6 +4,7 @@
 #include "organiser/store_lists.h"
 #include "skin/picture_loader.h"
 #include "ui/common/run_aside.h"
+#include "ui/organiser/source_lines.h"
 #include "ui_source_list.h"
 
 #include <QApplication>
@@ -43,7 +44,6 @@ SourceList::SourceList(AppState& state, SourceServices services, QWidget* parent
     ui_->setupUi(this);
     ui_->cmdFolderUp->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
     ui_->optUrlLink->hide();
-    ui_->lstWindows->setSpacing(1);
     ui_->lstWindows->viewport()->installEventFilter(this);
     ui_->txtFolder->installEventFilter(this);
     ui_->picWindowsIcon->installEventFilter(this);
@@ -120,7 +120,6 @@ void SourceList::OpenFolder(const QString& folder) {
     browserFolder_ = folder;
     ui_->txtFolder->setText(FolderText(folder));
     ui_->txtFolder->setToolTip(folder.isEmpty() ? QString() : FolderToolTip(folder));
-    ui_->cmdFolderUp->setEnabled(!folder.isEmpty());
     FillBrowser();
 }
 
@@ -129,10 +128,11 @@ void SourceList::Refill() {
 }
 
 void SourceList::cmdFolderUp_Click() {
-    if (browserFolder_.isEmpty())
-        return;
+    // At the root it is read again, with the sticks that have been plugged in.
+    services_.Volumes.Refresh(state_.Drives);
     const QString above = FolderAbove(browserFolder_);
-    cameFrom_ = browserFolder_.sliced(above.size()).chopped(1);
+    cameFrom_ = browserFolder_.mid(above.size());
+    cameFrom_.chop(1);
     OpenFolder(above);
 }
 
@@ -191,6 +191,7 @@ void SourceList::ShowReading(Reading reading) {
         line->setToolTip(entry.FullPath.isEmpty()
                              ? entry.Name
                              : ShownTarget(entry.FullPath, {state_.Drives, state_.AppPath}));
+        line->setData(SourceLines::kHostPath, state_.Drives.ToHost(entry.FullPath, state_.AppPath));
         if (entry.IsFolder() && entry.Name == cameFrom_)
             ui_->lstWindows->setCurrentItem(line, QItemSelectionModel::NoUpdate);
     }

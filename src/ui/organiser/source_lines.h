@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QListWidget>
+
+namespace paneda {
+
+// The list of the source browser, whose lines can be dragged to where files are taken. A line's host path is
+// its data of this role; one without cannot be dragged.
+class SourceLines : public QListWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int kHostPath = Qt::UserRole;
+
+    explicit SourceLines(QWidget* parent = nullptr);
+
+protected:
+    QMimeData* mimeData(const QList<QListWidgetItem*>& lines) const override;
+};
+
+} // namespace paneda
