@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kIconSide = 32;       // pixels at scale 1; 480 twips
 constexpr int kShowSlowAfter = 300; // milliseconds
+const QString kWidestLabel = QStringLiteral("Shortcut :");
 constexpr Source kModes[] = {Source::Desktop, Source::StartMenu, Source::MyComputer, Source::Favorites};
 
 QString LineOf(const BrowserEntry& entry) {
@@ -44,6 +45,8 @@ SourceList::SourceList(AppState& state, SourceServices services, QWidget* parent
     ui_->setupUi(this);
     ui_->cmdFolderUp->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
     ui_->optUrlLink->hide();
+    // The options keep their places when the word in front of them changes.
+    ui_->lblSource->setMinimumWidth(ui_->lblSource->fontMetrics().horizontalAdvance(kWidestLabel));
     ui_->lstWindows->viewport()->installEventFilter(this);
     ui_->txtFolder->installEventFilter(this);
     ui_->picWindowsIcon->installEventFilter(this);

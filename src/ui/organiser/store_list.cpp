@@ -49,8 +49,7 @@ void StoreList::ShowTitles(const QStringList& titles, int selected) {
 }
 
 bool StoreList::Takes(const QDropEvent& event) const {
-    return event.source() == this ||
-           (takesFiles_ && !event.source() && !LocalFiles(event.mimeData()).isEmpty());
+    return event.source() == this || (takesFiles_ && !LocalFiles(event.mimeData()).isEmpty());
 }
 
 void StoreList::dragEnterEvent(QDragEnterEvent* event) {
@@ -64,7 +63,7 @@ void StoreList::dragMoveEvent(QDragMoveEvent* event) {
     }
     // Draws the line between two entries.
     QListWidget::dragMoveEvent(event);
-    event->source() ? event->accept() : event->acceptProposedAction();
+    event->source() == this ? event->accept() : event->acceptProposedAction();
 }
 
 void StoreList::dropEvent(QDropEvent* event) {
@@ -72,7 +71,7 @@ void StoreList::dropEvent(QDropEvent* event) {
         event->ignore();
         return;
     }
-    if (event->source()) {
+    if (event->source() == this) {
         const int from = currentRow();
         const QModelIndex target = indexAt(event->position().toPoint());
         const bool isBelow = dropIndicatorPosition() == BelowItem;
