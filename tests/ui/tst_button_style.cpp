@@ -89,6 +89,17 @@ void tst_ButtonStyle::controls() {
     }
     QVERIFY(scene.Get<QAbstractButton>(u"txtWidth0"_s).isChecked());
     QVERIFY(!scene.Get<QAbstractButton>(u"txtWidth1"_s).isChecked());
+    // Tab goes as one reads.
+    const QStringList wanted{
+        u"picTemplateSmallIcon"_s, u"txtWidth0"_s, u"chkIcon"_s, u"optIconAlignment8"_s, u"txtLabel"_s,
+        u"optLabelAlignment0"_s,   u"imgOK"_s};
+    const QWidget& first = scene.Get<QWidget>(wanted[0]);
+    QStringList order{wanted[0]};
+    for (const QWidget* each = first.nextInFocusChain(); each != &first; each = each->nextInFocusChain()) {
+        if (wanted.contains(each->objectName()))
+            order.append(each->objectName());
+    }
+    QCOMPARE(order, wanted);
     QTest::keyClick(scene.Window.get(), Qt::Key_Escape);
     QVERIFY(!scene.Window->isVisible() && !scene.Window->HasChanges());
 }

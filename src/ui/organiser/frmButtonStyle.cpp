@@ -87,6 +87,7 @@ frmButtonStyle::frmButtonStyle(const AppState& state, ButtonStyleServices servic
             group->addButton(buttons[i], int(i) + 1);
     }
     ConnectControls();
+    OrderTabs();
 }
 
 frmButtonStyle::~frmButtonStyle() = default;
@@ -135,21 +136,11 @@ void frmButtonStyle::AddCells() {
             QStringLiteral("Height %1").arg(units(i)), txtHeight_);
     ui_->layWidth->addStretch();
     ui_->layHeight->addStretch();
-    QWidget* before = ui_->picTemplates->findChildren<QAbstractButton*>().last();
-    for (const auto& cells : {txtWidth_, txtHeight_}) {
-        for (QToolButton* cell : cells) {
-            setTabOrder(before, cell);
-            before = cell;
-        }
-    }
-    setTabOrder(before, ui_->chkIcon);
 }
 
 void frmButtonStyle::AddAlignments(QGridLayout& layout, const QString& array, const QString& what,
                                    QButtonGroup& group) {
     constexpr int kSide = 3;
-    QWidget* before =
-        &group == optIconAlignment_ ? static_cast<QWidget*>(ui_->optIconSmall) : ui_->optPosition2;
     QWidget* box = &group == optIconAlignment_ ? ui_->fraIcon : ui_->fraLabel;
     for (int i = 0; i < kSide * kSide; ++i) {
         auto* option = new QRadioButton(box);
@@ -158,8 +149,6 @@ void frmButtonStyle::AddAlignments(QGridLayout& layout, const QString& array, co
         option->setToolTip(option->accessibleName());
         layout.addWidget(option, i / kSide, i % kSide);
         group.addButton(option, i + 1);
-        setTabOrder(before, option);
-        before = option;
     }
     layout.setColumnStretch(kSide, 1);
 }
@@ -189,6 +178,29 @@ void frmButtonStyle::ConnectControls() {
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui_->cmdDeletePicture, &QPushButton::clicked, this, &frmButtonStyle::cmdDeletePicture_Click);
     connect(ui_->cmdRefreshUrl, &QPushButton::clicked, this, &frmButtonStyle::cmdRefreshUrl_Click);
+}
+
+// As one reads; the order of creation is another.
+void frmButtonStyle::OrderTabs() {
+    QWidgetList order;
+    const auto add = [&order](const auto& widgets) {
+        for (QWidget* widget : widgets)
+            order.append(widget);
+    };
+    add(ui_->picTemplates->findChildren<QAbstractButton*>());
+    add(txtWidth_);
+    add(txtHeight_);
+    add(QWidgetList{ui_->chkIcon, ui_->optIconBig, ui_->optIconSmall});
+    add(optIconAlignment_->buttons());
+    add(QWidgetList{ui_->chkLabel, ui_->txtLabel});
+    add(optFont_->buttons());
+    add(QWidgetList{ui_->chkBold, ui_->chkBorder});
+    add(optPosition_->buttons());
+    add(optLabelAlignment_->buttons());
+    add(QWidgetList{ui_->chkBackground, ui_->optButton, ui_->optGroup, ui_->optCategory,
+                    ui_->cmdDeletePicture, ui_->cmdRefreshUrl, ui_->imgOK, ui_->cmdCancel});
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
 }
 
 QString frmButtonStyle::Stem() const {

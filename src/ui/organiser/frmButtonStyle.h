@@ -65,6 +65,7 @@ private:
     void AddAlignments(QGridLayout& layout, const QString& array, const QString& what, QButtonGroup& group);
     void AddTemplates();
     void ConnectControls();
+    void OrderTabs();
     void DisableWhatTheSkinDecides();
     void ShowForm();
     void ReadForm();
