@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 using namespace paneda;
 using namespace paneda::test;
@@ -169,6 +170,10 @@ void tst_Icons::picker() {
         window.findChild<QListWidget*>(u"lstIcon"_s)->setCurrentRow(1);
         QVERIFY(bar->Enabled());
         QCOMPARE(bar->Max(), paper.Sheet().Range());
+        QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                          false);
+        QCoreApplication::sendEvent(&paper, &wheel);
+        QVERIFY(bar->Value() >= kIconRowHeight);
         QTest::keyClick(&paper, Qt::Key_End);
         QCOMPARE(bar->Value(), bar->Max() - (600 - 450));
         QTest::keyClick(&paper, Qt::Key_Home);

@@ -9,6 +9,8 @@
 #include "ui/organiser/icon_paper.h"
 #include "ui_frmIconSelect.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -17,9 +19,14 @@ namespace paneda {
 
 namespace {
 
-QColor SheetColor(const AppState& state) {
-    const auto skin = FindSkinFolder(state.AppFolder, state.SkinName);
-    return QColor::fromRgb(HexToArgb(ReadTreeColors(skin ? ReadSkinIni(*skin) : IniText()).Background));
+// Empty if it is not there.
+QString SkinPath(const AppState& state) {
+    return FindSkinFolder(state.AppFolder, state.SkinName).value_or(QString());
+}
+
+QColor SheetColor(const QString& skinPath) {
+    const IniText ini = skinPath.isEmpty() ? IniText() : ReadSkinIni(skinPath);
+    return QColor::fromRgb(HexToArgb(ReadTreeColors(ini).Background));
 }
 
 } // namespace
@@ -35,7 +42,7 @@ frmIconSelect::frmIconSelect(const AppState& state, IconSelectServices services,
     ui_->setupUi(this);
     picPaper_ = new IconPaper(ui_->picMain);
     ui_->layMain->insertWidget(0, picPaper_, 1);
-    ui_->vsbScrollBar->SetPictures(LoadScrollBarPictures());
+    ui_->vsbScrollBar->SetPictures(LoadScrollBarPictures(SkinPath(state)));
     ui_->vsbScrollBar->SetSmallChange(kIconRowHeight);
     ui_->vsbScrollBar->SetLargeChange(kSheetHeight);
     ui_->vsbScrollBar->setFocusPolicy(Qt::NoFocus);
@@ -44,6 +51,8 @@ frmIconSelect::frmIconSelect(const AppState& state, IconSelectServices services,
     connect(picPaper_, &IconPaper::Picked, this, &frmIconSelect::imgIcon_Click);
     connect(picPaper_, &IconPaper::ColorAsked, this, &frmIconSelect::ChooseColor);
     connect(picPaper_, &IconPaper::TopWanted, ui_->vsbScrollBar, &dtVisualScrollBar::SetValue);
+    connect(picPaper_, &IconPaper::Wheeled, ui_->vsbScrollBar,
+            [this](QWheelEvent* event) { QCoreApplication::sendEvent(ui_->vsbScrollBar, event); });
     connect(picPaper_, &IconPaper::LaidOut, this, &frmIconSelect::FitScrollBar);
     connect(ui_->vsbScrollBar, &dtVisualScrollBar::Change, this,
             [this] { picPaper_->SetTop(ui_->vsbScrollBar->Value()); });
@@ -56,8 +65,7 @@ frmIconSelect::frmIconSelect(const AppState& state, IconSelectServices services,
 frmIconSelect::~frmIconSelect() = default;
 
 void frmIconSelect::Form_Load() {
-    color_ = SheetColor(state_);
-    picPaper_->SetColor(color_);
+    SetColor(SheetColor(SkinPath(state_)));
     ui_->lstIcon->addItems(ListFolders(iconBase_));
     ui_->lstIcon->setCurrentRow(0);
     if (ui_->lstIcon->count() == 0)
@@ -110,12 +118,18 @@ void frmIconSelect::cmdOpenFolder_Click() {
     services_.Opener.Open(request, {state_.Drives, state_.AppPath});
 }
 
+void frmIconSelect::SetColor(const QColor& color) {
+    color_ = color;
+    picPaper_->SetColor(color);
+    // A skin's track may be a veil over the sheet.
+    ui_->vsbScrollBar->SetBackColor(color);
+}
+
 void frmIconSelect::ChooseColor() {
     const QColor chosen = services_.ChooseColor(color_, this);
     if (!chosen.isValid())
         return;
-    color_ = chosen;
-    picPaper_->SetColor(color_);
+    SetColor(chosen);
     lstIcon_Click();
 }
 

@@ -49,6 +49,7 @@ public:
 
 private:
     QString Folder() const; // name of the selected one; empty for none
+    void SetColor(const QColor& color);
     void ChooseColor();
     void FitScrollBar();
 

@@ -37,6 +37,8 @@ Q_SIGNALS:
     void ColorAsked();
     // The icon with the focus lies outside of the visible part, which should begin here, in twips.
     void TopWanted(int top);
+    // The wheel was turned; for what scrolls the sheet.
+    void Wheeled(QWheelEvent* event);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -44,6 +46,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override { Q_EMIT Wheeled(event); }
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
