@@ -11,7 +11,6 @@ namespace paneda {
 
 namespace {
 
-const QString kFolderMarker = QStringLiteral("> ");
 const QString kSeparator = QStringLiteral(" \\ ");
 
 void AddHalf(std::vector<BrowserEntry>& list, const std::vector<SourceItem>& half, Source source,

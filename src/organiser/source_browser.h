@@ -14,10 +14,13 @@ namespace paneda {
 // The browser in which the user looks for what is to become a button. A folder of a source is a text of names
 // with a backslash behind each ("Games\Old\"; in My Computer "C:\Tools\"), empty for the source's root.
 
+// In front of the names of folders and drives.
+inline const QString kFolderMarker = QStringLiteral("> ");
+
 // One line of the browser's list.
 struct BrowserEntry {
     QString Name;
-    QString Marker;    // "> " for a folder or drive
+    QString Marker;    // kFolderMarker for a folder or drive, else empty
     QString Shown;     // Marker and Name
     QString SortKey;   // in capitals; folders come first
     QString FullPath;  // stored form; empty for a folder that exists in the source alone

@@ -3,6 +3,7 @@
 #include "platform/windows/run_key_autostart.h"
 #include "platform/windows/shell_icons.h"
 #include "platform/windows/shell_opener.h"
+#include "platform/windows/shell_source_places.h"
 #include "platform/windows/target_path.h"
 #include "platform/windows/wide_text.h"
 #include "platform/windows/windows_volume_space.h"
@@ -13,6 +14,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QSet>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -77,6 +79,7 @@ private Q_SLOTS:
     void plans();
     void targetsThatAreMissing();
     void icons();
+    void sources();
     void space();
     void codePages();
     void oneInstance();
@@ -190,6 +193,25 @@ void tst_windows_shell::icons() {
     for (const QString& target :
          QStringList{app_ + u"\\gone.exe"_s, u"Q:\\"_s, u"no-such-program"_s, QString()})
         QVERIFY(icons.IconOf(target, paths_, 32).isNull());
+}
+
+void tst_windows_shell::sources() {
+    const ShellSourcePlaces places;
+    const std::pair<Source, QString> roots[] = {
+        {Source::Desktop, QStandardPaths::writableLocation(QStandardPaths::DesktopLocation)},
+        {Source::StartMenu, QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation)}};
+    for (const auto& [source, root] : roots) {
+        QVERIFY(QDir(root).mkpath(u"paneda test/inner"_s));
+        QDir(root + u"/paneda test"_s).rename(u"inner"_s, u"In \u00E4"_s);
+        const SourceListing listing = places.List(source, u"paneda test\\"_s);
+        QDir(root + u"/paneda test"_s).removeRecursively();
+        const std::vector<SourceItem> wanted{{u"In \u00E4"_s, true, root + u"/paneda test/In \u00E4"_s}};
+        QVERIFY(listing.User == wanted);
+        QVERIFY(listing.Public.empty());
+    }
+    QVERIFY(places.HasMedium(u"C:/"_s));
+    QVERIFY(!places.List(Source::MyComputer, u"C:/"_s).User.empty());
+    QVERIFY(!ShellIcons().TypeNameOf(u"a.txt"_s).isEmpty());
 }
 
 void tst_windows_shell::space() {

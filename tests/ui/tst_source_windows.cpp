@@ -141,6 +141,9 @@ void tst_source_windows::sources() {
     QCOMPARE(lines->item(1)->text(), u"a"_s);
     QVERIFY(!Get<QWidget>(list, "optFolderLink")->isEnabled());
 
+    const int place = Get<QWidget>(list, "optButtonCopy")->x();
+    click(1);
+    QCOMPARE(Get<QWidget>(list, "optButtonCopy")->x(), place);
     click(2);
     QCOMPARE(int(list.Selection().Option), int(SourceOption::LinkFile));
     QTRY_COMPARE(icons.Targets.size(), 1);
@@ -148,6 +151,9 @@ void tst_source_windows::sources() {
     QCOMPARE(list.Selection().Entries.size(), 2U);
     QTest::keyClick(lines, Qt::Key_Return);
     QCOMPARE(opener.Requests.size(), 1U);
+
+    QTest::keyClicks(lines, u"ga"_s);
+    QCOMPARE(lines->currentItem()->text(), u"> Games"_s);
 
     // The second click of a double click lands on the folder's own list, and enters nothing.
     click(0);

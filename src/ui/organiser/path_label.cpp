@@ -24,6 +24,7 @@ PathLabel::PathLabel(QWidget* parent) : QAbstractButton(parent) {
 void PathLabel::ShowPath(const QString& path) {
     setText(path);
     setToolTip(path);
+    setAccessibleDescription(path);
     setEnabled(!path.isEmpty());
     update();
 }

@@ -1,7 +1,12 @@
 #include "ui/organiser/source_lines.h"
 
+#include "organiser/source_browser.h"
+
+#include <QApplication>
 #include <QMimeData>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace paneda {
 
@@ -11,6 +16,24 @@ SourceLines::SourceLines(QWidget* parent) : QListWidget(parent) {
     setUniformItemSizes(true);
     setSpacing(1);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void SourceLines::keyboardSearch(const QString& typed) {
+    const bool goesOn =
+        searchedAt_.isValid() && !searchedAt_.hasExpired(QApplication::keyboardInputInterval());
+    search_ = goesOn ? search_ + typed : typed;
+    searchedAt_.start();
+    // A single letter finds the next name, more of them stay with one that fits.
+    const int first = currentRow() + (search_.size() > 1 ? 0 : 1);
+    for (int i = 0; i < count() && !search_.isEmpty(); ++i) {
+        const int row = (std::max(first, 0) + i) % count();
+        const QString text = item(row)->text();
+        const bool isFolder = text.startsWith(kFolderMarker);
+        if (text.sliced(isFolder ? kFolderMarker.size() : 0).startsWith(search_, Qt::CaseInsensitive)) {
+            setCurrentRow(row);
+            return;
+        }
+    }
 }
 
 QMimeData* SourceLines::mimeData(const QList<QListWidgetItem*>& lines) const {

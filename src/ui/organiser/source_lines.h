@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QListWidget>
 
 namespace paneda {
@@ -14,8 +15,15 @@ public:
 
     explicit SourceLines(QWidget* parent = nullptr);
 
+    // Folders are found by their names, without the marker in front.
+    void keyboardSearch(const QString& typed) override;
+
 protected:
     QMimeData* mimeData(const QList<QListWidgetItem*>& lines) const override;
+
+private:
+    QString search_; // letters that were typed one soon after the other
+    QElapsedTimer searchedAt_;
 };
 
 } // namespace paneda
