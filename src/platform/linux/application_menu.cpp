@@ -16,7 +16,7 @@ namespace {
 constexpr int kMaxEntries = 10000;
 constexpr int kMaxDepth = 4; // of folders in `applications`
 
-// The main categories that the desktop's menu specification registers, and older names for two of them.
+// The main categories that are registered for desktop entries, and older names of some.
 constexpr std::pair<QStringView, QStringView> kCategories[] = {
     {u"Network", u"Internet"},        {u"Office", u"Office"},
     {u"Graphics", u"Graphics"},       {u"AudioVideo", u"Multimedia"},
