@@ -100,9 +100,8 @@ void tst_source_browser::breadcrumb() {
 void tst_source_browser::selected() {
     // file: label, type label, option as a number
     const std::pair<const char*, const char*> rows[] = {
-        {"/a.Lnk", "Shortcut :a0"},     {"/a.desktop", "Shortcut :a0"},
-        {"/a.URL", "Url :a.URL0"},  {"/a.jpe", "Pic Icon :a.jpe0"},
-        {"/a.pnd", "File :a.pnd2"}, {"/exe", "File :exe2"},
+        {"/a.Lnk", "Shortcut :a0"},     {"/a.desktop", "Shortcut :a0"}, {"/a.URL", "Url :a.URL0"},
+        {"/a.jpe", "Pic Icon :a.jpe0"}, {"/a.pnd", "File :a.pnd2"},     {"/exe", "File :exe2"},
         {"/folder/", "File :3"}};
     for (const auto& [path, wanted] : rows) {
         const BrowserEntry entry = EntryFor(QString::fromLatin1(path), drives_);
