@@ -1,6 +1,10 @@
 #include "organiser/store_steps.h"
 
+#include "core/text/text_rules.h"
+
 #include <QUuid>
+
+#include <algorithm>
 
 namespace paneda {
 
@@ -21,11 +25,27 @@ FileResult RenameFailure(const DiskPath& from, const QString& to, const EntryErr
     return Failure(from.Text(), QStringLiteral("It cannot be renamed to \"%1\". ").arg(to) + reason);
 }
 
+bool Holds(const DiskPath& folder, const QString& name) {
+    const auto entries = ListEntries(folder).value_or(std::vector<DiskEntry>());
+    return std::any_of(entries.begin(), entries.end(),
+                       [&name](const DiskEntry& entry) { return entry.Name == name; });
+}
+
+EntryResult RenameIn(const DiskPath& folder, const QString& from, const QString& to) {
+    const EntryResult renamed = RenameEntry(folder / from, folder / to);
+    if (!renamed || !SameName(from, to) || Holds(folder, to))
+        return renamed;
+    // To some file systems that ignore case another spelling is no change.
+    const DiskPath detour = folder / (u'_' + to);
+    const EntryResult away = RenameEntry(folder / from, detour);
+    return away ? RenameEntry(detour, folder / to) : away;
+}
+
 } // namespace
 
 FileResult RunRenames(const DiskPath& folder, const Renames& renames) {
     for (const auto& [from, to] : renames) {
-        const EntryResult renamed = RenameEntry(folder / from, folder / to);
+        const EntryResult renamed = RenameIn(folder, from, to);
         if (!renamed)
             return RenameFailure(folder / from, to, renamed.error());
     }

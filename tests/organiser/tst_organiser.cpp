@@ -107,7 +107,6 @@ void tst_organiser::operations() {
     QVERIFY(organiser.AddFolder(StoreLevel::Groups, u"G"_s));
     QVERIFY(organiser.Retitle(StoreLevel::Categories, u"c"_s));
     QVERIFY(organiser.AddFolder(StoreLevel::Categories, u"D"_s));
-    QCOMPARE(organiser.CategoryNow(u"[004] C"_s), u"[002] c"_s);
     QCOMPARE(organiser.Titles(StoreLevel::Groups), QStringList());
     const auto entries = store.Entries().filter(QRegularExpression(u"^Setting/."_s));
     QCOMPARE(entries, QStringList({u"Setting/[001] A/"_s, u"Setting/[001] A/[001] Letters/"_s,
@@ -115,6 +114,7 @@ void tst_organiser::operations() {
                                    group + u"[003] c [].LNK"_s, group + u"[003] c [].gif"_s,
                                    group + u"[004] New [].pnd"_s, u"Setting/[002] c/"_s,
                                    u"Setting/[002] c/[001] G/"_s, u"Setting/[003] D/"_s}));
+    QCOMPARE(organiser.CategoryNow(u"[004] C"_s), u"[002] c"_s);
 }
 
 void tst_organiser::failures() {
