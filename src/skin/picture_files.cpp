@@ -5,7 +5,6 @@
 #include "skin/picture_loader.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 namespace paneda {
 
@@ -46,21 +45,6 @@ QString PictureFinder::Find(const QString& stem) {
         names_ = FolderNames(folder);
     }
     return FindIn(names_, stem);
-}
-
-FileResult RenamePictureFile(const QString& oldPath, const QString& newStemWithDot) {
-    const QString picture = FindPictureFile(PictureStem(oldPath));
-    if (picture.isEmpty())
-        return {};
-    const QString target = newStemWithDot + ExtensionOf(picture).toLower();
-    if (target == picture)
-        return {};
-    const QString taken = FindEntry(FolderOf(target), FileNameOf(target));
-    // A name that differs from its own in case alone is free.
-    if (QFileInfo::exists(taken) && QFileInfo(taken) != QFileInfo(picture))
-        return Failure(target, QStringLiteral("A file of this name exists."));
-    QFile file(picture);
-    return file.rename(target) ? FileResult() : Failure(picture, file.errorString());
 }
 
 FileResult DeletePictureFile(const QString& stem) {

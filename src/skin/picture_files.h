@@ -28,10 +28,6 @@ private:
     FolderNames names_;
 };
 
-// Renames the picture of `oldPath`, which may have any extension, to `newStemWithDot` and its own extension
-// in small letters. No picture is no failure; a name that is taken is one.
-FileResult RenamePictureFile(const QString& oldPath, const QString& newStemWithDot);
-
 // Deletes the picture of a stem. No picture is no failure.
 FileResult DeletePictureFile(const QString& stem);
 

@@ -75,7 +75,6 @@ private Q_SLOTS:
     void init();
     void PicksPieces();
     void FindsPictureBesideButton();
-    void RenamesPicture();
     void ReadsByContents();
     void RefusesHostilePictures_data();
     void RefusesHostilePictures();
@@ -88,9 +87,6 @@ private Q_SLOTS:
 private:
     QString Path(const QString& name) const { return folder_->filePath(name); }
     void Touch(const QString& name) const { WriteBytes(Path(name), name.toUtf8()); }
-    QByteArray Contents(const QString& name) const {
-        return ReadFileBytes(Path(name), 1000).value_or(QByteArray());
-    }
 
     std::unique_ptr<QTemporaryDir> folder_;
 };
@@ -128,18 +124,6 @@ void TestPictureFiles::FindsPictureBesideButton() {
     QCOMPARE(finder.Find(QStringLiteral("/no/such/folder/other")), QString());
     // A point in the folder's name is not that of an extension.
     QCOMPARE(PictureStem(QStringLiteral("/a.b/file")), QStringLiteral("/a.b/file"));
-}
-
-void TestPictureFiles::RenamesPicture() {
-    Touch(QStringLiteral("old.PNG"));
-    Touch(QStringLiteral("TAKEN.png"));
-    // Never over another file.
-    QVERIFY(!RenamePictureFile(Path(QStringLiteral("old.url")), Path(QStringLiteral("taken."))));
-    QCOMPARE(Contents(QStringLiteral("TAKEN.png")), QByteArray("TAKEN.png"));
-    QVERIFY(RenamePictureFile(Path(QStringLiteral("old.lnk")), Path(QStringLiteral("new."))));
-    // A change of case alone.
-    QVERIFY(RenamePictureFile(Path(QStringLiteral("new.lnk")), Path(QStringLiteral("NEW."))));
-    QCOMPARE(Contents(QStringLiteral("NEW.png")), QByteArray("old.PNG"));
 }
 
 void TestPictureFiles::ReadsByContents() {
