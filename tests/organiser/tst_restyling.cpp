@@ -66,13 +66,13 @@ void tst_Restyling::scopes() {
     const auto after = [](StyleScope scope) {
         const StoreBuilder store;
         for (const char* file :
-             {"[001] G/[001] A [1].lnk", "[001] G/[001] A [1].PNG", "[001] G/[002] B [2].url",
-              "[001] G/[002] B [2].ico", "[001] G/[001] A [1]/in a folder.lnk", "[002] H/[001] C.pnd",
+             {"[001] G/[001] A [1].pnd", "[001] G/[001] A [1].PNG", "[001] G/[002] B [2].url",
+              "[001] G/[002] B [2].ico", "[001] G/[001] A [1]/in a folder.pnd", "[002] H/[001] C.txt",
               "[002] H/stray.png"})
             store.AddFile(u"C/"_s + QLatin1String(file));
-        store.AddFile(u"D/[001] G/[001] A [1].lnk"_s);
+        store.AddFile(u"D/[001] G/[001] A [1].pnd"_s);
         const FileResult result =
-            ApplyStyle({store.Path(u"C/[001] G/[001] A [1].lnk"_s), u"N"_s, u"9"_s, scope});
+            ApplyStyle({store.Path(u"C/[001] G/[001] A [1].pnd"_s), u"N"_s, u"9"_s, scope});
         QStringList files;
         for (const QString& entry : store.Entries()) {
             if (!entry.endsWith(u'/') && entry.contains(u"[9]"))
@@ -80,20 +80,20 @@ void tst_Restyling::scopes() {
         }
         return result ? files : QStringList{result.error().Text()};
     };
-    const QStringList own{u"C/[001] G/[001] N [9].lnk"_s, u"C/[001] G/[001] N [9].png"_s};
+    const QStringList own{u"C/[001] G/[001] N [9].pnd"_s, u"C/[001] G/[001] N [9].png"_s};
     const QStringList group =
         own + QStringList{u"C/[001] G/[002] B [9].ico"_s, u"C/[001] G/[002] B [9].url"_s};
     QCOMPARE(after(StyleScope::Button), own);
     QCOMPARE(after(StyleScope::Group), group);
-    QCOMPARE(after(StyleScope::Category), group + QStringList{u"C/[002] H/[001] C [9].pnd"_s});
+    QCOMPARE(after(StyleScope::Category), group + QStringList{u"C/[002] H/[001] C [9].txt"_s});
 
     const StoreBuilder store;
-    store.AddFile(u"C/G/A [1].lnk"_s, "a");
-    store.AddFile(u"C/G/B [9].lnk"_s, "b");
-    const FileResult taken = ApplyStyle({store.Path(u"C/G/A [1].lnk"_s), u"B"_s, u"9"_s, StyleScope::Button});
+    store.AddFile(u"C/G/A [1].pnd"_s, "a");
+    store.AddFile(u"C/G/B [9].pnd"_s, "b");
+    const FileResult taken = ApplyStyle({store.Path(u"C/G/A [1].pnd"_s), u"B"_s, u"9"_s, StyleScope::Button});
     QVERIFY(!taken);
-    QVERIFY2(taken.error().Text().contains(u".lnk: "), qPrintable(taken.error().Text()));
-    QCOMPARE(store.Bytes(u"C/G/A [1].lnk"_s) + store.Bytes(u"C/G/B [9].lnk"_s), QByteArray("ab"));
+    QVERIFY2(taken.error().Text().contains(u".pnd: "), qPrintable(taken.error().Text()));
+    QCOMPARE(store.Bytes(u"C/G/A [1].pnd"_s) + store.Bytes(u"C/G/B [9].pnd"_s), QByteArray("ab"));
 }
 
 QTEST_GUILESS_MAIN(tst_Restyling)

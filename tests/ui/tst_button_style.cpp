@@ -24,7 +24,7 @@ class tst_ButtonStyle : public QObject {
     struct Scene {
         explicit Scene(const QString& file, const QByteArray& skin = {}) {
             Store.AddFile(Group + file, "[InternetShortcut]\nURL=http://site.test/\n");
-            Store.AddFile(Group + u"[002] Other [1].lnk"_s);
+            Store.AddFile(Group + u"[002] Other [1].pnd"_s);
             Store.AddFile(u"skin/Own/skin.ini"_s, SkinMaker::Places() + skin);
             State = Store.State();
             State.Drives = DrivesOfHost();
@@ -124,25 +124,25 @@ void tst_ButtonStyle::preview() {
 }
 
 void tst_ButtonStyle::apply() {
-    Scene one(u"[001] Editor [1].lnk"_s);
+    Scene one(u"[001] Editor [1].pnd"_s);
     one.Get<QLineEdit>(u"txtLabel"_s).setText(u"a/b"_s);
     one.Click(u"imgOK"_s);
     QCOMPARE(one.Prompts.Shown.size(), 1);
     QVERIFY(one.Window->isVisible());
     one.Get<QLineEdit>(u"txtLabel"_s).setText(u"New"_s);
     QTest::keyClick(one.Window.get(), Qt::Key_Return);
-    QCOMPARE(one.Files(), QStringList({u"[001] New [11113001100].lnk"_s, u"[002] Other [1].lnk"_s}));
+    QCOMPARE(one.Files(), QStringList({u"[001] New [11113001100].pnd"_s, u"[002] Other [1].pnd"_s}));
     QVERIFY(!one.Window->isVisible() && one.Window->HasChanges());
 
-    Scene all(u"[001] Editor [1].lnk"_s);
+    Scene all(u"[001] Editor [1].pnd"_s);
     all.Click(u"optGroup"_s);
     all.Click(u"imgOK"_s);
     QCOMPARE(all.Files(),
-             QStringList({u"[001] Editor [11113001100].lnk"_s, u"[002] Other [11113001100].lnk"_s}));
+             QStringList({u"[001] Editor [11113001100].pnd"_s, u"[002] Other [11113001100].pnd"_s}));
 
     // The file is gone: the message names it.
-    Scene gone(u"[001] Editor [1].lnk"_s);
-    QVERIFY(QFile::remove(gone.Store.Path(gone.Group + u"[001] Editor [1].lnk"_s)));
+    Scene gone(u"[001] Editor [1].pnd"_s);
+    QVERIFY(QFile::remove(gone.Store.Path(gone.Group + u"[001] Editor [1].pnd"_s)));
     gone.Click(u"imgOK"_s);
     QVERIFY(gone.Prompts.Shown.value(0).contains(u"Editor"_s));
 }
