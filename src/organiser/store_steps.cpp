@@ -87,11 +87,11 @@ FileResult WriteHidden(const DiskPath& folder, const std::function<FileResult(co
 
 void RemoveLeftovers(const DiskPath& folder) {
     for (const DiskEntry& entry : ListEntries(folder).value_or(std::vector<DiskEntry>())) {
-        const bool isNew = entry.Name.startsWith(kNew);
-        if (!isNew && !entry.Name.startsWith(kDeleted))
+        if (!entry.Name.startsWith(kUnfinishedPrefix))
             continue;
         const DiskPath path = folder / entry.Name;
-        if (!isNew || LookAt(path).Modified.daysTo(QDateTime::currentDateTime()) > kLeftoverDays)
+        const bool isOld = LookAt(path).Modified.daysTo(QDateTime::currentDateTime()) > kLeftoverDays;
+        if (entry.Name.startsWith(kDeleted) || isOld)
             (void)RemoveTree(path);
     }
 }

@@ -26,8 +26,9 @@ FileResult AddFile(const DiskPath& path, const std::function<FileResult(const Di
 FileResult WriteHidden(const DiskPath& folder, const std::function<FileResult(const DiskPath& hidden)>& write,
                        const std::function<FileResult(const DiskPath& hidden)>& place);
 
-// Removes what killed steps have left in a folder, not in those below it. New files count as left when they
-// are more than a day old. What cannot be removed stays for the next time.
+// Removes what killed steps, and killed writes of files, have left in a folder, not in those below it. Files
+// count as left when they are more than a day old, since another process may be writing one. What cannot be
+// removed stays for the next time.
 void RemoveLeftovers(const DiskPath& folder);
 
 } // namespace paneda

@@ -84,6 +84,13 @@ void tst_organiser::operations() {
     for (const char* name : {"[001] a [1].pnd", "[002] B [2].url", "[002] B [2].png", "[003] c.LNK"})
         store.AddFile(group + QLatin1String(name), name);
     store.AddFile(group + u".paneda-deleted-1/x"_s);
+    for (const auto& [name, age] : {std::pair(u".paneda-old"_s, 3), std::pair(u".paneda-young"_s, 0)}) {
+        store.AddFile(group + name);
+        QFile file(store.Path(group + name));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(
+            file.setFileTime(QDateTime::currentDateTime().addDays(-age), QFileDevice::FileModificationTime));
+    }
     store.AddFile(u"source.gif"_s, "picture");
     store.AddFolder(u"Setting/[004] C"_s);
     Organiser organiser(store.Path(u"Setting"_s));
@@ -109,11 +116,12 @@ void tst_organiser::operations() {
     QVERIFY(organiser.AddFolder(StoreLevel::Categories, u"D"_s));
     QCOMPARE(organiser.Titles(StoreLevel::Groups), QStringList());
     const auto entries = store.Entries().filter(QRegularExpression(u"^Setting/."_s));
-    QCOMPARE(entries, QStringList({u"Setting/[001] A/"_s, u"Setting/[001] A/[001] Letters/"_s,
-                                   group + u"[001] b [2].gif"_s, group + u"[001] b [2].url"_s,
-                                   group + u"[003] c [].LNK"_s, group + u"[003] c [].gif"_s,
-                                   group + u"[004] New [].pnd"_s, u"Setting/[002] c/"_s,
-                                   u"Setting/[002] c/[001] G/"_s, u"Setting/[003] D/"_s}));
+    QCOMPARE(
+        entries,
+        QStringList({u"Setting/[001] A/"_s, u"Setting/[001] A/[001] Letters/"_s, group + u".paneda-young"_s,
+                     group + u"[001] b [2].gif"_s, group + u"[001] b [2].url"_s, group + u"[003] c [].LNK"_s,
+                     group + u"[003] c [].gif"_s, group + u"[004] New [].pnd"_s, u"Setting/[002] c/"_s,
+                     u"Setting/[002] c/[001] G/"_s, u"Setting/[003] D/"_s}));
     QCOMPARE(organiser.CategoryNow(u"[004] C"_s), u"[002] c"_s);
 }
 
