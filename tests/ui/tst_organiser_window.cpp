@@ -177,8 +177,9 @@ void tst_organiser_window::droppedFiles() {
              QStringList({u"[001] b001 [].url"_s, u"[002] Site [].url"_s, u"[003] Tool [].pnd"_s}));
     QCOMPARE(fetched, QStringList{u"[002] Site [].url"_s});
     QVERIFY(scene.Prompts.Shown.join(u' ').contains(u"Duplicate Name"_s));
+    scene.Store.AddFile(u"More.exe"_s);
     scene.Prompts.Answers = {true};
-    drop({u"icon.png"_s});
+    drop({u"More.exe"_s, u"icon.png"_s});
     QCOMPARE(scene.Store.Bytes(u"Setting/[001] A/[001] G/[003] Tool [].png"_s), QByteArray("icon.png"));
 }
 

@@ -17,6 +17,9 @@ void frmButton::AddSources(AddRequest request) {
     request.UserName = state_.UserName;
     bool removes = false;
     for (const AddStep& step : DecideAdd(request, {state_.Drives, state_.AppPath}, services_.Prompts)) {
+        // Those before it have been added behind the button that was asked about.
+        if (step.What == AddStep::Kind::Picture)
+            organiser_->Select(StoreLevel::Buttons, button);
         if (!Take(step))
             break;
         removes = removes || step.RemovesSource;

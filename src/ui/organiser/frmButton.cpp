@@ -365,7 +365,8 @@ void frmButton::KeepPanelCategory() {
         return;
     const QString shown = state_.Catalogue[std::size_t(state_.SelectedCategory)].FolderName;
     const QString now = organiser_->CategoryNow(shown);
-    const std::vector<StoreFolder>& categories = organiser_->Categories();
+    // Not those of the list, which the file manager may have changed.
+    const std::vector<StoreFolder> categories = ReadFolders(SettingFolder(state_.AppFolder));
     const auto found = std::find_if(categories.begin(), categories.end(),
                                     [&now](const StoreFolder& each) { return each.FolderName == now; });
     if (found != categories.end())
