@@ -23,7 +23,9 @@ namespace {
 
 constexpr int kPlaceCentred = 1;
 constexpr int kGapToPanel = 150; // twips
-constexpr int kIconSide = 32;    // pixels at scale 1
+// Pixels that the title and the borders of a window may need.
+constexpr QSize kFrameOfWindow(40, 60);
+constexpr int kIconSide = 32; // pixels at scale 1
 
 } // namespace
 
@@ -156,7 +158,11 @@ void frmButton::Form_Load() {
     source_->Form_Load();
     ShowLists();
     ui_->lstCategories->setFocus();
-    PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
+    const PlaceScene scene = services_.Scene();
+    const QSize room(TwipsToPixels(scene.Screen.Width),
+                     TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top));
+    resize(size().boundedTo(room - kFrameOfWindow));
+    PlaceBeside(*this, kPlaceCentred, kGapToPanel, scene);
 }
 
 void frmButton::ShowLists() {
