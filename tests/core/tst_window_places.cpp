@@ -1,3 +1,4 @@
+#include "core/panel/screen_drag.h"
 #include "core/panel/window_places.h"
 
 #include <QTest>
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void placing();
     void intoView_data();
     void intoView();
+    void draggedOverScreens();
 };
 
 void tst_window_places::farEdges() {
@@ -110,6 +112,44 @@ void tst_window_places::intoView() {
     QCOMPARE(BringIntoView(saved, kPanel, {}), saved);
     // Of a panel larger than the screen the top left corner is kept in view.
     QCOMPARE(BringIntoView({40000, 40000}, {20000, 20000}, {kArea}), (WindowPlace{750, 0}));
+}
+
+// Two screens of 800 device pixels side by side. On its way to the right a window neither jumps back nor
+// changes its screen twice, and Qt sees its middle on the screen that it was placed for.
+void tst_window_places::draggedOverScreens() {
+    const QSize size(206, 336);
+    for (const auto& [left, right] : {std::pair(1.0, 1.0), {1.0, 2.0}, {2.0, 1.0}, {1.25, 2.0}, {1.5, 1.1}}) {
+        const std::vector<DraggedScreen> screens{{{0, 0, int(800 / left), int(1000 / left)}, left},
+                                                 {{800, 0, int(800 / right), int(1000 / right)}, right}};
+        for (const double grip : {3.0, 103.0, 200.0}) {
+            std::size_t current = 0;
+            double before = -1e9;
+            for (int device = 300; device < 1500; ++device) {
+                const DraggedScreen& under = screens[device < 800 ? 0 : 1];
+                const QPointF mouse(under.Area.x() + (device - under.Area.x()) / under.Ratio, 10);
+                const auto corner = DraggedCorner(screens, current, mouse, {grip, 5}, size);
+                QVERIFY(corner);
+                const QRect window(*corner, size);
+                const std::size_t owner = screens[1].Area.contains(window.center()) ? 1 : 0;
+                QVERIFY2(
+                    owner >= current && screens[owner].Area.contains(window.center()),
+                    qPrintable(u"%1 %2 grip %3 at %4: %5"_s.arg(left).arg(right).arg(grip).arg(device).arg(
+                        corner->x())));
+                current = owner;
+                const DraggedScreen& on = screens[owner];
+                const double middle =
+                    on.Area.x() + (corner->x() + size.width() / 2.0 - on.Area.x()) * on.Ratio;
+                QVERIFY2(middle >= before - on.Ratio, qPrintable(QString::number(device)));
+                before = middle;
+            }
+            QCOMPARE(current, 1u);
+        }
+    }
+    // The edge between two areas belongs to the second one.
+    const WorkArea first{0, 0, 12000, 15000};
+    const WorkArea second{12000, 0, 24000, 15000};
+    QCOMPARE(NearestArea({first, second}, {12000, 300}), second);
+    QCOMPARE(NearestArea({first, second}, {11985, 300}), first);
 }
 
 QTEST_GUILESS_MAIN(tst_window_places)

@@ -46,8 +46,8 @@ int SnappedBegin(int begin, int length, int low, int high) {
 
 // How far a point lies outside an area, squared.
 qint64 DistanceTo(const WorkArea& area, WindowPlace point) {
-    const qint64 x = point.Left - std::clamp(point.Left, area.Left, std::max(area.Left, area.Right));
-    const qint64 y = point.Top - std::clamp(point.Top, area.Top, std::max(area.Top, area.Bottom));
+    const qint64 x = point.Left - std::clamp(point.Left, area.Left, std::max(area.Left, area.Right - 1));
+    const qint64 y = point.Top - std::clamp(point.Top, area.Top, std::max(area.Top, area.Bottom - 1));
     return x * x + y * y;
 }
 

@@ -63,7 +63,8 @@ struct PlacedWindow {
 // on the panel; any other mode leaves the top alone.
 PlacedWindow PlaceWindow(const TwipsRect& window, int mode, int extra, const PlaceScene& scene);
 
-// The area that holds the point, else the one nearest to it. An empty area when there are none.
+// The area that holds the point, else the one nearest to it; its right and bottom edges belong to the areas
+// behind them. An empty area when there are none.
 WorkArea NearestArea(const std::vector<WorkArea>& areas, WindowPlace point);
 
 // For a saved place on a screen that is gone: if no area shows enough of the panel's top edge to drag it

@@ -1,9 +1,14 @@
 #include "ui/panel/panel_motion.h"
 
+#include "core/panel/screen_drag.h"
 #include "ui/panel/satellites.h"
 #include "ui/panel/screen_metrics.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
+
+#include <vector>
 
 namespace paneda {
 
@@ -20,16 +25,23 @@ void PanelMotion::MoveTo(WindowPlace place) {
     satellites_.Follow(Rect(), nullptr);
 }
 
-void PanelMotion::StartDrag(const QPoint& mouse) {
+void PanelMotion::StartDrag(const QPointF& grip) {
     dragging_ = true;
-    grip_ = mouse - window_.pos();
+    grip_ = grip;
 }
 
-void PanelMotion::DoFRDrag(const QPoint& mouse) {
+void PanelMotion::DoFRDrag(const QPointF& mouse) {
     if (!dragging_)
         return;
-    const QPoint corner = mouse - grip_;
-    Save({PixelsToTwips(corner.x()), PixelsToTwips(corner.y())});
+    std::vector<DraggedScreen> screens;
+    std::size_t current = 0;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (screen == window_.screen())
+            current = screens.size();
+        screens.push_back({screen->geometry(), screen->devicePixelRatio()});
+    }
+    if (const auto corner = DraggedCorner(screens, current, mouse, grip_, window_.size()))
+        Save({PixelsToTwips(corner->x()), PixelsToTwips(corner->y())});
 }
 
 void PanelMotion::EndFRDrag() {

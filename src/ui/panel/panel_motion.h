@@ -3,7 +3,7 @@
 #include "core/panel/window_places.h"
 #include "core/settings/app_state.h"
 
-#include <QPoint>
+#include <QPointF>
 
 class QWidget;
 
@@ -24,9 +24,9 @@ public:
     // Moves the window; the saved place stays as it is.
     void MoveTo(WindowPlace place);
 
-    // Mouse press on the frame, move and release. `mouse` is a point of the screen in pixels.
-    void StartDrag(const QPoint& mouse);
-    void DoFRDrag(const QPoint& mouse);
+    // Mouse press on the frame, at a place in the window; move to a place of the desktop; release.
+    void StartDrag(const QPointF& grip);
+    void DoFRDrag(const QPointF& mouse);
     void EndFRDrag();
 
 private:
@@ -37,8 +37,7 @@ private:
     WorkAreas& areas_;
     Satellites& satellites_;
     bool dragging_ = false;
-    // From the window's top left corner to the mouse at the press, in pixels.
-    QPoint grip_;
+    QPointF grip_; // from the window's corner, in layout pixels
 };
 
 } // namespace paneda
