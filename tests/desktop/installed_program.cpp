@@ -260,7 +260,11 @@ QPoint InstalledProgram::Button(const QString& name) const {
 }
 
 QPoint InstalledProgram::Bar(int category) const {
-    return WindowPlace(panel_) + ToPixels(Geometry(State()).Categories[std::size_t(category)].Bar).center();
+    return WindowPlace(panel_) + BarRect(category).center();
+}
+
+QRect InstalledProgram::BarRect(int category) const {
+    return ToPixels(Geometry(State()).Categories[std::size_t(category)].Bar);
 }
 
 QPoint InstalledProgram::Spot(TwipsRect (*area)(const FrameGeometry&, const ThemeState&)) const {

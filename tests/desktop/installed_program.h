@@ -9,6 +9,7 @@
 #include <QMap>
 #include <QPoint>
 #include <QProcess>
+#include <QRect>
 
 #include <utility>
 #include <vector>
@@ -79,6 +80,8 @@ public:
     // and open its menu; of the frame's upper edge.
     QPoint Button(const QString& name) const;
     QPoint Bar(int category) const;
+    // The same bar in the window, in pixels of the layout.
+    QRect BarRect(int category) const;
     QPoint HideSpot() const;
     QPoint Menu() const;
     QPoint Grip() const;

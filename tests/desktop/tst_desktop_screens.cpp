@@ -166,11 +166,18 @@ void tst_desktop_screens::screensOfTwoRatios() {
     QVERIFY(program.ShowPanel());
     QVERIFY(shows(u"category001@1.5x.png"_s));
     QVERIFY(program.Close());
-    for (const QString& ratio : {u"1.25"_s, u"2"_s, u"3"_s}) {
+    for (const QString& ratio : {u"1.1"_s, u"1.25"_s, u"2"_s, u"3"_s}) {
         program.SetVariable(u"QT_SCREEN_SCALE_FACTORS"_s, u"left=%1;right=%1"_s.arg(ratio));
         QVERIFY(program.Start());
         QVERIFY(program.ShowPanel());
         QVERIFY2(shows(u"category001@%1x.png"_s.arg(ratio)), qPrintable(ratio));
+        // Clicks on the first row of pixels that the second bar is drawn on, on its last one, and above it.
+        const QRect bar = DeviceRect(program.BarRect(1), ratio.toDouble());
+        for (const auto& [row, category] :
+             {std::pair(bar.top(), 2), {bar.top() - 1, 1}, {bar.bottom(), 2}, {bar.top() - 1, 1}}) {
+            ClickAt(WindowRect(program.Panel()).topLeft() + QPoint(bar.center().x(), row), 1);
+            QVERIFY2(shows(u"category00%1@%2x.png"_s.arg(category).arg(ratio)), qPrintable(ratio));
+        }
         QVERIFY(program.Close());
     }
 }

@@ -11,6 +11,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
 #include <optional>
@@ -74,11 +75,21 @@ void frmMain::MakeLook(const CacheRecord* cache) {
 }
 
 void frmMain::LayOut(WindowPlace wanted) {
-    // The layout knows one screen: the one that holds the wanted place.
-    const ScreenPlace screen = ScreenAt(services_.WorkAreas, wanted);
-    const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), screen.Metrics,
-                            wanted.Left - screen.Origin.Left, wanted.Top - screen.Origin.Top};
-    geometry_ = LayoutPanel(state_.Catalogue, input);
+    // The layout knows one screen: the one that holds the wanted place, or the middle of the panel's top
+    // there.
+    ScreenPlace screen = ScreenAt(services_.WorkAreas, wanted);
+    const auto layOut = [&] {
+        const LayoutInput input{state_.ButtonsPerRow, look_->Metrics(), screen.Metrics,
+                                wanted.Left - screen.Origin.Left, wanted.Top - screen.Origin.Top};
+        geometry_ = LayoutPanel(state_.Catalogue, input);
+    };
+    layOut();
+    const ScreenPlace middle =
+        ScreenAt(services_.WorkAreas, {wanted.Left + geometry_.PanelWidth / 2, wanted.Top});
+    if (middle.Origin != screen.Origin) {
+        screen = middle;
+        layOut();
+    }
     look_->SetGeometry(geometry_);
     setFixedSize(TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight));
     const WindowPlace place =
@@ -87,7 +98,8 @@ void frmMain::LayOut(WindowPlace wanted) {
     geometry_.PanelLeft = place.Left;
     geometry_.PanelTop = place.Top;
     motion_.MoveTo(place);
-    look_->SetRatio(PictureRatio(ScreenAt(services_.WorkAreas, place).Ratio));
+    pictureRatio_ = PictureRatio(ScreenAt(services_.WorkAreas, place).Ratio);
+    look_->SetRatio(pictureRatio_);
     // The cache names the skin that its pictures show. Where the chosen skin cannot be used this is the skin
     // that is shown instead.
     if (!load_.CacheValid || look_->Record() != load_.Cache.Pictures)
@@ -134,21 +146,29 @@ void frmMain::ShapeWindow() {
     // A window that the system does not have yet gets its shape when it is shown.
     if (!windowHandle())
         return;
-    const QSize onScreen = DeviceSize(size(), devicePixelRatioF());
+    const QSize onScreen = DeviceSize(size(), ScreenRatio());
     const QImage shown = picture_.size() == onScreen ? picture_ : picture_.scaled(onScreen);
     services_.Compositor.SetShape(*windowHandle(),
                                   ShapeOf(shown, services_.Compositor.IsActive() ? 1 : kSolidAlpha));
 }
 
+// Of the screen that the window is on. A widget's own ratio is cut to a multiple of 1/65536, so that 1.1
+// would not be equal to itself.
+double frmMain::ScreenRatio() const {
+    return windowHandle() ? windowHandle()->devicePixelRatio() : screen()->devicePixelRatio();
+}
+
 // The panel has come to a screen of another ratio, or its screen has got another one.
 void frmMain::AdoptRatio() {
-    if (unloaded_ || picture_.devicePixelRatio() == PictureRatio(devicePixelRatioF()))
+    const double ratio = PictureRatio(ScreenRatio());
+    if (unloaded_ || ratio == pictureRatio_)
         return;
     ShapeWindow();
-    look_->SetRatio(PictureRatio(devicePixelRatioF()));
+    pictureRatio_ = ratio;
+    look_->SetRatio(ratio);
     ShowPicture(look_->Picture(opened_.Index));
-    // The files of this ratio may be older than the drives' figures.
-    RefreshDrives();
+    // The files of this ratio may be older than the drives' figures. The picture is painted first.
+    QTimer::singleShot(0, this, &frmMain::RefreshDrives);
     prepare_.start();
 }
 
@@ -351,7 +371,9 @@ void frmMain::Form_Unload() {
 void frmMain::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    if (picture_.devicePixelRatio() == devicePixelRatioF()) {
+    if (pictureRatio_ == ScreenRatio()) {
+        // By the ratio that the painter has, each pixel becomes one.
+        picture_.setDevicePixelRatio(devicePixelRatioF());
         painter.drawImage(0, 0, picture_);
     } else {
         // Shown at once, and sharp as soon as it is composed.

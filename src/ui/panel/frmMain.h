@@ -117,6 +117,7 @@ private:
     void ShowPicture(const QImage& picture);
     void ShapeWindow();
     void AdoptRatio();
+    double ScreenRatio() const;
     QPoint PixelOf(const QMouseEvent& event) const;
     void AfterFirstPaint();
     void WatchDrives();
@@ -155,6 +156,7 @@ private:
     // that it comes from may lie on a slow disk.
     HitArea tipArea_;
     QString tip_;
+    double pictureRatio_ = 1; // device pixels of the picture for each pixel of the layout
     QImage picture_;
     bool painted_ = false;
     bool unloaded_ = false;

@@ -51,7 +51,8 @@ QString RichTip(const QString& tip) {
 
 // The layout pixel of what is drawn under the mouse.
 QPoint frmMain::PixelOf(const QMouseEvent& event) const {
-    return LayoutPoint(event.position(), devicePixelRatioF());
+    // Qt gives the place in the widget in whole pixels of the layout.
+    return LayoutPoint(event.scenePosition(), ScreenRatio());
 }
 
 void frmMain::mousePressEvent(QMouseEvent* event) {
@@ -66,12 +67,12 @@ void frmMain::mousePressEvent(QMouseEvent* event) {
     else if (area.What == HitArea::Kind::Frame && button == MouseButton::Right && !HasRoomForMenu())
         imgMenu_Click();
     else if (area.What == HitArea::Kind::Frame)
-        motion_.StartDrag(event->globalPosition().toPoint());
+        motion_.StartDrag(event->scenePosition());
 }
 
 void frmMain::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() == Qt::LeftButton)
-        motion_.DoFRDrag(event->globalPosition().toPoint());
+        motion_.DoFRDrag(event->globalPosition());
 }
 
 void frmMain::mouseDoubleClickEvent(QMouseEvent* event) {
