@@ -5,6 +5,7 @@
 #include "skin/quick_png.h"
 #include "skin/skin_pictures.h"
 
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -22,6 +23,17 @@ constexpr int kQuicklyPacked = 1;
 
 constexpr int kRatioDigits = 6;   // of a ratio in the names of files
 constexpr int kWithoutDrives = 0; // number of the first category's picture before its drives are drawn
+
+// Sets of pictures that are kept, which are a few megabytes each.
+constexpr qsizetype kMostRatios = 4;
+
+const QString kExtension = QStringLiteral(".png");
+
+// Whether a file is one of the pictures; captures the mark of a ratio other than 1.
+QRegularExpressionMatch PictureName(const QString& name) {
+    static const QRegularExpression picture(QStringLiteral("^category[0-9]+a?(@[0-9.]+x)?\\.png$"));
+    return picture.match(name);
+}
 
 // Number of the picture that shows a category.
 int ShownNumber(int category) {
@@ -101,6 +113,18 @@ void CategoryPictures::SetRatio(double ratio) {
     next_ = 0;
 }
 
+// Of the ratios the present one is kept, and those that were composed last.
+void CategoryPictures::DropOldRatios() const {
+    QStringList kept{NameEnd()};
+    for (const QString& name : QDir(folder_).entryList(QDir::Files, QDir::Time)) {
+        const QRegularExpressionMatch match = PictureName(name);
+        const QString end = match.captured(1) + kExtension;
+        if (match.hasMatch() && !kept.contains(end) && kept.size() < kMostRatios)
+            kept.append(end);
+    }
+    DropFiles(kept);
+}
+
 std::vector<bool>& CategoryPictures::OnFile() {
     const std::vector<bool> fresh(sources_.Catalogue.size(), files_ == Files::Keep);
     return onFile_.try_emplace(window_.Ratio, fresh).first->second;
@@ -109,7 +133,7 @@ std::vector<bool>& CategoryPictures::OnFile() {
 // How the names of files of the present ratio end.
 QString CategoryPictures::NameEnd() const {
     const QString ratio = QString::number(window_.Ratio, 'g', kRatioDigits);
-    return (window_.Ratio == kLeastRatio ? QString() : u'@' + ratio + u'x') + QStringLiteral(".png");
+    return (window_.Ratio == kLeastRatio ? QString() : u'@' + ratio + u'x') + kExtension;
 }
 
 QString CategoryPictures::PathOf(int number, Kind kind) const {
@@ -120,22 +144,21 @@ QString CategoryPictures::PathOf(int number, Kind kind) const {
            NameEnd();
 }
 
-// Removes the pictures of all ratios, but for those whose names have this end.
-void CategoryPictures::DropFiles(const QString& nameEnd) const {
-    static const QRegularExpression picture(QStringLiteral("^category[0-9]+a?(@[0-9.]+x)?\\.png$"));
-    const auto keeps = [&nameEnd](const QRegularExpressionMatch& match) {
-        return match.captured(1) + QStringLiteral(".png") == nameEnd;
-    };
+// Removes all pictures, but for those whose names have one of these ends.
+void CategoryPictures::DropFiles(const QStringList& keptEnds) const {
     for (const QString& name : ListFiles(folder_)) {
-        const QRegularExpressionMatch match = picture.match(name);
-        if (match.hasMatch() && !keeps(match))
+        const QRegularExpressionMatch match = PictureName(name);
+        if (match.hasMatch() && !keptEnds.contains(match.captured(1) + kExtension))
             QFile::remove(folder_ + u'/' + name);
     }
 }
 
 QImage CategoryPictures::Load(int number, Kind kind) const {
-    QImage picture = LoadPicture(PathOf(number, kind));
-    return picture.size() == DeviceSize(window_.Pixels, window_.Ratio) ? picture : QImage();
+    const QSize size = DeviceSize(window_.Pixels, window_.Ratio);
+    DecodingTime time;
+    const PictureWish wish{.MaxSide = std::max({kMaxPictureSide, size.width(), size.height()})};
+    const QImage picture = ReadPicture(PathOf(number, kind), wish, time).value_or(QImage());
+    return picture.size() == size ? picture : QImage();
 }
 
 FileResult CategoryPictures::Save(int number, Kind kind, const QImage& picture) const {
@@ -154,8 +177,10 @@ QImage CategoryPictures::Picture(int category) {
 }
 
 PanelPainter& CategoryPictures::Painter() {
-    if (!composition_)
+    if (!composition_) {
+        DropOldRatios();
         composition_ = std::make_unique<Composition>(sources_, window_);
+    }
     return composition_->Painter();
 }
 
@@ -205,7 +230,7 @@ void CategoryPictures::RefleshPanel() {
 std::vector<FileError> CategoryPictures::RedrawBarTitles() {
     std::vector<FileError> failures;
     unsavedCategory_ = -1;
-    DropFiles(NameEnd());
+    DropFiles({NameEnd()});
     files_ = Files::Drop;
     onFile_ = {{window_.Ratio, OnFile()}};
     const int last = int(sources_.Catalogue.size());

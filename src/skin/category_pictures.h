@@ -36,8 +36,8 @@ struct PictureSources {
 // files of the window's size in the cache folder: category002.png shows the second category, category002a.png
 // is the same without the titles on its bars. The first category has two pairs: number 0 as it was composed,
 // number 1 with the figures of its drives, which is the one that is shown. Screens of another ratio have
-// files of their own, category002@1.25x.png and category002a@1.25x.png; each set stays until the panel looks
-// different.
+// files of their own, category002@1.25x.png and category002a@1.25x.png; the sets of the last four ratios stay
+// until the panel looks different.
 //
 // A picture that is missing, damaged or of another size is composed when it is asked for. In a folder that
 // cannot be written every picture is composed each time; that is no error. Neither is a picture kept as a
@@ -83,7 +83,8 @@ private:
     // Draws the drives' figures on the first category's two pictures. Returns the finished one.
     QImage KeepWithDrives(const QImage& base, const QImage& finished);
     QString NameEnd() const;
-    void DropFiles(const QString& nameEnd) const;
+    void DropFiles(const QStringList& keptEnds) const;
+    void DropOldRatios() const;
     std::vector<bool>& OnFile();
     PanelPainter& Painter();
 

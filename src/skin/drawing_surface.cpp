@@ -54,15 +54,12 @@ void DrawingSurface::DrawPicture(const DensePicture& picture, const TwipsRect& b
         Tile(picture, target);
         return;
     }
-    if (drawing.Fit) {
-        DrawPart(picture.Image, PlacePicture(picture.Image.size(), OnScreen(target), drawing));
-        return;
-    }
-    const PicturePlace place = PlacePicture(picture.Size(), target, drawing);
-    if (place.Source.size() == place.Target.size())
+    if (KeepsSize(drawing)) {
+        const PicturePlace place = PlacePicture(picture.Size(), target, drawing);
         DrawWhole(picture, place.Target.topLeft() - place.Source.topLeft(), place.Target);
-    else
-        DrawPart(picture.Image, {DeviceRect(place.Source, picture.Density), OnScreen(place.Target)});
+    } else {
+        DrawPart(picture.Image, PlacePicture(picture.Image.size(), OnScreen(target), drawing));
+    }
 }
 
 void DrawingSurface::DrawPart(const QImage& picture, const PicturePlace& place) {

@@ -22,8 +22,8 @@ constexpr int kSpare = 4;
 
 const QString kLate = QStringLiteral("There was not enough time to read it.");
 
-bool IsLoadableSize(const QSize& size) {
-    return !size.isEmpty() && size.width() <= kMaxPictureSide && size.height() <= kMaxPictureSide;
+bool IsLoadableSize(const QSize& size, int maxSide) {
+    return !size.isEmpty() && size.width() <= maxSide && size.height() <= maxSide;
 }
 
 tl::expected<EncodedPicture, QString> ReadEncoded(const QString& path, int wanted) {
@@ -44,24 +44,24 @@ public:
         reader_.setAutoTransform(false);
     }
 
-    tl::expected<QSize, QString> Size() {
+    tl::expected<QSize, QString> Size(int maxSide) {
         const QSize size = reader_.size();
         if (size.isEmpty())
             return tl::make_unexpected(QStringLiteral("The picture is damaged."));
-        if (!IsLoadableSize(size))
+        if (!IsLoadableSize(size, maxSide))
             return tl::make_unexpected(
-                QStringLiteral("The picture is more than %1 pixels wide or high.").arg(kMaxPictureSide));
+                QStringLiteral("The picture is more than %1 pixels wide or high.").arg(maxSide));
         return size;
     }
 
     tl::expected<QImage, QString> Decode(const PictureWish& wish) {
-        const auto size = Size();
+        const auto size = Size(wish.MaxSide);
         if (!size)
             return tl::make_unexpected(size.error());
         Prepare(wish, *size);
         QImage image;
         // Some formats repeat their size further inside the file.
-        if (!reader_.read(&image) || !IsLoadableSize(image.size()))
+        if (!reader_.read(&image) || !IsLoadableSize(image.size(), wish.MaxSide))
             return tl::make_unexpected(QStringLiteral("The picture is damaged."));
         return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     }
@@ -144,7 +144,7 @@ tl::expected<QSize, PictureError> MeasurePicture(const QString& path) {
     const auto encoded = ReadEncoded(path, 0);
     if (!encoded)
         return tl::make_unexpected(PictureError{path, encoded.error()});
-    const auto size = Decoder(*encoded, time).Size();
+    const auto size = Decoder(*encoded, time).Size(kMaxPictureSide);
     if (!size)
         return tl::make_unexpected(PictureError{path, size.error()});
     return *size;

@@ -35,6 +35,7 @@ struct PictureWish {
     int Width = 0; // pixels; of a file with several pictures the smallest one of this width, or the largest
     QSize Room =
         {}; // pixels; what lies beyond, at the right and below, is cut off. Empty: nothing is cut off
+    int MaxSide = kMaxPictureSide; // pixels; a picture that is wider or higher is refused
     bool Small = false; // it is shown Width pixels wide, so that a far larger one may come scaled down
 };
 

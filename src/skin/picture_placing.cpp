@@ -91,6 +91,10 @@ PicturePlace PlacePicture(const QSize& picture, const QRect& box, const PictureD
     return PlaceLetterboxed(picture, box);
 }
 
+bool KeepsSize(const PictureDrawing& drawing) {
+    return drawing.Method == kOriginalSize;
+}
+
 bool IsTiled(const PictureDrawing& drawing) {
     return !drawing.Fit && drawing.Method != kOriginalSize && drawing.Method != kStretch &&
            drawing.Method != kStretchProportional;

@@ -30,6 +30,9 @@ struct PicturePlace {
 // other methods keep it inside. Offsets that fall between two pixels go to the left and up.
 PicturePlace PlacePicture(const QSize& picture, const QRect& box, const PictureDrawing& drawing);
 
+// Whether the picture is drawn at its own size.
+bool KeepsSize(const PictureDrawing& drawing);
+
 // Whether the picture is repeated from the top left corner of its box.
 bool IsTiled(const PictureDrawing& drawing);
 

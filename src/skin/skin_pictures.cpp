@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 #include <utility>
 
@@ -26,6 +27,15 @@ tl::expected<QSize, PictureError> MeasureWithin(const QFileInfo& file, qint64& b
     return MeasurePicture(file.filePath());
 }
 
+qint64 Pixels(const QSize& size) {
+    return qint64(size.width()) * size.height();
+}
+
+qint64 PixelsOf(const QHash<QString, QSize>& pictures) {
+    return std::accumulate(pictures.begin(), pictures.end(), qint64(0),
+                           [](qint64 sum, const QSize& size) { return sum + Pixels(size); });
+}
+
 class Survey {
 public:
     Survey(const ThemeState& theme, double ratio) : theme_(theme), ratio_(ratio) {}
@@ -37,7 +47,10 @@ public:
         }
         if (ratio_ > kLeastRatio)
             FindDenser();
-        const QHash<QString, QSize> usable = PiecesWithinLimit(pieces_);
+        // Larger files have what room the pieces leave.
+        QHash<QString, QSize> usable = PiecesWithinLimit(pieces_);
+        usable.insert(PiecesWithinLimit(denser_, kMaxSkinPixels - PixelsOf(usable)));
+        pieces_.insert(pieces_.end(), denser_.begin(), denser_.end());
         for (const PieceFacts& piece : pieces_) {
             if (!usable.contains(piece.Name))
                 LeaveOut(piece.Name,
@@ -64,8 +77,7 @@ private:
 
     void FindDenser() {
         const FolderNames folder(theme_.SkinPath);
-        const std::vector<PieceFacts> pieces = pieces_;
-        for (const PieceFacts& piece : pieces) {
+        for (const PieceFacts& piece : pieces_) {
             const QString stem = piece.Name.left(piece.Name.lastIndexOf(u'.'));
             for (const DenserFile& wanted : DenserNames(stem, ratio_)) {
                 const DenserFile file{PickPieceFile(wanted.Name, folder), wanted.Density};
@@ -80,7 +92,7 @@ private:
                                  .arg(piece.Name));
                     continue;
                 }
-                pieces_.push_back({file.Name, *size});
+                denser_.push_back({file.Name, *size});
                 found_.Denser.insert(piece.Name, file);
                 break;
             }
@@ -95,22 +107,21 @@ private:
     double ratio_;
     qint64 bytes_ = 0;
     std::vector<PieceFacts> pieces_;
+    std::vector<PieceFacts> denser_;
     PieceSurvey found_;
 };
 
 } // namespace
 
-QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces) {
-    const auto pixels = [](const PieceFacts& piece) {
-        return qint64(piece.Size.width()) * piece.Size.height();
-    };
+QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces, qint64 limit) {
+    const auto pixels = [](const PieceFacts& piece) { return Pixels(piece.Size); };
     std::stable_sort(pieces.begin(), pieces.end(),
                      [&pixels](const PieceFacts& a, const PieceFacts& b) { return pixels(a) < pixels(b); });
     QHash<QString, QSize> usable;
     qint64 sum = 0;
     for (const PieceFacts& piece : pieces) {
         sum += pixels(piece);
-        if (sum > kMaxSkinPixels)
+        if (sum > limit)
             break;
         usable.insert(piece.Name, piece.Size);
     }
@@ -146,8 +157,8 @@ PieceSurvey SurveyPieces(const ThemeState& theme, double ratio) {
     return Survey(theme, ratio).Run();
 }
 
-SkinPictures::SkinPictures(const ThemeState& theme, const Canvas& canvas, TickSource ticks)
-    : theme_(theme), canvas_(canvas), time_{kMaxSkinTime, std::move(ticks)} {}
+SkinPictures::SkinPictures(const ThemeState& theme, const Canvas& canvas, const TickSource& ticks)
+    : theme_(theme), canvas_(canvas), time_{kMaxSkinTime, ticks}, denserTime_{kMaxDenserTime, ticks} {}
 
 DensePicture SkinPictures::Get(const QString& name) {
     const auto known = pictures_.constFind(name);
@@ -178,18 +189,18 @@ DensePicture SkinPictures::Read(const QString& name, const QSize& room) {
         return {};
     if (const auto denser = survey_.Denser.constFind(name); denser != survey_.Denser.constEnd()) {
         const int density = denser->Density;
-        if (QImage picture = ReadFile(denser->Name, room * density); !picture.isNull())
+        if (QImage picture = ReadFile(denser->Name, room * density, denserTime_); !picture.isNull())
             return {std::move(picture), double(density)};
         survey_.Denser.remove(name);
     }
-    QImage picture = ReadFile(name, room);
+    QImage picture = ReadFile(name, room, time_);
     if (picture.isNull())
         survey_.Usable.remove(name);
     return picture;
 }
 
-QImage SkinPictures::ReadFile(const QString& name, const QSize& room) {
-    auto picture = ReadPicture(theme_.PathOf(name), {.Room = room}, time_);
+QImage SkinPictures::ReadFile(const QString& name, const QSize& room, DecodingTime& time) {
+    auto picture = ReadPicture(theme_.PathOf(name), {.Room = room}, time);
     if (picture)
         return *picture;
     late_ = late_ || picture.error().Late;

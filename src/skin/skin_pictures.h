@@ -17,7 +17,8 @@ namespace paneda {
 // What a skin may ask for. Of those installed with the program the largest has 660,000 pixels.
 inline constexpr qint64 kMaxSkinPixels = 64'000'000;              // of all its pictures
 inline constexpr qint64 kMaxSkinBytes = qint64(64) * 1024 * 1024; // of all its pictures' files
-inline constexpr quint32 kMaxSkinTime = 1000; // milliseconds for decoding all pictures of one composition
+inline constexpr quint32 kMaxSkinTime = 1000;  // milliseconds for decoding all pictures of one composition
+inline constexpr quint32 kMaxDenserTime = 500; // and for the larger ones that are drawn instead
 
 // A picture that can be decoded, by the file's name in the skin's folder.
 struct PieceFacts {
@@ -25,9 +26,9 @@ struct PieceFacts {
     QSize Size; // pixels
 };
 
-// The pictures among these that are within kMaxSkinPixels, counted from the smallest on, so that one huge
+// The pictures among these that are within a limit of pixels, counted from the smallest on, so that one huge
 // picture keeps out none of the others.
-QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces);
+QHash<QString, QSize> PiecesWithinLimit(std::vector<PieceFacts> pieces, qint64 limit = kMaxSkinPixels);
 
 // A file that shows the same as a piece with more pixels: `top@2x.png` has two for each of `top.png`, on each
 // axis.
@@ -60,7 +61,7 @@ class SkinPictures {
 public:
     // Of a picture, what is larger than the canvas, at the right and below, is not kept.
     explicit SkinPictures(const ThemeState& theme, const Canvas& canvas = {},
-                          TickSource ticks = ProcessorTick);
+                          const TickSource& ticks = ProcessorTick);
 
     // A piece, for drawing tiled or at its own size; null if the skin lacks it, and if it is left out.
     DensePicture Get(const QString& name);
@@ -76,13 +77,14 @@ public:
 
 private:
     DensePicture Read(const QString& name, const QSize& room);
-    QImage ReadFile(const QString& name, const QSize& room);
+    QImage ReadFile(const QString& name, const QSize& room, DecodingTime& time);
 
     const ThemeState& theme_;
     Canvas canvas_;
     bool isSurveyed_ = false;
     PieceSurvey survey_;
     DecodingTime time_;
+    DecodingTime denserTime_;
     bool late_ = false;
     QHash<QString, DensePicture> pictures_;
     qint64 bytes_ = 0;
