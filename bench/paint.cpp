@@ -4,6 +4,7 @@
 
 #include "core/files/file_io.h"
 #include "core/store/catalogue.h"
+#include "skin/category_pictures.h"
 #include "skin/panel_painter.h"
 #include "skin/picture_loader.h"
 #include "skin/piece_sizes.h"
@@ -84,6 +85,33 @@ double ComposeMs(const ThemeState& theme, const PieceSizes& sizes, int buttons, 
     });
 }
 
+// From a new ratio to the picture in hand, with all that is read, composed and kept on the way.
+double MoveMs(const ThemeState& theme, const PieceSizes& sizes, double ratio) {
+    const CatalogueList catalogue = CatalogueOf(kMoved);
+    const PanelGeometry geometry =
+        LayoutPanel(catalogue, {5, PanelMetricsOf(sizes), {20'000, 1'000'000, 1'000'000}, 0, 0});
+    FontChoice fonts;
+    OneIcon icons;
+    const DriveMap drives = DriveMap::FromMountPoints({});
+    return MedianMs(kRuns, [&] {
+        const QTemporaryDir folder;
+        CategoryPictures pictures(folder.path(),
+                                  {theme,
+                                   fonts,
+                                   catalogue,
+                                   geometry,
+                                   sizes,
+                                   icons,
+                                   drives,
+                                   QStringLiteral("C:\\bench"),
+                                   {},
+                                   [] { return std::vector<DriveState>(); }},
+                                  CategoryPictures::Files::Keep);
+        pictures.SetRatio(ratio);
+        pictures.Picture(0);
+    });
+}
+
 double SwitchMs(const ThemeState& theme, const PieceSizes& sizes) {
     // 400 x 600 pixels: ten units wide, as many rows as fill it.
     const CatalogueList catalogue = CatalogueOf(56);
@@ -136,11 +164,12 @@ int main(int argc, char** argv) {
     const double once = ComposeMs(*theme, sizes, kMoved);
     for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
         const double ms = ratio == 1 ? once : ComposeMs(*theme, sizes, kMoved, ratio);
-        out << QStringLiteral("a panel of %1 buttons at %2: %3 ms, %4 of that at 1\n")
+        out << QStringLiteral("a panel of %1 buttons at %2: %3 ms, %4 of that at 1; with its files %5 ms\n")
                    .arg(kMoved)
                    .arg(ratio)
                    .arg(ms, 0, 'f', 1)
-                   .arg(ms / once, 0, 'f', 2);
+                   .arg(ms / once, 0, 'f', 2)
+                   .arg(MoveMs(*theme, sizes, ratio), 0, 'f', 1);
     }
     out << QStringLiteral("category switch, 400 x 600: %1 ms\n").arg(SwitchMs(*theme, sizes), 0, 'f', 2);
     return 0;
