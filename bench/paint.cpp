@@ -85,7 +85,7 @@ double ComposeMs(const ThemeState& theme, const PieceSizes& sizes, int buttons, 
     });
 }
 
-// From a new ratio to the picture in hand, with all that is read, composed and kept on the way.
+// From a new ratio to the picture in hand, with all that is read and composed on the way.
 double MoveMs(const ThemeState& theme, const PieceSizes& sizes, double ratio) {
     const CatalogueList catalogue = CatalogueOf(kMoved);
     const PanelGeometry geometry =
@@ -164,7 +164,8 @@ int main(int argc, char** argv) {
     const double once = ComposeMs(*theme, sizes, kMoved);
     for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
         const double ms = ratio == 1 ? once : ComposeMs(*theme, sizes, kMoved, ratio);
-        out << QStringLiteral("a panel of %1 buttons at %2: %3 ms, %4 of that at 1; with its files %5 ms\n")
+        out << QStringLiteral(
+                   "a panel of %1 buttons at %2: %3 ms, %4 of that at 1; %5 ms until it can be shown\n")
                    .arg(kMoved)
                    .arg(ratio)
                    .arg(ms, 0, 'f', 1)

@@ -103,12 +103,12 @@ CategoryPictures::~CategoryPictures() = default;
 void CategoryPictures::SetRatio(double ratio) {
     if (ratio == window_.Ratio)
         return;
+    KeepComposed();
     if (composition_)
         composition_->MoveLeftOut(leftOut_);
     composition_.reset();
     window_.Ratio = ratio;
-    unsavedCategory_ = -1;
-    unsaved_ = {};
+    composed_ = {};
     canSave_ = true;
     next_ = 0;
 }
@@ -171,8 +171,8 @@ QImage CategoryPictures::Picture(int category) {
         return Painter().PaintFrame();
     const QImage picture =
         OnFile()[std::size_t(category)] ? Load(ShownNumber(category), Kind::Finished) : QImage();
-    if (picture.isNull() && unsavedCategory_ == category)
-        return unsaved_;
+    if (picture.isNull() && composed_.Category == category)
+        return composed_.Pairs.back().Finished;
     return picture.isNull() ? Compose(category) : picture;
 }
 
@@ -185,51 +185,67 @@ PanelPainter& CategoryPictures::Painter() {
 }
 
 QImage CategoryPictures::Compose(int category) {
+    KeepComposed();
     PanelPainter& painter = Painter();
     composition_->BeginCategory();
     const QImage base = painter.PaintBase(category);
     DrawingSurface surface(base, window_.Ratio);
     painter.DrawBarTitles(surface, category);
-    const int number = ComposedNumber(category);
-    const bool whole = !composition_->WasLate();
-    const auto isOnFile = OnFile().begin() + category;
-    *isOnFile = whole && Save(number, Kind::Base, base) && Save(number, Kind::Finished, surface.Image());
-    const QImage shown = category == 0 ? KeepWithDrives(base, surface.Image()) : surface.Image();
-    if (whole)
-        canSave_ = *isOnFile;
-    unsavedCategory_ = *isOnFile ? -1 : category;
-    unsaved_ = *isOnFile ? QImage() : shown;
-    return shown;
+    composed_ = {
+        category, !composition_->WasLate(), false, {{ComposedNumber(category), base, surface.Image()}}};
+    if (category == 0)
+        composed_.Pairs.push_back(WithDrives(composed_.Pairs[0]));
+    OnFile()[std::size_t(category)] = false;
+    return composed_.Pairs.back().Finished;
 }
 
-QImage CategoryPictures::KeepWithDrives(const QImage& base, const QImage& finished) {
+CategoryPictures::Pair CategoryPictures::WithDrives(const Pair& composed) {
     const std::vector<DriveState> drives = sources_.ReadDrives();
     PaintTools tools(sources_.Theme, sources_.Fonts, window_);
-    const auto keep = [&](const QImage& composed, Kind kind) {
-        DrawingSurface surface(composed, window_.Ratio);
+    const auto draw = [&](const QImage& picture) {
+        DrawingSurface surface(picture, window_.Ratio);
         for (const DriveState& drive : drives)
             DrawDrive(surface, drive.Button, drive.Info, tools);
-        OnFile()[0] = OnFile()[0] && Save(ShownNumber(0), kind, surface.Image());
         return surface.Image();
     };
-    keep(base, Kind::Base);
-    return keep(finished, Kind::Finished);
+    return {ShownNumber(0), draw(composed.Base), draw(composed.Finished)};
+}
+
+bool CategoryPictures::SavePair(const Pair& pair) const {
+    return Save(pair.Number, Kind::Base, pair.Base) && Save(pair.Number, Kind::Finished, pair.Finished);
+}
+
+// Writes what was composed last, once. What cannot be written stays in memory, for that category alone.
+bool CategoryPictures::KeepComposed() {
+    if (composed_.Category < 0 || !composed_.Whole || std::exchange(composed_.Tried, true))
+        return false;
+    canSave_ = std::all_of(composed_.Pairs.begin(), composed_.Pairs.end(),
+                           [this](const Pair& pair) { return SavePair(pair); });
+    OnFile()[std::size_t(composed_.Category)] = canSave_;
+    if (canSave_)
+        composed_ = {};
+    return canSave_;
 }
 
 void CategoryPictures::RefleshPanel() {
     if (sources_.Catalogue.empty())
         return;
+    if (composed_.Category == 0) {
+        composed_.Pairs[1] = WithDrives(composed_.Pairs[0]);
+        return;
+    }
     const QImage base = OnFile()[0] ? Load(kWithoutDrives, Kind::Base) : QImage();
     const QImage finished = OnFile()[0] ? Load(kWithoutDrives, Kind::Finished) : QImage();
     if (base.isNull() || finished.isNull())
         Compose(0);
     else
-        KeepWithDrives(base, finished);
+        OnFile()[0] = SavePair(WithDrives({kWithoutDrives, base, finished}));
 }
 
 std::vector<FileError> CategoryPictures::RedrawBarTitles() {
     std::vector<FileError> failures;
-    unsavedCategory_ = -1;
+    KeepComposed();
+    composed_ = {};
     DropFiles({NameEnd()});
     files_ = Files::Drop;
     onFile_ = {{window_.Ratio, OnFile()}};
@@ -250,6 +266,8 @@ std::vector<FileError> CategoryPictures::RedrawBarTitles() {
 }
 
 bool CategoryPictures::PrepareNext() {
+    if (KeepComposed())
+        return true;
     const bool late = composition_ && composition_->SkinWasLate();
     while (canSave_ && !late && next_ < int(sources_.Catalogue.size())) {
         const int category = next_++;

@@ -39,7 +39,8 @@ struct PictureSources {
 // files of their own, category002@1.25x.png and category002a@1.25x.png; the sets of the last four ratios stay
 // until the panel looks different.
 //
-// A picture that is missing, damaged or of another size is composed when it is asked for. In a folder that
+// A picture that is missing, damaged or of another size is composed when it is asked for, and written later,
+// since it is to be shown first. In a folder that
 // cannot be written every picture is composed each time; that is no error. Neither is a picture kept as a
 // file that lacks something only because decoding took too long: the next start composes it again.
 class CategoryPictures {
@@ -57,7 +58,8 @@ public:
     // The picture with this category opened, of the window's size in device pixels; for -1 the frame alone.
     QImage Picture(int category);
 
-    // Composes one picture more that is not on file yet. False when nothing is left to compose.
+    // Writes what was composed last, or composes one picture more that is not on file yet. False when nothing
+    // is left to do.
     bool PrepareNext();
 
     // Asks the drives again and draws their figures on the shown pictures of the first category. Those of
@@ -76,12 +78,27 @@ private:
     class Composition;
     enum class Kind { Finished, Base };
 
+    struct Pair {
+        int Number = 0; // in the names of its files
+        QImage Base;
+        QImage Finished;
+    };
+
+    // What was composed last and is not on file.
+    struct Composed {
+        int Category = -1;
+        bool Whole = false;           // nothing was left out for lack of time
+        bool Tried = false;           // to write it
+        std::vector<Pair> Pairs = {}; // the last one is shown
+    };
+
     QString PathOf(int number, Kind kind) const;
     QImage Load(int number, Kind kind) const;
     FileResult Save(int number, Kind kind, const QImage& picture) const;
     QImage Compose(int category);
-    // Draws the drives' figures on the first category's two pictures. Returns the finished one.
-    QImage KeepWithDrives(const QImage& base, const QImage& finished);
+    Pair WithDrives(const Pair& composed);
+    bool SavePair(const Pair& pair) const;
+    bool KeepComposed();
     QString NameEnd() const;
     void DropFiles(const QStringList& keptEnds) const;
     void DropOldRatios() const;
@@ -95,8 +112,7 @@ private:
     // By ratio and category: the file of its shown picture is one of this panel. One that could not be
     // removed is not.
     std::map<double, std::vector<bool>> onFile_;
-    QImage unsaved_; // the last composed picture that is not on file
-    int unsavedCategory_ = -1;
+    Composed composed_;
     std::vector<PictureError> leftOut_; // by compositions that have ended
     bool canSave_ = true;               // what cannot be kept is composed again, and never in advance
     int next_ = 0;                      // the next category to look at in PrepareNext

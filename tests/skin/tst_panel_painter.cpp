@@ -65,6 +65,13 @@ GroupEntry DriveGroup() {
     return group;
 }
 
+// The picture, when it has been written.
+QImage Kept(CategoryPictures pictures, int category) {
+    const QImage picture = pictures.Picture(category);
+    pictures.PrepareNext();
+    return picture;
+}
+
 } // namespace
 
 class TestPanelPainter : public QObject {
@@ -358,7 +365,7 @@ void TestPanelPainter::LatePictureIsNotKept() {
     QVERIFY(ListFiles(folder.path()).isEmpty() && !pictures.PrepareNext());
     QVERIFY(pictures.TakeLeftOut()[0].Late);
     panel.Ticks = ProcessorTick;
-    const QImage whole = panel.Pictures(folder.path(), CategoryPictures::Files::Keep).Picture(1);
+    const QImage whole = Kept(panel.Pictures(folder.path(), CategoryPictures::Files::Keep), 1);
     QVERIFY(!BoxOf(whole, kBack).isNull());
     QCOMPARE(ListFiles(folder.path()).size(), 2);
 }
@@ -392,7 +399,7 @@ void TestPanelPainter::FilesBelongToTheirPanel() {
 void TestPanelPainter::UnusableFileIsComposedAgain() {
     const QTemporaryDir folder;
     Panel panel(maker_, TwoAndTree());
-    const QImage composed = panel.Pictures(folder.path(), CategoryPictures::Files::Drop).Picture(1);
+    const QImage composed = Kept(panel.Pictures(folder.path(), CategoryPictures::Files::Drop), 1);
     const QString file = folder.filePath(QStringLiteral("category002.png"));
     const QByteArray good = QuickPng(composed, 0);
     // Missing, damaged, of another window.
@@ -401,7 +408,7 @@ void TestPanelPainter::UnusableFileIsComposedAgain() {
         QVERIFY(QFile::remove(file));
         if (!bytes.isEmpty())
             WriteBytes(file, bytes);
-        QCOMPARE(panel.Pictures(folder.path(), CategoryPictures::Files::Keep).Picture(1), composed);
+        QCOMPARE(Kept(panel.Pictures(folder.path(), CategoryPictures::Files::Keep), 1), composed);
         QCOMPARE(QImage(file).size(), composed.size());
     }
 }
@@ -416,6 +423,7 @@ void TestPanelPainter::DrivesAndTitlesAreRedrawn() {
     panel.Free = 3 * kGigabyte;
     pictures.RefleshPanel();
     QCOMPARE(bar(), 15);
+    QVERIFY(pictures.PrepareNext());
     // The picture without drives is gone: it is composed, with the figures of now.
     QVERIFY(QFile::remove(folder.filePath(QStringLiteral("category000.png"))));
     panel.Free = kGigabyte;
