@@ -9,6 +9,9 @@ void frmButton::cmdButtonAdd_Click() {
 }
 
 void frmButton::AddSources(AddRequest request) {
+    // A drop of another program comes through while the disk is busy.
+    if (isBusy_)
+        return;
     const int button = organiser_->Selected(StoreLevel::Buttons);
     request.HasGroup = organiser_->Selected(StoreLevel::Groups) >= 0;
     request.ButtonNames = NamesFor(StoreLevel::Buttons);

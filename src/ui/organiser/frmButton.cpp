@@ -37,9 +37,9 @@ frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* paren
     , organiser_(
           std::make_unique<Organiser>(SettingFolder(state.AppFolder),
                                       [this, work = WorkShownBy(*this)](const std::function<void()>& act) {
-                                          isBusy_ = true;
+                                          const bool wasBusy = std::exchange(isBusy_, true);
                                           work(act);
-                                          isBusy_ = false;
+                                          isBusy_ = wasBusy;
                                       }))
     , source_(new SourceList(state, services_.Sources, this)) {
     ui_->setupUi(this);

@@ -36,6 +36,11 @@ void SourceLines::keyboardSearch(const QString& typed) {
     }
 }
 
+// After a move the list would remove the lines by itself.
+void SourceLines::startDrag(Qt::DropActions) {
+    QListWidget::startDrag(Qt::CopyAction);
+}
+
 QMimeData* SourceLines::mimeData(const QList<QListWidgetItem*>& lines) const {
     QList<QUrl> urls;
     for (const QListWidgetItem* line : lines) {

@@ -19,6 +19,7 @@ public:
     void keyboardSearch(const QString& typed) override;
 
 protected:
+    void startDrag(Qt::DropActions actions) override;
     QMimeData* mimeData(const QList<QListWidgetItem*>& lines) const override;
 
 private:

@@ -242,7 +242,8 @@ const BrowserEntry* SourceList::EntryAt(int row) const {
 std::vector<const BrowserEntry*> SourceList::Selected() const {
     std::vector<const BrowserEntry*> selected;
     for (std::size_t i = 0; i < browserEntries_.size(); ++i) {
-        if (ui_->lstWindows->item(int(i))->isSelected())
+        const QListWidgetItem* line = ui_->lstWindows->item(int(i));
+        if (line && line->isSelected())
             selected.push_back(&browserEntries_[i]);
     }
     return selected;

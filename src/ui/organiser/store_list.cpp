@@ -53,7 +53,15 @@ bool StoreList::Takes(const QDropEvent& event) const {
 }
 
 void StoreList::dragEnterEvent(QDragEnterEvent* event) {
-    Takes(*event) ? event->acceptProposedAction() : event->ignore();
+    Takes(*event) ? Accept(*event) : event->ignore();
+}
+
+// A move would let the giver of the files delete them, while a button may only point at them; and after one
+// of its own the list would remove the line by itself.
+void StoreList::Accept(QDropEvent& event) const {
+    event.setDropAction(event.source() == this && event.type() != QEvent::Drop ? Qt::MoveAction
+                                                                               : Qt::CopyAction);
+    event.accept();
 }
 
 void StoreList::dragMoveEvent(QDragMoveEvent* event) {
@@ -63,7 +71,7 @@ void StoreList::dragMoveEvent(QDragMoveEvent* event) {
     }
     // Draws the line between two entries.
     QListWidget::dragMoveEvent(event);
-    event->source() == this ? event->accept() : event->acceptProposedAction();
+    Accept(*event);
 }
 
 void StoreList::dropEvent(QDropEvent* event) {
@@ -79,13 +87,10 @@ void StoreList::dropEvent(QDropEvent* event) {
         const int to = gap > from ? gap - 1 : gap;
         if (from >= 0 && to != from)
             Q_EMIT Moved(from, to);
-        // After a move the list would remove the line by itself.
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
     } else {
-        event->acceptProposedAction();
         Q_EMIT FilesDropped(LocalFiles(event->mimeData()));
     }
+    Accept(*event);
     setState(NoState);
     viewport()->update();
 }

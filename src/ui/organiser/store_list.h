@@ -30,6 +30,7 @@ protected:
 
 private:
     bool Takes(const QDropEvent& event) const;
+    void Accept(QDropEvent& event) const;
 
     bool takesFiles_ = false;
 };
