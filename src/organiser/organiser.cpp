@@ -5,6 +5,7 @@
 #include "core/store/names.h"
 #include "organiser/link_record.h"
 
+#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
@@ -213,15 +214,15 @@ QString Organiser::CategoryNow(const QString& folderName) const {
     return name;
 }
 
-// Does something with the disk, and reads the list again when it fails.
+// Does something with the disk, and reads the lists again when it fails: somebody else may have changed any.
 template <class Act>
-FileResult Organiser::Change(StoreLevel level, const Act& act) {
+FileResult Organiser::Change(const Act& act) {
     changed_ = true;
     FileResult result;
     RunWork([&] {
         result = act();
         if (!result)
-            ReadAgain(level);
+            ReadAgain(StoreLevel::Categories);
     });
     return result;
 }
@@ -256,7 +257,7 @@ FileResult Organiser::Renumber(StoreLevel level) {
 }
 
 FileResult Organiser::AddFolder(StoreLevel level, const QString& title) {
-    return Change(level, [&]() -> FileResult {
+    return Change([&]() -> FileResult {
         if (const FileResult numbered = Renumber(level); !numbered)
             return numbered;
         std::vector<StoreFolder>& folders =
@@ -272,7 +273,7 @@ FileResult Organiser::AddFolder(StoreLevel level, const QString& title) {
 }
 
 FileResult Organiser::AddButton(const NewButton& button) {
-    return Change(StoreLevel::Buttons, [&]() -> FileResult {
+    return Change([&]() -> FileResult {
         if (const FileResult numbered = Renumber(StoreLevel::Buttons); !numbered)
             return numbered;
         const QString name = AddedButtonName(buttons_.Entries, button.TitleExt);
@@ -290,7 +291,7 @@ FileResult Organiser::AddButton(const NewButton& button) {
 }
 
 FileResult Organiser::RewriteRecord(const LinkResult& link) {
-    return Change(StoreLevel::Buttons, [&] { return RewriteLink(ButtonFile(), link); });
+    return Change([&] { return RewriteLink(ButtonFile(), link); });
 }
 
 FileResult Organiser::PlaceCopy(const DiskPath& from, const DiskPath& to, bool removeSource) const {
@@ -303,7 +304,7 @@ FileResult Organiser::PlaceCopy(const DiskPath& from, const DiskPath& to, bool r
 }
 
 FileResult Organiser::Delete(StoreLevel level) {
-    return Change(level, [&] {
+    return Change([&] {
         return WithList(level, [&](auto& list) -> FileResult {
             const DiskPath folder = FolderOf(level);
             const QString name = NameOf(list.Entries[std::size_t(list.Selected)]);
@@ -325,20 +326,20 @@ FileResult Organiser::Delete(StoreLevel level) {
 }
 
 FileResult Organiser::Retitle(StoreLevel level, const QString& title) {
-    return Change(level, [&] {
+    return Change([&] {
         return WithList(level, [&](auto& list) {
             const auto& entry = list.Entries[std::size_t(list.Selected)];
             const FileResult renamed = RunAndNote(level, PlanTitle(entry, title, NamesIn(FolderOf(level))));
             // The new title may change the order where two entries have one number.
             if (renamed)
-                ReadAgain(level);
+                ReadAgain(StoreLevel::Categories);
             return renamed;
         });
     });
 }
 
 FileResult Organiser::Move(StoreLevel level, int to) {
-    return Change(level, [&] {
+    return Change([&] {
         return WithList(level, [&](auto& list) {
             const auto begin = list.Entries.begin();
             const auto from = begin + list.Selected;
@@ -353,7 +354,7 @@ FileResult Organiser::Move(StoreLevel level, int to) {
 }
 
 FileResult Organiser::Sort(StoreLevel level) {
-    return Change(level, [&] {
+    return Change([&] {
         return WithList(level, [&](auto& list) {
             SortByTitle(list.Entries);
             list.Selected = 0;
@@ -366,15 +367,20 @@ FileResult Organiser::Sort(StoreLevel level) {
 }
 
 FileResult Organiser::SetPicture(const QString& picture, bool moveSource) {
-    return Change(StoreLevel::Buttons, [&]() -> FileResult {
+    return Change([&]() -> FileResult {
         const QString button = buttons_.Entries[std::size_t(buttons_.Selected)].FileName;
         const QString name = WithoutExtension(button) + u'.' + ExtensionOf(picture);
         const DiskPath source(picture);
+        const QString given = QFileInfo(picture).canonicalFilePath();
         const FileResult replaced = WriteHidden(
-            GroupFolder(),
+            GroupFolder() / name,
             [&source](const DiskPath& hidden) { return CopyWholeFile(source, hidden, source); },
             [&](const DiskPath& hidden) { return ReplacePicture(hidden, name); });
-        if (!replaced || !moveSource)
+        // A picture of the button's own is not taken away from it.
+        const QString ownStem =
+            QFileInfo(GroupFolder().Text()).canonicalFilePath() + u'/' + WithoutExtension(button);
+        const bool isOwn = SameName(WithoutExtension(given), ownStem);
+        if (!replaced || !moveSource || isOwn)
             return replaced;
         const EntryResult flushed = FlushFolder(GroupFolder());
         return WithoutProblem(flushed ? RemoveFile(source) : flushed);

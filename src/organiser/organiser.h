@@ -96,7 +96,7 @@ private:
     };
 
     template <class Act>
-    FileResult Change(StoreLevel level, const Act& act);
+    FileResult Change(const Act& act);
     template <class Function>
     auto WithList(StoreLevel level, const Function& function);
     void RunWork(const std::function<void()>& work) const;

@@ -58,7 +58,10 @@ void AppendButton(Renames& renames, const QString& fileName, const QString& newN
     renames.push_back({fileName, newName});
     const QString picture = PictureIn(names, fileName);
     const QString wanted = WithoutExtension(newName) + u'.' + ExtensionOf(picture).toLower();
-    if (!picture.isEmpty() && picture != wanted)
+    // Two files of one title share a picture, which goes with the first.
+    const bool isTaken = std::any_of(renames.begin(), renames.end(),
+                                     [&picture](const Rename& rename) { return rename.From == picture; });
+    if (!picture.isEmpty() && picture != wanted && !isTaken)
         renames.push_back({picture, wanted});
 }
 

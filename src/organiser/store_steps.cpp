@@ -66,19 +66,22 @@ FileResult DeleteTree(const DiskPath& path) {
 }
 
 FileResult AddFile(const DiskPath& path, const std::function<FileResult(const DiskPath& hidden)>& write) {
-    return WriteHidden(path.Parent(), write, [&path](const DiskPath& hidden) -> FileResult {
+    return WriteHidden(path, write, [&path](const DiskPath& hidden) -> FileResult {
         const EntryResult renamed = RenameEntry(hidden, path);
         return renamed ? FileResult() : Failure(path.Text(), renamed.error().Error.Reason);
     });
 }
 
-FileResult WriteHidden(const DiskPath& folder, const std::function<FileResult(const DiskPath& hidden)>& write,
+FileResult WriteHidden(const DiskPath& shown, const std::function<FileResult(const DiskPath& hidden)>& write,
                        const std::function<FileResult(const DiskPath& hidden)>& place) {
-    RemoveLeftovers(folder);
-    const DiskPath hidden = HiddenPath(folder, kNew);
+    RemoveLeftovers(shown.Parent());
+    const DiskPath hidden = HiddenPath(shown.Parent(), kNew);
     FileResult result = write(hidden);
     if (result)
         result = place(hidden);
+    // The hidden name would mean nothing to a user.
+    if (!result && result.error().Path == Failure(hidden.Text(), {}).value().Path)
+        result = Failure(shown.Text(), result.error().Reason);
     // What cannot be removed now is removed as a leftover.
     if (!result)
         (void)RemoveFile(hidden);

@@ -22,8 +22,9 @@ FileResult DeleteTree(const DiskPath& path);
 // Makes a file with a name that must be free. `write` fills a hidden file beside it.
 FileResult AddFile(const DiskPath& path, const std::function<FileResult(const DiskPath& hidden)>& write);
 
-// The same for a file that is put into its place in another way: `place` renames the hidden file.
-FileResult WriteHidden(const DiskPath& folder, const std::function<FileResult(const DiskPath& hidden)>& write,
+// The same for a file that is put into its place in another way: `place` renames the hidden file. `shown` is
+// the path that errors name.
+FileResult WriteHidden(const DiskPath& shown, const std::function<FileResult(const DiskPath& hidden)>& write,
                        const std::function<FileResult(const DiskPath& hidden)>& place);
 
 // Removes what killed steps, and killed writes of files, have left in a folder, not in those below it. Files

@@ -47,6 +47,10 @@ void tst_organiser::renumbering_data() {
     QTest::newRow("a picture goes along, the first of two, in small letters")
         << QStringList{u"Tool.exe"_s} << QStringList{u"tool.ICO"_s, u"Tool.JPG"_s}
         << QStringList{u"Tool.exe -> [001] Tool [].exe"_s, u"Tool.JPG -> [001] Tool [].jpg"_s};
+    QTest::newRow("a picture of two goes with the first")
+        << QStringList{u"Foo.lnk"_s, u"Foo.url"_s} << QStringList{u"Foo.png"_s}
+        << QStringList{u"Foo.lnk -> [001] Foo [].lnk"_s, u"Foo.png -> [001] Foo [].png"_s,
+                       u"Foo.url -> [002] Foo [].url"_s};
     QTest::newRow("one title: the other one first")
         << QStringList{u"[000] a [].x"_s, u"[001] a [].x"_s} << QStringList()
         << QStringList{u"[001] a [].x -> [002] a [].x"_s, u"[000] a [].x -> [001] a [].x"_s};
@@ -100,6 +104,7 @@ void tst_organiser::operations() {
     QCOMPARE(organiser.Titles(StoreLevel::Buttons), QStringList({u"c"_s, u"a.pnd"_s, u"B.url"_s}));
     QCOMPARE(organiser.Selected(StoreLevel::Buttons), 0);
     QVERIFY(organiser.SetPicture(store.Path(u"source.gif"_s), true));
+    QVERIFY(organiser.SetPicture(store.Path(group + u"[001] c [].gif"_s), true));
     organiser.Select(StoreLevel::Buttons, 2);
     QVERIFY(organiser.SetPicture(store.Path(group + u"[001] c [].gif"_s), false));
     QVERIFY(organiser.Sort(StoreLevel::Buttons)); // capitals first
