@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/files/disk_work.h"
 #include "core/files/file_io.h"
 #include "core/files/ini_text.h"
 #include "core/prompts.h"
-#include "core/files/disk_work.h"
 #include "notes/node_files.h"
 #include "notes/tree_model.h"
 

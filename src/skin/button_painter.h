@@ -17,8 +17,8 @@ namespace paneda {
 struct PaintTools {
     // `canvas` is what is composed: of no piece more than its size is kept.
     PaintTools(const ThemeState& theme, FontChoice& fonts, const Canvas& canvas = {},
-               TickSource ticks = ProcessorTick)
-        : Theme(theme), Fonts(fonts), Pictures(theme, canvas, std::move(ticks)) {}
+               const TickSource& ticks = ProcessorTick)
+        : Theme(theme), Fonts(fonts), Pictures(theme, canvas, ticks) {}
 
     // A piece of the skin, tiled or at its own size; null if it is missing.
     DensePicture Piece(const QString& name) { return Pictures.Get(name); }

@@ -56,11 +56,11 @@ void Check(QButtonGroup& group, int code) {
 
 } // namespace
 
-frmButtonStyle::frmButtonStyle(const AppState& state, ButtonStyleServices services, const DiskPath& button,
-                               QWidget* parent)
+frmButtonStyle::frmButtonStyle(const AppState& state, const ButtonStyleServices& services,
+                               const DiskPath& button, QWidget* parent)
     : QDialog(parent)
     , state_(state)
-    , services_(std::move(services))
+    , services_(services)
     , button_(button)
     , ui_(std::make_unique<Ui::frmButtonStyle>())
     , pictures_(state, services_.FileIcons, state.Drives.ToStored(button.Text())) {

@@ -39,7 +39,7 @@ class frmButtonStyle : public QDialog {
 
 public:
     // `button`: its file.
-    frmButtonStyle(const AppState& state, ButtonStyleServices services, const DiskPath& button,
+    frmButtonStyle(const AppState& state, const ButtonStyleServices& services, const DiskPath& button,
                    QWidget* parent = nullptr);
     ~frmButtonStyle() override;
 

@@ -10,6 +10,7 @@
 #include "ui_frmIconSelect.h"
 
 #include <QCoreApplication>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
