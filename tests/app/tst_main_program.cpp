@@ -5,6 +5,8 @@
 #include "support/store_builder.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/fake_desktop.h"
+#include "ui/fake_downloader.h"
+#include "ui/fake_places.h"
 #include "ui/fake_services.h"
 
 #include <QApplication>
@@ -46,6 +48,8 @@ Platform FakePlatform(bool isFirst) {
     platform.Autostart = std::make_unique<FakeAutostart>();
     platform.SoundPlayer = std::make_unique<FakeSounds>();
     platform.Termination = std::make_unique<FakeTermination>();
+    platform.Downloader = std::make_unique<FakeDownloader>();
+    platform.SourcePlaces = std::make_unique<FakePlaces>();
     return platform;
 }
 
