@@ -1,8 +1,7 @@
 #include "notes/note_caption.h"
 
 #include "core/text/english_dates.h"
-
-#include <optional>
+#include "notes/edit_moment.h"
 
 namespace paneda {
 
@@ -10,24 +9,6 @@ namespace {
 
 constexpr qint64 kMinutesPerHour = 60;
 constexpr qint64 kMinutesPerDay = 24 * kMinutesPerHour;
-
-struct Moment {
-    QDate Date;
-    QTime Time; // without seconds
-};
-
-std::optional<Moment> ReadMoment(const QString& date, const QString& time) {
-    const Moment moment{QDate::fromString(date, QStringLiteral("yyyy-MM-dd")),
-                        QTime::fromString(time.left(5), QStringLiteral("hh:mm"))};
-    if (!moment.Date.isValid() || !moment.Time.isValid())
-        return std::nullopt;
-    return moment;
-}
-
-qint64 MinutesSince(const Moment& then, const QDateTime& now) {
-    const auto minuteOfDay = [](const QTime& time) { return time.hour() * kMinutesPerHour + time.minute(); };
-    return then.Date.daysTo(now.date()) * kMinutesPerDay + minuteOfDay(now.time()) - minuteOfDay(then.Time);
-}
 
 // "Nov 2nd"
 QString MonthAndDay(const QDate& date) {

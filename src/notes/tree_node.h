@@ -49,6 +49,11 @@ struct TreeNode {
     friend bool operator==(const TreeNode&, const TreeNode&) = default;
 };
 
+// Tool tip of a row: the name, with the description behind it if there is one.
+inline QString NodeTip(const TreeNode& node) {
+    return node.Description.isEmpty() ? node.Name : node.Name + QStringLiteral(" - ") + node.Description;
+}
+
 // In PendingNode::IconSource: the node keeps its icon.
 inline const QString kKeepIcon = QStringLiteral("NO CHANGE");
 

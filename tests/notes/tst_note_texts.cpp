@@ -1,4 +1,5 @@
 #include "notes/note_caption.h"
+#include "notes/recent_change.h"
 
 #include <QTest>
 
@@ -11,6 +12,7 @@ class tst_note_texts : public QObject {
 private Q_SLOTS:
     void ages();
     void dates();
+    void recentChanges();
 };
 
 // Seconds do not count, neither then nor now.
@@ -46,6 +48,23 @@ void tst_note_texts::dates() {
     QCOMPARE(text(u"2026-11-02"_s, u"09:30"_s), u"Monday, Nov 2nd 9:30am"_s);
     QCOMPARE(text(u"2025-11-21"_s, u"15:05"_s), u"Friday, Nov 21st 2025 3:05pm"_s);
     QCOMPARE(text(u"yesterday"_s, u"15:05"_s), QString());
+}
+
+void tst_note_texts::recentChanges() {
+    using Age = RecentChange::Age;
+    const QDateTime now({2026, 11, 21}, {6, 30, 59});
+    const auto change = [&now](const QString& time, int days = 2) { return RecentChangeOf(time, now, days); };
+    QCOMPARE(change(u"2026-11-21 06:30:00"_s), (RecentChange{Age::Minutes, 0}));
+    QCOMPARE(change(u"2026-11-21 05:31:59"_s), (RecentChange{Age::Minutes, 59}));
+    QCOMPARE(change(u"2026-11-21 05:30:59"_s), (RecentChange{Age::Hours, 1}));
+    QCOMPARE(change(u"2026-11-20 06:31:00"_s), (RecentChange{Age::Hours, 23}));
+    QCOMPARE(change(u"2026-11-20 06:30:00"_s), (RecentChange{Age::Days, 1}));
+    QCOMPARE(change(u"2026-11-19 06:30:00"_s), (RecentChange{Age::Days, 2}));
+    QCOMPARE(change(u"2026-11-22 06:30:00"_s), (RecentChange{Age::Minutes, 0}));
+    QCOMPARE(change(u"2026-11-19 06:29:59"_s), std::nullopt);
+    QCOMPARE(change(u"2026-11-21 06:30:00"_s, 0), std::nullopt);
+    for (const QString& text : {u""_s, u"2026-11-21"_s, u"yesterday 06:30:00"_s})
+        QCOMPARE(change(text), std::nullopt);
 }
 
 QTEST_GUILESS_MAIN(tst_note_texts)

@@ -1,5 +1,8 @@
+#include "notes/node_icon.h"
+#include "notes/node_menu.h"
 #include "notes/open_trees.h"
 #include "notes/shortcut_start.h"
+#include "notes/tree_search.h"
 #include "tree_desk.h"
 
 #include <QDir>
@@ -64,6 +67,9 @@ private Q_SLOTS:
     void refreshes();
     void switchesTrees();
     void startsLinks();
+    void findsNodes();
+    void findsIcons();
+    void decodesMenus();
 };
 
 void tst_tree_model::loadsOneLevel() {
@@ -190,6 +196,57 @@ void tst_tree_model::startsLinks() {
     node.LinkData.Target = u"http://x/"_s;
     QVERIFY(DecideNodeStart(node, kAppPath, u"b.exe"_s) ==
             (LaunchRequest{Action::OpenBrowser, u"b.exe"_s, node.LinkData.Target, {}, ShowCommand::Normal}));
+}
+
+void tst_tree_model::findsNodes() {
+    TreeDesk desk;
+    desk.Put(u"Tree/000001"_s, "Beta", "0002000000");
+    desk.Put(u"Tree/000001/000001"_s, "alpha", "0001000000", "Description=Old Note\r\n");
+    desk.Put(u"Tree/000002"_s, "Alps", "0001000000");
+    const TreeModel& tree = desk.Open(u"Tree"_s);
+    const TreeIndex index = ReadTreeIndex(tree.TreePath(), kAppPath);
+    const TreeHit alps{u"\\"_s, u"000002"_s};
+    const TreeHit alpha{u"\\000001\\"_s, u"000001"_s};
+    QCOMPARE(FindInTree(index, u"ALP"_s), (std::vector{alps, alpha}));
+    QCOMPARE(FindInTree(index, u" note  alp"_s), std::vector{alpha});
+    QVERIFY(FindInTree(index, u"  "_s).empty());
+    QCOMPARE(ReadTreeIndex(tree.TreePath(), kAppPath, [] { return true; }).Entries.size(), 2U);
+
+    TreeNodeList rows(4);
+    const QStringList names{u"alpha"_s, u"Alps"_s, u"beta"_s, u"aaron"_s};
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        rows[i].Name = names[qsizetype(i)];
+    const auto next = [&rows](int from, const QString& typed) {
+        return NextByFirstLetters(rows, from, typed);
+    };
+    QCOMPARE(next(0, u"a"_s), 1);   // goes on
+    QCOMPARE(next(0, u"al"_s), 0);  // stays
+    QCOMPARE(next(1, u"aA"_s), 3);  // a name first,
+    QCOMPARE(next(3, u"aaa"_s), 0); // then a letter typed again
+    QCOMPARE(next(-1, u"b"_s), 2);
+    QCOMPARE(next(2, u"x"_s), -1);
+}
+
+void tst_tree_model::findsIcons() {
+    const StoreBuilder store;
+    const auto icon = [&store] { return FindNodeIcon(store.Path(u"n"_s)).section(u'/', -1); };
+    QCOMPARE(icon(), QString());
+    store.AddFolder(u"n/image.png"_s);
+    store.AddFile(u"n/IMAGE.Ico"_s);
+    QCOMPARE(icon(), u"IMAGE.Ico"_s);
+    QVERIFY(QDir(store.Path(u"n"_s)).rmdir(u"image.png"_s));
+    store.AddFile(u"n/Image.PNG"_s);
+    QCOMPARE(icon(), u"Image.PNG"_s);
+    QCOMPARE(DecideNodeIcon(kFileNode, true), NodeIconKind::OwnPicture);
+}
+
+void tst_tree_model::decodesMenus() {
+    QCOMPARE(DecodeNodeMenu(300), (NodeMenuChoice{NodeCommand::Add, {}, NodePosition::Above}));
+    QCOMPARE(DecodeNodeMenu(201), (NodeMenuChoice{NodeCommand::Add, u"File"_s, NodePosition::Child}));
+    QCOMPARE(DecodeNodeMenu(102), (NodeMenuChoice{NodeCommand::Add, u"URL"_s, NodePosition::Below}));
+    for (const int none : {-300, -1, 0, 1, 98, 103, 400})
+        QCOMPARE(DecodeNodeMenu(none), NodeMenuChoice());
+    QCOMPARE(DecodeMoveMenu(4), MoveChoice::None);
 }
 
 QTEST_GUILESS_MAIN(tst_tree_model)
