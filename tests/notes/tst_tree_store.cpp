@@ -1,6 +1,7 @@
 #include "core/settings/app_state.h"
 #include "notes/node_properties.h"
 #include "notes/remark_file.h"
+#include "notes/tree_manager.h"
 #include "notes/tree_store.h"
 #include "support/store_builder.h"
 
@@ -21,6 +22,9 @@ private Q_SLOTS:
     void remarkNames();
     void remarkFollowsItsNode();
     void propertiesKeepTexts();
+    void savesTrees();
+    void refusesTreeNames();
+    void bindsTrees();
 };
 
 void tst_tree_store::readsTreesAndSettings() {
@@ -116,6 +120,70 @@ void tst_tree_store::propertiesKeepTexts() {
     ReadNodeKeys(text, test::kAppPath, node);
     QVERIFY(node.Type.isEmpty() && node.LinkData == NodeLink());
     QVERIFY(text.Bytes().contains("Editing=kept\n") && !text.Bytes().contains("x.exe"));
+}
+
+void tst_tree_store::savesTrees() {
+    const StoreBuilder store;
+    TreePlace place = TreePlace::Of(store.State());
+    place.Drives = test::DrivesOfHost();
+    place.AppPath = place.Drives.ToStored(store.AppFolder());
+    const auto save = [&](const QString& name, const QString& path, const QString& oldName) {
+        return SaveTree(place, {name, path, oldName.isEmpty(), 0xFF0000FF, 0xFFFFFF00, 0xFF00FF0A}, oldName);
+    };
+    QCOMPARE(save(u" Work "_s, u" \"Data\\Work\" "_s, {}), QString());
+    QCOMPARE(store.Bytes(u"Setting2/Work.ini"_s),
+             "[Properties]\r\nPath=Data\\Work\r\n[Note]\r\nBackground Color=0000FF\r\n"
+             "Title Color=FFFF00\r\nTitle 2 Color=00FF0A\r\n"_ba);
+    const QByteArray mine = "; mine\n[properties]\nPATH=Data\\Work\nExtra=1\n";
+    store.AddFile(u"Setting2/Work.ini"_s, mine);
+    store.AddFile(u"Setting2/Tree.ini"_s, "tree");
+    QCOMPARE(save(u"tree"_s, u"Data\\Work"_s, u"Work"_s), u"Duplicate Name"_s);
+    QCOMPARE(save(u"Work"_s, u"  "_s, u"Work"_s), u"Path is Empty!"_s);
+    QCOMPARE(save(u"Home"_s, u"Data\\None"_s, u"Work"_s), u"Path Not Found!"_s);
+    const QString tooLong = place.Drives.ToStored(store.Path(u"Data"_s)) + u"\\."_s.repeated(130);
+    QVERIFY(save(u"Home"_s, tooLong, u"Work"_s).contains(u"at most 254"_s));
+    QCOMPARE(store.Bytes(u"Setting2/Work.ini"_s), mine);
+    // What others wrote goes along with a new name, and the content stays.
+    QCOMPARE(save(u"WORK"_s, u"Data\\Work"_s, u"Work"_s), QString());
+    QVERIFY(
+        store.Bytes(u"Setting2/WORK.ini"_s).startsWith("; mine\n[properties]\nPATH=Data\\Work\nExtra=1\n"));
+    QCOMPARE(ListTrees(store.AppFolder()), (QStringList{u"Tree"_s, u"WORK"_s}));
+    QVERIFY(store.Entries().contains(u"Data/Work/"_s));
+    QCOMPARE(ReadTreeForm(place, u"WORK"_s).NoteTitle2Color, 0xFF00FF0Au);
+    QVERIFY(RemoveTreeFile(place, u"WORK"_s) && RemoveTreeFile(place, u"WORK"_s));
+    QCOMPARE(ListTrees(store.AppFolder()), QStringList{u"Tree"_s});
+}
+
+void tst_tree_store::refusesTreeNames() {
+    const QStringList trees{u"Tree"_s, u"con"_s};
+    for (const QString& name : {u" "_s, u"a/b"_s, u"[a]"_s, u"TREE"_s, u"nul"_s, u".a"_s, u"a."_s, u"'a'"_s,
+                                u"\u00E9"_s.repeated(101)})
+        QVERIFY2(!TreeNameProblem(name, trees, {}).isEmpty(), qPrintable(name));
+    QCOMPARE(TreeNameProblem(u"'a"_s, trees, {}), QString());
+    QCOMPARE(TreeNameProblem(u"tree"_s, trees, u"Tree"_s), QString());
+    QCOMPARE(TreeNameProblem(u"con"_s, trees, u"con"_s), QString()); // as it was made elsewhere
+    QCOMPARE(UsualTreePath(u" a\\/:*?\"<>|[b] "_s), u"Data\\a---------[b]"_s);
+}
+
+void tst_tree_store::bindsTrees() {
+    const StoreBuilder store;
+    for (const auto& name : {u"1"_s, u"2"_s, u"3"_s, u"4"_s})
+        store.AddFolder(u"Setting/[00"_s + name + u"] Dynamic Category"_s);
+    CatalogueList before(4);
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        before[i].FolderName = u"[00%1] Dynamic Category"_s.arg(i + 1);
+        before[i].Kind = i == 0 ? u"S"_s : u"T"_s;
+        before[i].TreeName = i == 3 ? u"Other"_s : u"Old"_s;
+    }
+    const CatalogueList after = BindTree(before, {1, u"New"_s, u"Old"_s, u"Renamed"_s});
+    QVERIFY(WriteBoundTrees(TreePlace::Of(store.State()), before, after).empty());
+    QStringList names;
+    for (const CategoryEntry& category : after)
+        names.append(category.TreeName);
+    QCOMPARE(names, (QStringList{u"Old"_s, u"New"_s, u"Renamed"_s, u"Other"_s}));
+    QCOMPARE(store.Bytes(u"Setting/[003] Dynamic Category/Properties.ini"_s),
+             "[Properties]\r\nCategory=Renamed\r\n"_ba);
+    QVERIFY(!store.Entries().join(u' ').contains(u"[004] Dynamic Category/Properties.ini"_s));
 }
 
 QTEST_GUILESS_MAIN(tst_tree_store)
