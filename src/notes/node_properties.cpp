@@ -3,6 +3,7 @@
 #include "core/files/file_batch.h"
 #include "core/files/file_guard.h"
 #include "core/files/ini_file.h"
+#include "core/text/text_rules.h"
 #include "notes/tree_store.h"
 
 #include <utility>
@@ -86,6 +87,23 @@ void ReadNodeKeys(const IniText& properties, const QString& appPath, TreeNode& n
     if (node.Type == kFileNode)
         node.LinkData = {ResolveStoredPath(link(node_key::kTarget), appPath), link(node_key::kParameter),
                          link(node_key::kStartIn), link(node_key::kWindowState)};
+}
+
+NodeLink ReadTypedLink(const IniText& properties) {
+    const auto link = [&properties](QStringView key) { return properties.Value(node_key::kLink, key); };
+    return {link(node_key::kTarget), link(node_key::kParameter), link(node_key::kStartIn),
+            link(node_key::kWindowState)};
+}
+
+QString EntryProblem(const PendingNode& entered) {
+    const QString noName = QStringLiteral("Name cannot be empty");
+    if (TrimBlanks(entered.Name).isEmpty())
+        return noName;
+    IniText scratch;
+    if (const IniResult set = SetNodeKeys(scratch, entered, true); !set)
+        return set.error();
+    // Reading drops more than blanks.
+    return scratch.Value(node_key::kProperties, node_key::kName).isEmpty() ? noName : QString();
 }
 
 IniResult SetNodeKeys(IniText& properties, const PendingNode& pending, bool setsLink) {

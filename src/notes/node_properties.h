@@ -50,6 +50,12 @@ QString ReadSort(const IniText& properties);
 // Fills name, description, sort, type and link. The name is empty for a folder that is no node.
 void ReadNodeKeys(const IniText& properties, const QString& appPath, TreeNode& node);
 
+// The link of a node as its user typed it, where ReadNodeKeys gives the target in another form.
+NodeLink ReadTypedLink(const IniText& properties);
+
+// Why what a dialog holds cannot be kept, as a text for the user; empty when it can.
+QString EntryProblem(const PendingNode& entered);
+
 // Sets name, description, and section Link if asked to; a note's section Link is emptied where there is one.
 // Reading drops a pair of quotes, so texts in quotes get a second pair. Fails for a text that is too long.
 IniResult SetNodeKeys(IniText& properties, const PendingNode& pending, bool setsLink);

@@ -7,7 +7,7 @@
 #include "ui/organiser/fetch_favicon.h"
 #include "ui/organiser/frmIconSelect.h"
 #include "ui/organiser/icon_paper.h"
-#include "ui/organiser/show_node_icon.h"
+#include "ui/common/show_node_icon.h"
 #include "ui/panel/frmWait.h"
 
 #include <QApplication>

@@ -1,8 +1,17 @@
 #include "ui/common/place_beside.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 
 namespace paneda {
+
+namespace {
+
+// Pixels that a title bar may take; a window's real frame is not known before it is shown.
+constexpr int kTitleBar = 32;
+
+} // namespace
 
 void PlaceBeside(QWidget& window, int mode, int extra, const PlaceScene& scene) {
     const QRect frame = window.frameGeometry();
@@ -10,6 +19,13 @@ void PlaceBeside(QWidget& window, int mode, int extra, const PlaceScene& scene) 
                          PixelsToTwips(frame.height())};
     const PlacedWindow placed = PlaceWindow(rect, mode, extra, scene);
     window.move(TwipsToPixels(placed.Place.Left), TwipsToPixels(placed.Place.Top));
+}
+
+void PlaceAtPoint(QWidget& window, const QPoint& point) {
+    const QScreen* screen = QGuiApplication::screenAt(point);
+    const QRect area = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    window.move(HeldBetween(point.x(), window.width(), area.left(), area.left() + area.width()),
+                HeldBetween(point.y(), window.height() + kTitleBar, area.top(), area.top() + area.height()));
 }
 
 } // namespace paneda

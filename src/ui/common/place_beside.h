@@ -2,6 +2,7 @@
 
 #include "core/panel/window_places.h"
 
+class QPoint;
 class QWidget;
 
 namespace paneda {
@@ -9,5 +10,9 @@ namespace paneda {
 // Moves a window to the place that PlaceWindow (core/panel/window_places.h) finds for it. `mode` is explained
 // there; `extra` is the gap to the panel in twips.
 void PlaceBeside(QWidget& window, int mode, int extra, const PlaceScene& scene);
+
+// Moves a window that has not been shown yet so that it begins at this point (pixels of the desktop), or as
+// near to it as the screen's work area lets it.
+void PlaceAtPoint(QWidget& window, const QPoint& point);
 
 } // namespace paneda

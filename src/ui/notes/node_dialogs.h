@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/disk/disk_path.h"
 #include "notes/tree_node.h"
 
 #include <QPoint>
@@ -16,7 +17,7 @@ struct NodeQuestion {
     QWidget* Window = nullptr;      // the tree window, which the dialog belongs to
     QString Type = {};              // "" for a note, "File" or "URL"
     const TreeNode* Node = nullptr; // the node to be edited; null for a new one
-    QString NodeFolder = {};        // host path of the folder of the edited node
+    DiskPath NodeFolder = {};       // of the edited node
     NodePosition Position = NodePosition::Below;
     bool IsFirst = false; // the first note of an empty tree
     QPoint Mouse = {};    // where the mouse was pressed, pixels of the desktop
@@ -32,6 +33,10 @@ public:
 
     // Lets the user choose the tree that is shown, from the list of all trees.
     virtual void ShowTreeList(QWidget& window, const QPoint& mouse) = 0;
+
+    // Fetches the icon of the site that a favorite leads to into a file of the tree. Returns when it is done
+    // or the user has ended it; a site without an icon leaves no file.
+    virtual void FetchFavicon(QWidget& window, const QString& address, const DiskPath& file) = 0;
 };
 
 } // namespace paneda

@@ -2,6 +2,7 @@
 
 #include "core/files/file_io.h"
 #include "skin/picture_loader.h"
+#include "ui/common/busy_work.h"
 #include "ui/panel/frmWait.h"
 
 #include <QEventLoop>
@@ -9,8 +10,9 @@
 
 namespace paneda {
 
-bool DownloadFile(const QString& address, const QString& target, Downloader& downloader, QWidget* parent) {
+bool DownloadFile(const QString& address, const DiskPath& target, Downloader& downloader, QWidget* parent) {
     // Events are handled below, and one of them may end the parent.
+    const QPointer<QWidget> window(parent);
     const QPointer<frmWait> wait(
         new frmWait(QStringLiteral("Downloading Icon Now\r\rPlease Wait..."), parent));
     wait->setWindowModality(Qt::ApplicationModal);
@@ -25,10 +27,18 @@ bool DownloadFile(const QString& address, const QString& target, Downloader& dow
     wait->show();
     loop.exec();
     delete wait;
-    return downloaded && DecodePicture(*downloaded) && ReplaceFile(target, *downloaded);
+    bool isKept = false;
+    const auto keep = [&] {
+        isKept = downloaded && DecodePicture(*downloaded) && ReplaceFile(target, *downloaded);
+    };
+    if (window)
+        WorkShownBy (*window)(keep);
+    else
+        keep();
+    return isKept;
 }
 
-bool FetchFavicon(const QString& source, const QString& target, FaviconKind kind, Downloader& downloader,
+bool FetchFavicon(const QString& source, const DiskPath& target, FaviconKind kind, Downloader& downloader,
                   QWidget* parent) {
     const QString address = FaviconAddress(source, kind);
     return !address.isEmpty() && DownloadFile(address, target, downloader, parent);

@@ -1,6 +1,5 @@
 #include "ui/organiser/frmLink.h"
 
-#include "core/files/ini_file.h"
 #include "core/prompts.h"
 #include "core/store/names.h"
 #include "organiser/link_record.h"
@@ -52,17 +51,16 @@ void frmLink::Form_Load() {
         setWindowTitle(QStringLiteral("  Edit Shortcut"));
     ui_->lblConvertPath->setText(ui_->lblConvertPath->text() + QStringLiteral("  [Current Paneda Path: ") +
                                  QDir::toNativeSeparators(state_.AppFolder) + u']');
-    const DiskPath file = DiskPath(request_.LinkFolder) / request_.LinkFileName;
     const bool isFolder = request_.LinkType == u"Folder";
     LinkResult link;
     if (request_.LinkMode == 1) {
-        link = ReadLink(file);
+        link = ReadLink(DiskPath(request_.LinkFolder) / request_.LinkFileName);
         link.Name = request_.LinkName;
     } else if (request_.LinkMode == 2 || request_.LinkMode == 3) {
         link = Typed();
         link.Name = request_.LinkName;
         link.Description = request_.LinkDescription;
-        link.Target = ReadIni(QStringLiteral("Link"), QStringLiteral("Target"), file);
+        link.Target = request_.LinkTarget;
         link.Parameter = request_.LinkParameter.value_or(link.Parameter);
         link.StartIn = request_.LinkStartIn.value_or(link.StartIn);
         link.WindowState = request_.LinkWindowState.value_or(link.WindowState);

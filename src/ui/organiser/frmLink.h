@@ -20,16 +20,16 @@ class Prompts;
 
 // What the shortcut dialog is opened for.
 struct LinkRequest {
-    // 0: a new shortcut to LinkSource. 1: the record LinkFileName in LinkFolder is edited. 2 (new) and 3
-    // (edited): a shortcut of a tree, whose folder is LinkFolder and whose properties file is LinkFileName.
-    // 4: as 0, for a tree.
+    // 0: a new shortcut to LinkSource. 1: the record LinkFileName in LinkFolder is edited. 2: a note of a
+    // tree is to become a shortcut. 3: a shortcut of a tree is edited. 4: as 0, for a tree.
     int LinkMode = 0;
     QString LinkSource = {}; // stored form; a folder ends with a backslash
     QString LinkType = {};   // "Folder" when the shortcut is to open the folder
-    QString LinkFolder = {}; // host path
+    QString LinkFolder = {}; // host path; mode 1
     QString LinkFileName = {};
     QString LinkName = {};        // modes 1 to 3
     QString LinkDescription = {}; // modes 2 and 3
+    QString LinkTarget = {};      // modes 2 and 3, as it was typed
     // Modes 2 and 3; without a value the box stays as it is designed.
     std::optional<QString> LinkParameter = {};
     std::optional<QString> LinkStartIn = {};

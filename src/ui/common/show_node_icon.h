@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/files/disk_work.h"
 #include "core/settings/app_state.h"
 #include "platform/file_icons.h"
 
@@ -20,8 +21,8 @@ struct NodeIcon {
 
 // Shows a node's icon in a label, as large as that is: of a file the icon that the desktop has for it; else
 // the picture, or Image.png or Image.ico of the folder; else, of an address, the desktop's icon for web
-// addresses. A label for which there is none stays as it is.
+// addresses. A label for which there is none stays as it is. Files are read by `work`; empty: at once.
 void ShowNodeIcon(const NodeIcon& icon, QLabel& picture, const QColor& backColor, const AppState& state,
-                  FileIcons& icons);
+                  FileIcons& icons, const DiskWork& work = {});
 
 } // namespace paneda

@@ -1,7 +1,7 @@
-#include "ui/organiser/show_node_icon.h"
+#include "ui/common/show_node_icon.h"
 
-#include "core/files/file_io.h"
 #include "core/text/text_rules.h"
+#include "notes/node_icon.h"
 #include "skin/scaled_picture.h"
 
 #include <QLabel>
@@ -15,18 +15,6 @@ namespace {
 
 constexpr int kSmallIcon = 16; // pixels
 
-// The file of the icon; empty for none.
-QString PictureOf(const NodeIcon& icon) {
-    if (icon.IsImageFile)
-        return icon.Path;
-    for (const auto& name : {QStringLiteral("image.png"), QStringLiteral("image.ico")}) {
-        const QString file = FindEntry(icon.Path, name);
-        if (LookAt(file).Kind == EntryKind::File)
-            return file;
-    }
-    return {};
-}
-
 void Show(QLabel& label, QImage image, double ratio) {
     image.setDevicePixelRatio(ratio);
     label.setPixmap(QPixmap::fromImage(std::move(image)));
@@ -35,7 +23,7 @@ void Show(QLabel& label, QImage image, double ratio) {
 } // namespace
 
 void ShowNodeIcon(const NodeIcon& icon, QLabel& picture, const QColor& backColor, const AppState& state,
-                  FileIcons& icons) {
+                  FileIcons& icons, const DiskWork& work) {
     const double ratio = picture.devicePixelRatioF();
     const auto showDesktopIcon = [&](const QString& target) {
         const int side = qRound(kSmallIcon * ratio);
@@ -49,15 +37,23 @@ void ShowNodeIcon(const NodeIcon& icon, QLabel& picture, const QColor& backColor
         showDesktopIcon(icon.Target);
         return;
     }
-    const QString file = PictureOf(icon);
-    if (!file.isEmpty()) {
-        int width = qRound(picture.width() * ratio);
-        int height = qRound(picture.height() * ratio);
-        if (const auto image = LoadScaledPicture(file, width, height, backColor, true))
-            Show(picture, *image, ratio);
-    } else if (icon.Kind == u"URL") {
+    int width = qRound(picture.width() * ratio);
+    int height = qRound(picture.height() * ratio);
+    QString file;
+    tl::expected<QImage, QString> image;
+    const auto read = [&] {
+        file = icon.IsImageFile ? icon.Path : FindNodeIcon(icon.Path);
+        if (!file.isEmpty())
+            image = LoadScaledPicture(file, width, height, backColor, true);
+    };
+    if (work)
+        work(read);
+    else
+        read();
+    if (file.isEmpty() && icon.Kind == u"URL")
         showDesktopIcon(IfEmpty(icon.Target, QStringLiteral("http://localhost/")));
-    }
+    else if (!file.isEmpty() && image)
+        Show(picture, *image, ratio);
 }
 
 } // namespace paneda
