@@ -50,6 +50,10 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath, std::
                                  .FileIcons = *platform_.FileIcons,
                                  .Opener = *platform_.Opener,
                                  .Volumes = *platform_.Volumes};
+    satellites_ = std::make_unique<TreeSatellite>(state_, TreeServices{.Prompts = *prompts_,
+                                                                       .FileIcons = *platform_.FileIcons,
+                                                                       .Opener = *platform_.Opener,
+                                                                       .Volumes = *platform_.Volumes});
     dialogs_ = std::make_unique<PanelDialogs>(state_, DialogServices{.Settings = settings,
                                                                      .SoundPlayer = *platform_.SoundPlayer,
                                                                      .Opener = *platform_.Opener,
@@ -137,6 +141,11 @@ void MainProgram::ReloadPanel() {
 }
 
 void MainProgram::LoadPanel() {
+    MenuActions actions = dialogs_->Actions();
+    actions.TreeOpacity = [this](double opacity) {
+        state_.TreeOpacity = opacity;
+        satellites_->OpacityChanged();
+    };
     const PanelServices services{.Opener = *platform_.Opener,
                                  .Volumes = *platform_.Volumes,
                                  .FileIcons = *platform_.FileIcons,
@@ -148,9 +157,9 @@ void MainProgram::LoadPanel() {
                                  .TrayHosts = *platform_.TrayHosts,
                                  .WorkAreas = *platform_.WorkAreas,
                                  .SoundPlayer = *platform_.SoundPlayer,
-                                 .Satellites = satellites_,
+                                 .Satellites = *satellites_,
                                  .Prompts = *prompts_,
-                                 .MenuActions = dialogs_->Actions()};
+                                 .MenuActions = std::move(actions)};
     panel_ = std::make_unique<frmMain>(state_, services);
     connect(panel_.get(), &frmMain::Unloaded, this, &MainProgram::End);
     panel_->Form_Load();

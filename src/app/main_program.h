@@ -3,6 +3,7 @@
 #include "core/settings/app_state.h"
 #include "platform/platform.h"
 #include "ui/common/qt_prompts.h"
+#include "ui/notes/tree_satellite.h"
 #include "ui/panel/frmMain.h"
 #include "ui/panel/panel_dialogs.h"
 
@@ -46,7 +47,7 @@ private:
     std::function<void()> ending_;
     AppState state_;
     std::unique_ptr<QtPrompts> prompts_;
-    NoSatellites satellites_;
+    std::unique_ptr<TreeSatellite> satellites_;
     std::unique_ptr<PanelDialogs> dialogs_;
     std::unique_ptr<frmMain> panel_;
     bool isEnding_ = false;

@@ -48,10 +48,21 @@ int TreeModel::LastTop() const {
     return RowTop(std::max(int(nodes_.size()) - 1, 0));
 }
 
+TreeNodeList TreeModel::ReadLevel(const LevelPlace& place) const {
+    TreeNodeList nodes;
+    const auto read = [&] { nodes = LoadLevel(place, appPath_); };
+    if (work_)
+        work_(read);
+    else
+        read();
+    return nodes;
+}
+
 void TreeModel::LoadTree() {
+    TreeNodeList nodes = ReadLevel({settings_.ContentFolder, QStringLiteral("\\"), 0, treeName_});
     freeRows_.clear();
     selectedRow_ = -1;
-    nodes_ = LoadLevel({settings_.ContentFolder, QStringLiteral("\\"), 0, treeName_}, appPath_);
+    nodes_ = std::move(nodes);
     for (std::size_t i = 0; i < nodes_.size(); ++i)
         nodes_[i].RowIndex = int(i) + 1;
     wasEmpty_ = nodes_.empty();
@@ -96,8 +107,7 @@ void TreeModel::ExpandNode(int row) {
     const int position = PositionOf(row);
     if (position < 0 || nodes_[std::size_t(position)].ExpandState == BranchState::Expanded)
         return;
-    TreeNodeList children =
-        LoadLevel(ChildPlace(settings_.ContentFolder, nodes_[std::size_t(position)]), appPath_);
+    TreeNodeList children = ReadLevel(ChildPlace(settings_.ContentFolder, nodes_[std::size_t(position)]));
     int rowsInUse = int(nodes_.size());
     for (TreeNode& child : children)
         child.RowIndex = TakeRow(rowsInUse++);
@@ -138,6 +148,16 @@ void TreeModel::ToggleNode(int row) {
         ExpandNode(row);
     else
         CollapseNode(row);
+}
+
+int TreeModel::Reveal(const QString& relativePath, const QString& folder) {
+    const QStringList parents = relativePath.split(u'\\', Qt::SkipEmptyParts);
+    QString path = QStringLiteral("\\");
+    for (const QString& parent : parents) {
+        ExpandNode(RowOf(path, parent));
+        path += parent + u'\\';
+    }
+    return RowOf(relativePath, folder);
 }
 
 int TreeModel::EnterNode(TreeNode node, int targetRow, NodePosition position) {

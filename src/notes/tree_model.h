@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/files/disk_work.h"
 #include "notes/tree_level.h"
 #include "notes/tree_node.h"
 #include "notes/tree_store.h"
@@ -47,6 +48,8 @@ public:
     explicit TreeModel(QString appPath) : appPath_(std::move(appPath)) {}
 
     void SetListener(TreeListener* listener) { listener_ = listener; }
+    // Reads the levels from now on. Until it has returned, the rows are those from before.
+    void SetDiskWork(DiskWork work) { work_ = std::move(work); }
 
     // Takes a tree and reads its top level. `treeIndex` is the number of the control that shows it.
     void Open(const QString& treeName, const TreeSettings& settings, int treeIndex);
@@ -89,6 +92,8 @@ public:
     void ExpandNode(int row);
     void CollapseNode(int row);
     void ToggleNode(int row);
+    // Expands what a node lies in and returns its row; -1 when it is not there.
+    int Reveal(const QString& relativePath, const QString& folder);
 
     // Changes that follow one on the disk.
 
@@ -107,6 +112,7 @@ public:
     void ChangeSorts(const QString& relativePath, const QHash<QString, QString>& sorts);
 
 private:
+    TreeNodeList ReadLevel(const LevelPlace& place) const;
     int TakeRow(int rowsInUse);
     // Position after a node and all that is shown of its branch.
     int BehindBranch(int position) const;
@@ -118,6 +124,7 @@ private:
     TreeListener& Listener() { return listener_ ? *listener_ : nobody_; }
 
     QString appPath_;
+    DiskWork work_;
     QString treeName_;
     TreeSettings settings_;
     int treeIndex_ = 0;

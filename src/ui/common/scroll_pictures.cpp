@@ -37,15 +37,6 @@ ScrollPicture BuiltIn(const char* name) {
     });
 }
 
-ScrollPicture OfSkin(const QString& skinPath, const char* name) {
-    if (skinPath.isEmpty())
-        return {};
-    return EachRatio(QLatin1String(name), [&skinPath](const QString& file) {
-        const QString path = FindEntry(skinPath, file);
-        return EntryExists(path) ? QPixmap::fromImage(LoadPicture(path)) : QPixmap();
-    });
-}
-
 ScrollPicture Turned(const ScrollPicture& picture) {
     ScrollPicture turned;
     for (const QPixmap& pixmap : picture)
@@ -54,6 +45,15 @@ ScrollPicture Turned(const ScrollPicture& picture) {
 }
 
 } // namespace
+
+ScrollPicture LoadSkinPicture(const QString& skinPath, const char* name) {
+    if (skinPath.isEmpty())
+        return {};
+    return EachRatio(QLatin1String(name), [&skinPath](const QString& file) {
+        const QString path = FindEntry(skinPath, file);
+        return EntryExists(path) ? QPixmap::fromImage(LoadPicture(path)) : QPixmap();
+    });
+}
 
 QPixmap ForRatio(const ScrollPicture& picture, double ratio) {
     const auto enough = std::find_if(picture.begin(), picture.end(), [ratio](const QPixmap& pixmap) {
@@ -72,10 +72,10 @@ ScrollBarPictures LoadScrollBarPictures(const QString& skinPath) {
     const auto orBuiltIn = [](const ScrollPicture& own, const char* name) {
         return own.empty() ? BuiltIn(name) : own;
     };
-    const ScrollPicture up = OfSkin(skinPath, "scrollup");
-    const ScrollPicture down = OfSkin(skinPath, "scrolldown");
-    return {orBuiltIn(OfSkin(skinPath, "scrollback"), "background"),
-            orBuiltIn(OfSkin(skinPath, "scrollthumb"), "thumb"),
+    const ScrollPicture up = LoadSkinPicture(skinPath, "scrollup");
+    const ScrollPicture down = LoadSkinPicture(skinPath, "scrolldown");
+    return {orBuiltIn(LoadSkinPicture(skinPath, "scrollback"), "background"),
+            orBuiltIn(LoadSkinPicture(skinPath, "scrollthumb"), "thumb"),
             orBuiltIn(up, "up"),
             orBuiltIn(down, "down"),
             orBuiltIn(Turned(up), "left"),

@@ -25,6 +25,10 @@ struct ScrollBarPictures {
     ScrollPicture Right;
 };
 
+// A picture NAME.png of a skin with those of "@2x" and "@3x"; without what cannot be read. `skinPath` is a
+// host folder; empty for none.
+ScrollPicture LoadSkinPicture(const QString& skinPath, const char* name);
+
 // The pictures of a skin, a host folder: scrollback, scrollthumb, scrollup and scrolldown.png, with those of
 // "@2x" and "@3x" for high resolutions, and the built-in ones where it has none or one that cannot be read.
 // The skin's arrows for a horizontal bar are its others, turned. An empty folder gives the built-in ones.

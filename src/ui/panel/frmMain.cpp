@@ -130,9 +130,25 @@ void frmMain::picCategory_Click(int index) {
     hitAreas_.push_back({HitArea::Kind::Menu, -1, -1, -1, look_->MenuArea()});
     hitAreas_.push_back({HitArea::Kind::Logo, -1, -1, -1, look_->LogoArea()});
     ShowPicture(look_->Picture(opened_.Index));
+    services_.Satellites.OpenTree(OpenedTree());
     // The first picture's problems are told after its first paint.
     if (painted_)
         QTimer::singleShot(0, this, &frmMain::TellLeftOut);
+}
+
+bool frmMain::ShowsTree() const {
+    return opened_.Index >= 0 && state_.Catalogue[std::size_t(opened_.Index)].IsTree();
+}
+
+std::optional<TreeOnPanel> frmMain::OpenedTree() {
+    if (!ShowsTree())
+        return std::nullopt;
+    const FrameMargins& margins = geometry_.Metrics.Margins;
+    return TreeOnPanel{state_.Catalogue[std::size_t(opened_.Index)].TreeName,
+                       {margins.Left, margins.Top, geometry_.InnerWidth(), geometry_.GroupsAreaHeight},
+                       skinPath_,
+                       this,
+                       painted_ && isVisible() && !isMinimized()};
 }
 
 void frmMain::ShowPicture(const QImage& picture) {
@@ -175,6 +191,8 @@ void frmMain::AdoptRatio() {
 void frmMain::AfterFirstPaint() {
     if (unloaded_)
         return;
+    if (isVisible() && !isMinimized())
+        services_.Satellites.Show(ShowsTree());
     if (load_.CacheValid)
         CheckStore();
     // The pictures of a cached start show the free space of an earlier session, and without a reading the
@@ -315,7 +333,7 @@ void frmMain::BringToFront() {
     else
         show();
     services_.Foreground.Activate(winId());
-    services_.Satellites.Show(opened_.Index >= 0 && state_.Catalogue[std::size_t(opened_.Index)].IsTree());
+    services_.Satellites.Show(ShowsTree());
 }
 
 void frmMain::ShowPaneda() {
@@ -356,6 +374,7 @@ void frmMain::Form_Unload() {
     if (unloaded_)
         return;
     unloaded_ = true;
+    services_.Satellites.Hide();
     hide();
     prepare_.stop();
     drivesChange_.stop();

@@ -110,6 +110,8 @@ protected:
 private:
     void MakeLook(const CacheRecord* cache);
     void LayOut(WindowPlace wanted);
+    bool ShowsTree() const;
+    std::optional<TreeOnPanel> OpenedTree();
     void BringToFront();
     void HidePanelAlone();
     void HideAgain();

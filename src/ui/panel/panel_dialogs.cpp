@@ -35,7 +35,6 @@ MenuActions PanelDialogs::Actions() {
     actions.OrganiseButton = [this] { OpenOrganiser(); };
     actions.Setting = [this] { OpenSetting(); };
     actions.Help = [this] { OpenHelp(HelpTopic::Index); };
-    actions.TreeOpacity = [this](double opacity) { state_.TreeOpacity = opacity; };
     actions.About = [this] { OpenCredit(); };
     actions.Donate = [this, web] { OpenUrl(web.Donate, QStringLiteral("Donate")); };
     actions.Close = services_.Close;

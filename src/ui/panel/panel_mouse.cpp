@@ -1,6 +1,7 @@
 #include "ui/panel/frmMain.h"
 
 #include "core/text/device_pixels.h"
+#include "ui/common/tool_tip.h"
 
 #include <QCursor>
 #include <QMouseEvent>
@@ -13,8 +14,6 @@
 namespace paneda {
 
 namespace {
-
-constexpr int kLongTipLine = 60; // characters
 
 std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
     switch (button) {
@@ -32,19 +31,6 @@ std::optional<MouseButton> MouseButtonOf(Qt::MouseButton button) {
 int ShiftMaskOf(Qt::KeyboardModifiers modifiers) {
     return (modifiers & Qt::ShiftModifier ? kShiftKey : 0) |
            (modifiers & Qt::ControlModifier ? kCtrlKey : 0) | (modifiers & Qt::AltModifier ? kAltKey : 0);
-}
-
-// A tool tip as rich text, since Qt breaks long lines in rich text alone and cannot say of an escaped text
-// whether it is rich. Short lines are kept whole; Qt would break them too. Empty for an empty tip.
-QString RichTip(const QString& tip) {
-    QStringList lines;
-    for (const QString& line : tip.split(u'\n', Qt::SkipEmptyParts)) {
-        const QString text = line.toHtmlEscaped();
-        lines.append(line.size() > kLongTipLine ? text : QStringLiteral("<nobr>%1</nobr>").arg(text));
-    }
-    return lines.isEmpty()
-               ? QString()
-               : QStringLiteral("<p>") + lines.join(QStringLiteral("<br>")) + QStringLiteral("</p>");
 }
 
 } // namespace

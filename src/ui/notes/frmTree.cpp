@@ -1,0 +1,103 @@
+#include "ui/notes/frmTree.h"
+
+#include "ui/notes/tree_accessible.h"
+#include "ui/notes/ucTree.h"
+
+namespace paneda {
+
+frmTree::frmTree(AppState& state, const TreeServices& services, const QString& skinPath, QWidget* parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
+    , desk_{.State = state, .Services = services, .Look = LoadTreeLook(skinPath)} {
+    setObjectName(QStringLiteral("frmTree"));
+    setWindowTitle(QStringLiteral("Tree"));
+    // The panel keeps the focus until the user works in the tree.
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    RegisterTreeAccessibility();
+    desk_.TreeOf = [this](int index) { return ControlOf(index); };
+    desk_.MoveChanged = [this] {
+        for (ucTree* tree : trees_) {
+            if (tree)
+                tree->ChangeMousePointer(false);
+        }
+    };
+    SetOpacity(state.TreeOpacity);
+}
+
+frmTree::~frmTree() {
+    // Before what they share.
+    for (ucTree* tree : trees_)
+        delete tree;
+}
+
+ucTree* frmTree::ControlOf(int treeIndex) const {
+    return treeIndex >= 0 && treeIndex < int(trees_.size()) ? trees_[std::size_t(treeIndex)] : nullptr;
+}
+
+ucTree* frmTree::MakeControl(int treeIndex) {
+    if (treeIndex >= int(trees_.size()))
+        trees_.resize(std::size_t(treeIndex) + 1, nullptr);
+    auto* tree = new ucTree(desk_, treeIndex, this);
+    tree->setGeometry(rect());
+    trees_[std::size_t(treeIndex)] = tree;
+    return tree;
+}
+
+void frmTree::BringToFront(ucTree* tree) {
+    if (!tree)
+        return;
+    for (ucTree* other : trees_) {
+        if (other && other != tree)
+            other->hide();
+    }
+    current_ = tree;
+    tree->show();
+    tree->raise();
+    tree->setFocus(Qt::OtherFocusReason);
+}
+
+void frmTree::RefreshTree(const QString& showTree, const QString& removeTree) {
+    const TreeSwitch change = open_.RefreshTree(showTree, removeTree);
+    if (change.Unload) {
+        ucTree* closed = std::exchange(trees_[std::size_t(*change.Unload)], nullptr);
+        closed->hide();
+        if (closed == current_)
+            ShowNoTree();
+        // The press that has led here may be one on this very tree.
+        closed->deleteLater();
+    }
+    if (change.Load) {
+        // Shown before it is read, which may take as long as a disk does.
+        ucTree* opened = MakeControl(*change.Load);
+        if (change.Show)
+            BringToFront(opened);
+        opened->SetTreePath(showTree);
+    } else if (change.Show) {
+        BringToFront(ControlOf(*change.Show));
+    }
+}
+
+void frmTree::ShowNoTree() {
+    ucTree* none = ControlOf(0);
+    BringToFront(none ? none : MakeControl(0));
+}
+
+void frmTree::SetSkin(const QString& skinPath) {
+    desk_.Look = LoadTreeLook(skinPath);
+    for (ucTree* tree : trees_) {
+        if (tree)
+            tree->LookChanged();
+    }
+}
+
+void frmTree::SetOpacity(double opacity) {
+    setWindowOpacity(opacity);
+}
+
+void frmTree::resizeEvent(QResizeEvent*) {
+    for (ucTree* tree : trees_) {
+        if (tree)
+            tree->setGeometry(rect());
+    }
+}
+
+} // namespace paneda

@@ -1,0 +1,259 @@
+#include "ui/notes/tree_actions.h"
+
+#include "notes/node_menu.h"
+#include "notes/shortcut_start.h"
+#include "ui/common/busy_work.h"
+#include "ui/notes/dropped_nodes.h"
+#include "ui/notes/tree_menus.h"
+#include "ui/notes/ucTree.h"
+
+#include <QMimeData>
+#include <QTimer>
+
+namespace paneda {
+
+namespace {
+
+// While it lives, what comes from outside the window is refused.
+class BusyMark {
+public:
+    explicit BusyMark(TreeDesk& desk) : desk_(desk) { ++desk_.Busy; }
+    ~BusyMark() { --desk_.Busy; }
+    BusyMark(const BusyMark&) = delete;
+    BusyMark& operator=(const BusyMark&) = delete;
+
+private:
+    TreeDesk& desk_;
+};
+
+} // namespace
+
+DiskWork TreeActions::ShownWork() {
+    return [this](const std::function<void()>& work) {
+        const BusyMark mark(desk_);
+        tree_.ChangeMousePointer(true);
+        WorkShownBy (*tree_.window())(work);
+        tree_.ChangeMousePointer(false);
+    };
+}
+
+NodeOperations TreeActions::Operations() {
+    NodeServices services{desk_.Services.Prompts, {}, {}, {}};
+    services.TreeOf = [this](int index) {
+        ucTree* tree = desk_.TreeOf ? desk_.TreeOf(index) : nullptr;
+        return tree ? &tree->Model() : nullptr;
+    };
+    services.CloseNote = [this] { CloseNote(); };
+    if (desk_.Services.FetchFavicon)
+        services.FetchFavicon = [this](const QString& address, const DiskPath& file) {
+            tree_.ChangeMousePointer(true);
+            desk_.Services.FetchFavicon(address, file);
+            tree_.ChangeMousePointer(false);
+        };
+    services.Work = ShownWork();
+    return {tree_.Model(), desk_.Transfer, std::move(services)};
+}
+
+void TreeActions::CloseNote() {
+    if (desk_.Services.Note)
+        desk_.Services.Note->Close();
+}
+
+void TreeActions::PressRow(int row, PressOrigin origin, PressButton button, const QPoint& place) {
+    const TreeNode* node = tree_.Model().Find(row);
+    if (!node || IsBusy())
+        return;
+    tree_.SelectRow(row);
+    // Before anything slow starts.
+    tree_.repaint();
+    switch (DecidePress(origin, button, node->Type, desk_.Transfer.Moving.has_value())) {
+    case PressAction::Start:
+        Start(*node);
+        break;
+    case PressAction::OpenNote:
+        OpenNote(row);
+        break;
+    case PressAction::ShowNodeMenu:
+        CloseNote();
+        ShowNodeMenu(row, place);
+        break;
+    case PressAction::ShowMoveMenu:
+        ShowMoveMenu(row, place);
+        break;
+    case PressAction::SelectOnly:
+        break;
+    }
+}
+
+void TreeActions::PressCanvas(PressButton button, const QPoint& place) {
+    if (IsBusy())
+        return;
+    if (button == PressButton::Right)
+        Refresh(place);
+    else if (desk_.Services.Dialogs)
+        desk_.Services.Dialogs->ShowTreeList(*tree_.window(), place);
+}
+
+void TreeActions::ToggleNode(int row) {
+    if (!IsBusy())
+        tree_.Model().ToggleNode(row);
+}
+
+void TreeActions::Open(int row) {
+    PressRow(row, PressOrigin::Label, PressButton::Left, tree_.PlaceBelow(row));
+}
+
+void TreeActions::OpenNote(int row) {
+    const TreeNode* node = tree_.Model().Find(row);
+    if (node && desk_.Services.Note)
+        desk_.Services.Note->Open(tree_.Model(), *node);
+}
+
+void TreeActions::Start(const TreeNode& node) {
+    desk_.Services.Volumes.Refresh(desk_.State.Drives);
+    desk_.Services.Opener.Open(DecideNodeStart(node, desk_.State.AppPath, desk_.State.Browser),
+                               {desk_.State.Drives, desk_.State.AppPath});
+}
+
+void TreeActions::ShowNodeMenu(int row, const QPoint& place) {
+    const QPointer<ucTree> alive(&tree_);
+    const NodeMenuChoice choice = DecodeNodeMenu(AskNodeMenu(desk_.Services.Dialogs != nullptr, place));
+    if (!alive)
+        return;
+    switch (choice.Command) {
+    case NodeCommand::Add:
+        Add(row, choice.Type, choice.Position, false, place);
+        break;
+    case NodeCommand::Edit:
+        Edit(row, place);
+        break;
+    case NodeCommand::Move:
+        Operations().StartMove(row);
+        desk_.MoveChanged();
+        break;
+    case NodeCommand::Delete:
+        Delete(row);
+        break;
+    case NodeCommand::None:
+        break;
+    }
+}
+
+void TreeActions::ShowMoveMenu(int row, const QPoint& place) {
+    const QPointer<ucTree> alive(&tree_);
+    const MoveChoice choice = DecodeMoveMenu(AskMoveMenu(place));
+    if (!alive || choice == MoveChoice::None)
+        return;
+    const int moved = Operations().FinishMove(row, choice);
+    if (moved >= 0) {
+        tree_.SelectRow(moved);
+        tree_.ScrollTo(moved);
+    }
+    desk_.MoveChanged();
+}
+
+void TreeActions::EndMove() {
+    desk_.Transfer.Moving.reset();
+    desk_.MoveChanged();
+}
+
+void TreeActions::Edit(int row, const QPoint& place) {
+    const TreeNode* shown = tree_.Model().Find(row);
+    if (!shown || !desk_.Services.Dialogs || IsBusy())
+        return;
+    const TreeNode node = *shown;
+    const QPointer<ucTree> alive(&tree_);
+    desk_.Transfer.Pending = desk_.Services.Dialogs->Ask({.Window = tree_.window(),
+                                                          .Type = node.Type,
+                                                          .Node = &node,
+                                                          .NodeFolder = tree_.Model().NodeFolder(node).Text(),
+                                                          .Mouse = place});
+    if (!alive || !desk_.Transfer.Pending || !Operations().EditNode(row))
+        return;
+    tree_.SelectRow(row);
+    if (const TreeNode* changed = tree_.Model().Find(row); changed && desk_.Services.Note)
+        desk_.Services.Note->ShowName(tree_.Model(), *changed);
+}
+
+void TreeActions::Delete(int row) {
+    if (!IsBusy())
+        Operations().DeleteNode(row, DeleteMode::AskAndDelete);
+}
+
+void TreeActions::Insert(int row, const QPoint& place) {
+    const bool isFirst = tree_.Model().Nodes().empty();
+    if (tree_.Model().Find(row) || isFirst)
+        Add(isFirst ? -1 : row, {}, NodePosition::Below, isFirst, place);
+}
+
+void TreeActions::Add(int row, const QString& type, NodePosition position, bool isFirst,
+                      const QPoint& place) {
+    if (!desk_.Services.Dialogs || IsBusy())
+        return;
+    const QPointer<ucTree> alive(&tree_);
+    const auto pending = desk_.Services.Dialogs->Ask(
+        {.Window = tree_.window(), .Type = type, .Position = position, .IsFirst = isFirst, .Mouse = place});
+    if (!alive || !pending)
+        return;
+    const int added = Enter(*pending, row);
+    const TreeNode* node = tree_.Model().Find(added);
+    if (!node)
+        return;
+    const bool isNote = node->Type.isEmpty();
+    PressRow(added, isNote ? PressOrigin::Label : PressOrigin::NewLink, PressButton::Left, place);
+}
+
+int TreeActions::Enter(const PendingNode& pending, int row) {
+    desk_.Transfer.Pending = pending;
+    const int added = Operations().AddOrMoveNode(row, NodeMode::Add);
+    desk_.Transfer.Pending.reset();
+    if (added >= 0) {
+        tree_.SelectRow(added);
+        tree_.ScrollTo(added);
+    }
+    return added;
+}
+
+void TreeActions::Refresh(const QPoint& place) {
+    if (tree_.Model().TreeName().isEmpty())
+        return;
+    CloseNote();
+    switch (tree_.Model().Refresh()) {
+    case RefreshOutcome::OfferFirstNote:
+        Add(-1, {}, NodePosition::Below, true, place);
+        break;
+    case RefreshOutcome::FolderNotFound:
+        desk_.Services.Prompts.Notice(tree_.Model().NotFoundText());
+        break;
+    case RefreshOutcome::Shown:
+        break;
+    }
+}
+
+bool TreeActions::TakesDrop(const QMimeData& data) const {
+    return !IsBusy() && !tree_.Model().TreeName().isEmpty() && !DroppedAddresses(data).empty();
+}
+
+void TreeActions::Drop(const QMimeData& data, int row, NodePosition where) {
+    if (!TakesDrop(data))
+        return;
+    const auto dropped = DroppedAddresses(data);
+    QTimer::singleShot(0, &tree_, [this, dropped, row, where] {
+        int target = row;
+        NodePosition position = where;
+        for (const DroppedAddress& address : dropped) {
+            // A drop of another program comes through while the disk is busy.
+            if (IsBusy())
+                return;
+            const auto pending = DroppedNode(address, position, desk_.State);
+            const int added = pending ? Enter(*pending, target) : -1;
+            if (added < 0)
+                return;
+            // The next one stands behind it.
+            target = added;
+            position = NodePosition::Below;
+        }
+    });
+}
+
+} // namespace paneda
