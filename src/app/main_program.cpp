@@ -50,10 +50,7 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath, std::
                                  .FileIcons = *platform_.FileIcons,
                                  .Opener = *platform_.Opener,
                                  .Volumes = *platform_.Volumes};
-    satellites_ = std::make_unique<TreeSatellite>(state_, TreeServices{.Prompts = *prompts_,
-                                                                       .FileIcons = *platform_.FileIcons,
-                                                                       .Opener = *platform_.Opener,
-                                                                       .Volumes = *platform_.Volumes});
+    MakeTrees();
     dialogs_ = std::make_unique<PanelDialogs>(state_, DialogServices{.Settings = settings,
                                                                      .SoundPlayer = *platform_.SoundPlayer,
                                                                      .Opener = *platform_.Opener,
@@ -63,6 +60,22 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath, std::
 }
 
 MainProgram::~MainProgram() = default;
+
+void MainProgram::MakeTrees() {
+    constexpr double kIcon = 16; // layout pixels
+    treeDialogs_ = std::make_unique<TreeDialogs>(TreeDialogServices{
+        .State = state_,
+        .Prompts = *prompts_,
+        .FileIcons = *platform_.FileIcons,
+        .Opener = *platform_.Opener,
+        .Downloader = *platform_.Downloader,
+        .PlainNoteIcon = [](int side) { return PaintNodeSign(NodeSign::Note, side / kIcon); }});
+    satellites_ = std::make_unique<TreeSatellite>(state_, TreeServices{.Prompts = *prompts_,
+                                                                       .FileIcons = *platform_.FileIcons,
+                                                                       .Opener = *platform_.Opener,
+                                                                       .Volumes = *platform_.Volumes,
+                                                                       .Dialogs = treeDialogs_.get()});
+}
 
 int MainProgram::Run() {
     const QString folderProblem = FolderProblem(state_);

@@ -3,6 +3,7 @@
 #include "core/settings/app_state.h"
 #include "platform/platform.h"
 #include "ui/common/qt_prompts.h"
+#include "ui/notes/tree_dialogs.h"
 #include "ui/notes/tree_satellite.h"
 #include "ui/panel/frmMain.h"
 #include "ui/panel/panel_dialogs.h"
@@ -37,6 +38,7 @@ public:
     void ReloadPanel();
 
 private:
+    void MakeTrees();
     void LoadPanel();
     void ListenToOutside();
     void End();
@@ -47,6 +49,7 @@ private:
     std::function<void()> ending_;
     AppState state_;
     std::unique_ptr<QtPrompts> prompts_;
+    std::unique_ptr<TreeDialogs> treeDialogs_;
     std::unique_ptr<TreeSatellite> satellites_;
     std::unique_ptr<PanelDialogs> dialogs_;
     std::unique_ptr<frmMain> panel_;

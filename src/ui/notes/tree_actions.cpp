@@ -44,11 +44,10 @@ NodeOperations TreeActions::Operations() {
         return tree ? &tree->Model() : nullptr;
     };
     services.CloseNote = [this] { CloseNote(); };
-    if (desk_.Services.FetchFavicon)
+    if (desk_.Services.Dialogs)
         services.FetchFavicon = [this](const QString& address, const DiskPath& file) {
-            tree_.ChangeMousePointer(true);
-            desk_.Services.FetchFavicon(address, file);
-            tree_.ChangeMousePointer(false);
+            const BusyMark mark(desk_);
+            desk_.Services.Dialogs->FetchFavicon(*tree_.window(), address, file);
         };
     services.Work = ShownWork();
     return {tree_.Model(), desk_.Transfer, std::move(services)};
@@ -166,7 +165,7 @@ void TreeActions::Edit(int row, const QPoint& place) {
     desk_.Transfer.Pending = desk_.Services.Dialogs->Ask({.Window = tree_.window(),
                                                           .Type = node.Type,
                                                           .Node = &node,
-                                                          .NodeFolder = tree_.Model().NodeFolder(node).Text(),
+                                                          .NodeFolder = tree_.Model().NodeFolder(node),
                                                           .Mouse = place});
     if (!alive || !desk_.Transfer.Pending || !Operations().EditNode(row))
         return;

@@ -24,8 +24,6 @@ struct TreeServices {
     paneda::Volumes& Volumes;
     NodeDialogs* Dialogs = nullptr; // null: nothing can be asked, and what needs it is disabled
     NoteWindow* Note = nullptr;     // null: notes cannot be opened
-    // Fetches the icon of an address into a file of the tree.
-    std::function<void(const QString& address, const DiskPath& file)> FetchFavicon = {};
 };
 
 // What the trees of one window share.
