@@ -11,13 +11,19 @@ namespace paneda {
 
 namespace {
 
+const QString kTahoma = QStringLiteral("Tahoma");
+
 // Nearest in width and weight first.
 const QStringList& StandIns(bool small) {
     static const QStringList kForTahoma{
-        QStringLiteral("Tahoma"),          QStringLiteral("DejaVu Sans Condensed"),
-        QStringLiteral("Verdana"),         QStringLiteral("Noto Sans"),
-        QStringLiteral("DejaVu Sans"),     QStringLiteral("Segoe UI"),
-        QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+        kTahoma,
+        QStringLiteral("DejaVu Sans Condensed"),
+        QStringLiteral("Verdana"),
+        QStringLiteral("Noto Sans"),
+        QStringLiteral("DejaVu Sans"),
+        QStringLiteral("Segoe UI"),
+        QStringLiteral("Liberation Sans"),
+        QStringLiteral("Arial"),
     };
     // Those first that stay readable at 8 and 9 pixels without smoothing, bold ones too: their hints keep
     // strokes and decimal points apart.
@@ -34,11 +40,28 @@ const QStringList& StandIns(bool small) {
 
 FontChoice::FontChoice(QStringList installed) : asked_(true), installed_(std::move(installed)) {}
 
+void FontChoice::Ask() {
+    if (std::exchange(asked_, true))
+        return;
+    installed_ = QFontDatabase::families();
+}
+
+bool FontChoice::IsInstalled(const QString& family) {
+    Ask();
+    return !Installed(family).isEmpty();
+}
+
+QStringList FontChoice::Offered() {
+    Ask();
+    QStringList families = installed_;
+    if (Installed(kTahoma).isEmpty())
+        families.append(kTahoma);
+    families.sort(Qt::CaseInsensitive);
+    return families;
+}
+
 QString FontChoice::Family(const QString& wanted) {
-    if (!asked_) {
-        installed_ = QFontDatabase::families();
-        asked_ = true;
-    }
+    Ask();
     const QString key = wanted.toCaseFolded();
     const auto known = chosen_.constFind(key);
     if (known != chosen_.constEnd())

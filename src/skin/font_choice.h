@@ -19,7 +19,15 @@ public:
     // for Tahoma. Never empty if any font is installed.
     QString Family(const QString& wanted);
 
+    // Whether there is a family of this name, in any case of letters.
+    bool IsInstalled(const QString& family);
+
+    // For a user to choose from: the installed families in alphabetical order, and Tahoma, since every system
+    // has at least a substitute for it.
+    QStringList Offered();
+
 private:
+    void Ask();
     QString Choose(const QString& wanted) const;
     QString Installed(const QString& family) const;
 

@@ -13,6 +13,13 @@ KeyColour PickKeyColour(const std::vector<ColorRef>& taken) {
     }
 }
 
+ColorRef AwayFromKeyColours(ColorRef color) {
+    constexpr ColorRef kRedAndBlue = 0xFF00FF;
+    constexpr ColorRef kWhite = 0xFFFFFF;
+    const bool isLikeKey = (color & kRedAndBlue) == kRedAndBlue && color != kWhite;
+    return isLikeKey ? color - 1 : color;
+}
+
 Argb KeyAtDepth(Argb key, int colourDepth) {
     return colourDepth == 16 ? key - 0x100 : key;
 }

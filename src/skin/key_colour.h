@@ -18,6 +18,10 @@ struct KeyColour {
 // differ: one reads the number's digits as hexadecimal.
 KeyColour PickKeyColour(const std::vector<ColorRef>& taken);
 
+// A colour for a text that can be no key, whatever other colours a skin has: the given one, unless it has the
+// form of a key; its red is then one step less.
+ColorRef AwayFromKeyColours(ColorRef color);
+
 // The key as a display of so many bits per pixel shows it: one of 16 loses the key's lowest bits of green.
 Argb KeyAtDepth(Argb key, int colourDepth);
 

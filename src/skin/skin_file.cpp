@@ -4,6 +4,7 @@
 #include "core/files/ini_file.h"
 #include "core/text/ranges.h"
 #include "core/text/text_rules.h"
+#include "skin/fonts_section.h"
 
 #include <QDir>
 
@@ -14,59 +15,11 @@ namespace paneda {
 
 namespace {
 
-constexpr QStringView kFonts = u"Fonts";
 constexpr QStringView kButtons = u"Buttons";
 constexpr int kUsualMessageHeight = 92; // pixels
 constexpr int kLogoDesigns = 11;
 
-QString Tahoma() {
-    return QStringLiteral("Tahoma");
-}
-
-// Reads keys of the section Fonts, each with the rule of its type.
-class FontsReader {
-public:
-    explicit FontsReader(const IniText& ini) : ini_(ini) {}
-
-    QString Text(QStringView key, const QString& fallback = {}) const {
-        return IfEmpty(ini_.Value(kFonts, key), fallback);
-    }
-
-    SkinColor Color(QStringView key) const {
-        const QString hex = Text(key);
-        return {HexToColor(hex), hex};
-    }
-
-    // Only a number 0 is false.
-    bool Flag(QStringView key) const {
-        bool isNumber = false;
-        const double number = Text(key, QStringLiteral("1")).toDouble(&isNumber);
-        return !isNumber || number != 0;
-    }
-
-    DrawMode Mode(QStringView key) const { return Text(key) == u"Clear" ? DrawMode::Clear : DrawMode::Over; }
-
-    QString Override(QStringView key) const { return Text(key).toUpper(); }
-
-    // The keys of one font begin with `block`.
-    SkinFont Font(const QString& block) const {
-        const auto key = [&block](QStringView rest) -> QString { return block + rest; };
-        SkinFont font;
-        const double size = LeadingNumber(Text(key(u" font size")));
-        if (size > 0)
-            font.Size = range::kFontSize.Nearest(size);
-        font.Bold = Flag(key(u" font bold"));
-        font.AntiAlias = Flag(key(u" font anti alias"));
-        font.Name = Text(key(u" font name"), Tahoma());
-        font.Alignment = Text(key(u" font alignment"), QStringLiteral("1"));
-        return font;
-    }
-
-private:
-    const IniText& ini_;
-};
-
-void ReadColoursAndFonts(const FontsReader& fonts, ThemeState& theme) {
+void ReadColoursAndFonts(const FontsSection& fonts, ThemeState& theme) {
     theme.CategoryActiveColor = fonts.Color(u"category active color");
     theme.CategoryInactiveColor = fonts.Color(u"category inactive color");
     theme.GroupColor = fonts.Color(u"group color");
@@ -89,7 +42,7 @@ void ReadColoursAndFonts(const FontsReader& fonts, ThemeState& theme) {
     theme.LabelBorderOverride = fonts.Override(u"button label border");
 }
 
-void ReadDriveColours(const FontsReader& fonts, ThemeState& theme) {
+void ReadDriveColours(const FontsSection& fonts, ThemeState& theme) {
     theme.DriveFreeColor = fonts.Color(u"drive free space color");
     theme.DriveCapacityColor = fonts.Color(u"drive capacity color");
     theme.DriveNaColor = fonts.Color(u"drive N/A color");
@@ -98,7 +51,7 @@ void ReadDriveColours(const FontsReader& fonts, ThemeState& theme) {
     theme.DriveBarFreeColor = fonts.Color(u"drive bar free space color").Color;
 }
 
-void ReadLabel(const FontsReader& fonts, ThemeState& theme) {
+void ReadLabel(const FontsSection& fonts, ThemeState& theme) {
     const SkinColor label = fonts.Color(u"button label color");
     const SkinColor& used = label.Hex.isEmpty() ? theme.DriveLetterColor : label;
     theme.LabelColor = used.Color;
@@ -111,7 +64,7 @@ void ReadLabel(const FontsReader& fonts, ThemeState& theme) {
         theme.LabelBorderColor = border.Color;
         theme.LabelBorderHex = border.Hex;
     }
-    theme.LabelFontName = fonts.Text(u"button label font name", Tahoma());
+    theme.LabelFontName = fonts.Text(u"button label font name", kUsualFont.toString());
     theme.LabelAntiAlias = fonts.Flag(u"button label font anti alias");
 }
 
@@ -191,7 +144,7 @@ tl::expected<ThemeState, SkinError> ReadTheme(const IniText& ini, const QString&
                                               const QString& file) {
     ThemeState theme;
     theme.LogoDesign = ReadLogoDesign(ini);
-    const FontsReader fonts(ini);
+    const FontsSection fonts(ini);
     ReadColoursAndFonts(fonts, theme);
     const QString missing = ReadPlaces(ini, theme);
     if (!missing.isEmpty())

@@ -20,6 +20,8 @@ QFont MakeFont(const TextFont& font) {
     made.setPointSizeF(std::max(font.EmSize, 1.0));
     made.setBold(font.Bold);
     made.setItalic(font.Italic);
+    made.setUnderline(font.Underline);
+    made.setStrikeOut(font.Strikethrough);
     made.setStyleStrategy(font.AntiAlias ? QFont::PreferAntialias : QFont::NoAntialias);
     made.setHintingPreference(QFont::PreferFullHinting);
     made.setKerning(font.AntiAlias);

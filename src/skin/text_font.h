@@ -11,6 +11,8 @@ struct TextFont {
     double EmSize = 11; // pixels, fractions allowed
     bool Bold = false;
     bool Italic = false;
+    bool Underline = false;
+    bool Strikethrough = false;
     bool AntiAlias = true;
     bool SmoothOnceLarge = false; // smoothed on a screen where it has kSmoothFrom pixels or more
 };

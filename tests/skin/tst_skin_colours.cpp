@@ -17,6 +17,7 @@ private Q_SLOTS:
     void KeyAvoidsTakenColours();
     void CutsOutKey();
     void ReadsAlignmentCodes();
+    void KeepsAwayFromKeys();
     void ChoosesInstalledFamily();
     void WrapsLabels_data();
     void WrapsLabels();
@@ -77,6 +78,19 @@ void TestSkinColours::ReadsAlignmentCodes() {
     QCOMPARE(AlignColumn(u"11"), Column::Right);
 }
 
+void TestSkinColours::KeepsAwayFromKeys() {
+    for (const auto& [chosen, kept] :
+         std::initializer_list<std::pair<const char16_t*, const char16_t*>>{{u"FF01FF", u"FE01FF"},
+                                                                            {u"FF10FF", u"FE10FF"},
+                                                                            {u"FF00FF", u"FE00FF"},
+                                                                            {u"FFFFFF", u"FFFFFF"},
+                                                                            {u"FF0000", u"FF0000"},
+                                                                            {u"FF01FE", u"FF01FE"},
+                                                                            {u"0001FF", u"0001FF"},
+                                                                            {u"000000", u"000000"}})
+        QCOMPARE(ColorToHex(AwayFromKeyColours(HexToColor(chosen))), QString::fromUtf16(kept));
+}
+
 void TestSkinColours::ChoosesInstalledFamily() {
     FontChoice choice(
         {QStringLiteral("Liberation Sans"), QStringLiteral("Verdana"), QStringLiteral("Arial")});
@@ -85,6 +99,7 @@ void TestSkinColours::ChoosesInstalledFamily() {
     QCOMPARE(choice.Family(QStringLiteral("small fonts")), QStringLiteral("Liberation Sans"));
     QCOMPARE(choice.Family(QStringLiteral("No Such Font")), QStringLiteral("Verdana"));
     QCOMPARE(choice.Family({}), QStringLiteral("Verdana"));
+    QCOMPARE(choice.Offered().join(u' '), QStringLiteral("Arial Liberation Sans Tahoma Verdana"));
     FontChoice odd({QStringLiteral("Only One")});
     QCOMPARE(odd.Family(QStringLiteral("Tahoma")), QStringLiteral("Only One"));
 }
