@@ -99,7 +99,7 @@ function(paneda_test name)
     set(environment "QT_QPA_PLATFORM=offscreen")
     if(CMAKE_CROSSCOMPILING)
         # Without a console the results would be told to a debugger only.
-        list(APPEND environment "QT_FORCE_STDERR_LOGGING=1" "QT_QPA_FONTDIR=${PANEDA_TEST_FONTS}")
+        list(APPEND environment "QT_FORCE_STDERR_LOGGING=1" "QT_QPA_FONTDIR=${PANEDA_TEST_FONTS}" "PANEDA_RUNS=3")
         set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine)
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${environment}")
