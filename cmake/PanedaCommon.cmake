@@ -44,20 +44,40 @@ if(PANEDA_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
-# Reading the headers of Qt is most of what a compilation does. One set serves all targets: it has no definition of a
-# module, and a target without Qt Gui cannot include or link it in spite of what the set has read.
+# Reading the headers of Qt is much of what a compilation does. One set serves all targets that are compiled alike: it has
+# no definition of a module, and a target without Qt Gui cannot include or link it in spite of what the set has read.
+function(paneda_precompiled_set name)
+    file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/${name}.cpp" CONTENT "")
+    add_library(${name} OBJECT "${CMAKE_BINARY_DIR}/${name}.cpp")
+    target_link_libraries(${name} PRIVATE paneda_common Qt6::Core)
+    target_include_directories(${name} SYSTEM PRIVATE $<TARGET_PROPERTY:Qt6::Gui,INTERFACE_INCLUDE_DIRECTORIES>)
+    target_compile_options(${name} PRIVATE ${ARGN})
+    target_precompile_headers(${name} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/precompiled.h")
+endfunction()
+
+# The programs of the tests are not optimized, and the sanitizers look at the tested code only. With clang and the
+# sanitizers, a test then compiles in a third of the time.
+set(paneda_test_options -O0)
+if(PANEDA_SANITIZE)
+    list(APPEND paneda_test_options -fno-sanitize=all)
+endif()
+
 if(PANEDA_PRECOMPILE)
-    file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/precompiled.cpp" CONTENT "")
-    add_library(paneda_precompiled OBJECT "${CMAKE_BINARY_DIR}/precompiled.cpp")
-    target_link_libraries(paneda_precompiled PRIVATE paneda_common Qt6::Core)
-    target_include_directories(paneda_precompiled SYSTEM PRIVATE
-        $<TARGET_PROPERTY:Qt6::Gui,INTERFACE_INCLUDE_DIRECTORIES>)
-    target_precompile_headers(paneda_precompiled PRIVATE "${PROJECT_SOURCE_DIR}/cmake/precompiled.h")
+    paneda_precompiled_set(paneda_precompiled)
+    paneda_precompiled_set(paneda_precompiled_tests ${paneda_test_options})
 endif()
 
 function(paneda_precompile target)
     if(PANEDA_PRECOMPILE)
         target_precompile_headers(${target} REUSE_FROM paneda_precompiled)
+    endif()
+endfunction()
+
+# For the program of a test.
+function(paneda_compile_test target)
+    target_compile_options(${target} PRIVATE ${paneda_test_options})
+    if(PANEDA_PRECOMPILE)
+        target_precompile_headers(${target} REUSE_FROM paneda_precompiled_tests)
     endif()
 endfunction()
 
@@ -90,7 +110,7 @@ function(paneda_test name)
     add_executable(${name} ${arg_SOURCES})
     paneda_test_moc(${name})
     target_link_libraries(${name} PRIVATE Qt6::Test paneda_test_support ${arg_LINK})
-    paneda_precompile(${name})
+    paneda_compile_test(${name})
     if(WIN32 AND NOT "${arg_LINK}" STREQUAL "paneda_core")
         # In a static Qt a program has the plugins that it names and no other.
         qt_import_plugins(${name} INCLUDE Qt6::QOffscreenIntegrationPlugin)
