@@ -76,6 +76,10 @@ endfunction()
 # For the program of a test.
 function(paneda_compile_test target)
     target_compile_options(${target} PRIVATE ${paneda_test_options})
+    if(CMAKE_CROSSCOMPILING)
+        # Half of such a program would be names that no debugger reads.
+        target_link_options(${target} PRIVATE -s)
+    endif()
     if(PANEDA_PRECOMPILE)
         target_precompile_headers(${target} REUSE_FROM paneda_precompiled_tests)
     endif()
