@@ -26,7 +26,7 @@ bool IsLoadableSize(const QSize& size, int maxSide) {
     return !size.isEmpty() && size.width() <= maxSide && size.height() <= maxSide;
 }
 
-tl::expected<EncodedPicture, QString> ReadEncoded(const QString& path, int wanted) {
+tl::expected<EncodedPicture, QString> ReadEncoded(const DiskPath& path, int wanted) {
     const auto bytes = ReadFileBytes(path, kMaxPictureFile);
     if (!bytes)
         return tl::make_unexpected(bytes.error().Reason);
@@ -105,20 +105,20 @@ QString LeftOutText(const std::vector<PictureError>& errors) {
     return lines.join(u'\n');
 }
 
-tl::expected<QImage, PictureError> ReadPicture(const QString& path, const PictureWish& wish,
+tl::expected<QImage, PictureError> ReadPicture(const DiskPath& path, const PictureWish& wish,
                                                DecodingTime& time) {
-    const PictureError late{path, kLate, true};
+    const PictureError late{path.Text(), kLate, true};
     if (time.Left == 0)
         return tl::make_unexpected(late);
     const auto encoded = ReadEncoded(path, wish.Width);
     if (!encoded)
-        return tl::make_unexpected(PictureError{path, encoded.error()});
+        return tl::make_unexpected(PictureError{path.Text(), encoded.error()});
     Decoder decoder(*encoded, time);
     auto image = decoder.Decode(wish);
     if (decoder.WasLate())
         return tl::make_unexpected(late);
     if (!image)
-        return tl::make_unexpected(PictureError{path, image.error()});
+        return tl::make_unexpected(PictureError{path.Text(), image.error()});
     return std::move(*image);
 }
 
@@ -134,23 +134,23 @@ tl::expected<QImage, QString> DecodePicture(const QByteArray& bytes, const Pictu
     return image;
 }
 
-QImage LoadPicture(const QString& path, int wanted) {
+QImage LoadPicture(const DiskPath& path, int wanted) {
     DecodingTime time;
     return ReadPicture(path, {.Width = wanted}, time).value_or(QImage());
 }
 
-tl::expected<QSize, PictureError> MeasurePicture(const QString& path) {
+tl::expected<QSize, PictureError> MeasurePicture(const DiskPath& path) {
     DecodingTime time;
     const auto encoded = ReadEncoded(path, 0);
     if (!encoded)
-        return tl::make_unexpected(PictureError{path, encoded.error()});
+        return tl::make_unexpected(PictureError{path.Text(), encoded.error()});
     const auto size = Decoder(*encoded, time).Size(kMaxPictureSide);
     if (!size)
-        return tl::make_unexpected(PictureError{path, size.error()});
+        return tl::make_unexpected(PictureError{path.Text(), size.error()});
     return *size;
 }
 
-QSize ReadPictureSize(const QString& path) {
+QSize ReadPictureSize(const DiskPath& path) {
     return MeasurePicture(path).value_or(QSize());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/disk/disk_path.h"
 #include "skin/decoding_time.h"
 #include "skin/picture_bytes.h"
 
@@ -42,19 +43,19 @@ struct PictureWish {
 // A picture from a file, as premultiplied ARGB. Its format (PNG, JPG, BMP, GIF, ICO) is that of its contents,
 // whatever its extension says. Fails for whatever is no regular file, damaged, too large, of another format
 // or of too many scans, and when the time is over before the picture is whole.
-tl::expected<QImage, PictureError> ReadPicture(const QString& path, const PictureWish& wish,
+tl::expected<QImage, PictureError> ReadPicture(const DiskPath& path, const PictureWish& wish,
                                                DecodingTime& time);
 
 // The same of bytes in memory, within a second. Fails with a reason for the user.
 tl::expected<QImage, QString> DecodePicture(const QByteArray& bytes, const PictureWish& wish = {});
 
 // ReadPicture within a second; null on failure.
-QImage LoadPicture(const QString& path, int wanted = 0);
+QImage LoadPicture(const DiskPath& path, int wanted = 0);
 
 // The size of the picture that ReadPicture would give, in pixels. Nothing is decoded.
-tl::expected<QSize, PictureError> MeasurePicture(const QString& path);
+tl::expected<QSize, PictureError> MeasurePicture(const DiskPath& path);
 
 // The same; empty on failure.
-QSize ReadPictureSize(const QString& path);
+QSize ReadPictureSize(const DiskPath& path);
 
 } // namespace paneda

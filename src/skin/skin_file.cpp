@@ -122,17 +122,21 @@ int ReadMessageHeight(const IniText& ini) {
                                                                : range::kMessageHeight.Nearest(height));
 }
 
+DiskPath SkinIniOf(const QString& skinPath) {
+    return FindEntry(DiskPath::Below(skinPath, skinPath), QStringLiteral("skin.ini"));
+}
+
 } // namespace
 
 tl::expected<ThemeState, SkinError> ReadSkin(const QString& appFolder, const QString& skinName) {
     const auto folder = FindSkinFolder(appFolder, skinName);
     if (!folder)
         return tl::make_unexpected(folder.error());
-    const QString file = FindEntry(*folder, QStringLiteral("skin.ini"));
+    const DiskPath file = SkinIniOf(*folder);
     const auto bytes = ReadFileBytes(file, kMaxIniFile);
     if (!bytes)
-        return tl::make_unexpected(SkinFileError(skinName, file, bytes.error().Reason));
-    auto theme = ReadTheme(IniText(*bytes), skinName, file);
+        return tl::make_unexpected(SkinFileError(skinName, file.Text(), bytes.error().Reason));
+    auto theme = ReadTheme(IniText(*bytes), skinName, file.Text());
     if (theme) {
         theme->SkinPath = *folder;
         theme->Pieces = LoadSkinPieces(*folder);
@@ -169,7 +173,7 @@ TreeColors ReadTreeColors(const IniText& ini) {
 }
 
 IniText ReadSkinIni(const QString& skinPath) {
-    return ReadIniFile(FindEntry(skinPath, QStringLiteral("skin.ini")));
+    return ReadIniFile(SkinIniOf(skinPath));
 }
 
 } // namespace paneda

@@ -38,7 +38,12 @@ tl::expected<QString, SkinError> FindSkinFolder(const QString& appFolder, const 
         return tl::make_unexpected(
             SkinFileError(skinName, skins, QStringLiteral("This is not the name of a skin's folder.")));
     const QString folder = FindEntry(skins, skinName);
-    if (!QFileInfo(folder).isDir())
+    const EntryKind kind = LookAt(DiskPath::Below(skins, folder)).Kind;
+    if (kind == EntryKind::Link)
+        return tl::make_unexpected(
+            SkinFileError(skinName, folder,
+                          QStringLiteral("This is a link. Links in the folder of skins are not followed.")));
+    if (kind != EntryKind::Folder)
         return tl::make_unexpected(
             SkinFileError(skinName, folder, QStringLiteral("The folder does not exist.")));
     return folder + u'/';

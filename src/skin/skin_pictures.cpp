@@ -1,8 +1,7 @@
 #include "skin/skin_pictures.h"
 
+#include "core/disk/disk_entries.h"
 #include "skin/folder_names.h"
-
-#include <QFileInfo>
 
 #include <algorithm>
 #include <numeric>
@@ -17,14 +16,14 @@ namespace {
 constexpr qint64 kMaxKeptBytes = 128 * 1024 * 1024;
 
 // The size of a picture, if its file fits beside the bytes of those before it.
-tl::expected<QSize, PictureError> MeasureWithin(const QFileInfo& file, qint64& bytes) {
+tl::expected<QSize, PictureError> MeasureWithin(const DiskPath& file, qint64 size, qint64& bytes) {
     constexpr qint64 kMegabyte = 1024 * 1024;
-    if (bytes + file.size() > kMaxSkinBytes)
+    if (bytes + size > kMaxSkinBytes)
         return tl::make_unexpected(
-            PictureError{file.filePath(), QStringLiteral("The skin's pictures take more than %1 MB in all.")
-                                              .arg(kMaxSkinBytes / kMegabyte)});
-    bytes += file.size();
-    return MeasurePicture(file.filePath());
+            PictureError{file.Text(), QStringLiteral("The skin's pictures take more than %1 MB in all.")
+                                          .arg(kMaxSkinBytes / kMegabyte)});
+    bytes += size;
+    return MeasurePicture(file);
 }
 
 qint64 Pixels(const QSize& size) {
@@ -65,10 +64,11 @@ public:
 private:
     // No value for a file that does not exist, and for one that is left out.
     std::optional<QSize> Measure(const QString& name) {
-        const QFileInfo file(theme_.PathOf(name));
-        if (!file.exists())
+        const DiskPath file = theme_.PathOf(name);
+        const EntryState state = LookAt(file);
+        if (state.Kind == EntryKind::Missing)
             return std::nullopt;
-        const auto size = MeasureWithin(file, bytes_);
+        const auto size = MeasureWithin(file, state.Size, bytes_);
         if (size)
             return *size;
         found_.LeftOut.push_back(size.error());
@@ -100,7 +100,7 @@ private:
     }
 
     void LeaveOut(const QString& name, const QString& reason) {
-        found_.LeftOut.push_back({theme_.PathOf(name), reason});
+        found_.LeftOut.push_back({theme_.PathOf(name).Text(), reason});
     }
 
     const ThemeState& theme_;

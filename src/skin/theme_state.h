@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/disk/disk_path.h"
 #include "skin/colour.h"
 #include "skin/key_colour.h"
 #include "skin/picture_placing.h"
@@ -83,8 +84,8 @@ struct ThemeState {
 
     SkinPieces Pieces;
 
-    // Host path of a piece.
-    QString PathOf(const QString& piece) const { return SkinPath + piece; }
+    // The file of a piece. Links are refused, so that no file outside of the folder is shown.
+    DiskPath PathOf(const QString& piece) const { return DiskPath::Below(SkinPath, SkinPath + piece); }
 };
 
 // Colours of the tree view, texts RRGGBB, never empty.

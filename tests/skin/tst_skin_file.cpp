@@ -146,7 +146,7 @@ void TestSkinFile::FindsSkinInAnyCase() {
     QVERIFY(theme);
     QVERIFY(theme->SkinPath.endsWith(u'/'));
     QCOMPARE(QFileInfo(theme->SkinPath), QFileInfo(maker.PathOf({})));
-    QCOMPARE(QFileInfo(theme->PathOf(theme->Pieces.Bottom)),
+    QCOMPARE(QFileInfo(theme->PathOf(theme->Pieces.Bottom).Text()),
              QFileInfo(maker.PathOf(QStringLiteral("bottom.png"))));
 }
 
