@@ -64,6 +64,16 @@ QString ReadName(ConfigFile& file, int record, const QString& fallback) {
     return CutToIniValue(GetConfigRecord(file, record, fallback));
 }
 
+FileResult SaveRecord(const QString& appFolder, int record, const ConfigArray& values) {
+    const QString path = ConfigFilePath(appFolder);
+    auto file = ConfigFile::Load(path);
+    if (!file)
+        return tl::make_unexpected(file.error());
+    if (!file->Write(record, values))
+        return Failure(path, QStringLiteral("The value is too long."));
+    return file->Save(path);
+}
+
 } // namespace
 
 double HeldNumber(double number, const Range<double>& range, double fallback) {
@@ -106,12 +116,11 @@ std::vector<FileError> LoadConfig(AppState& state) {
 }
 
 FileResult SavePanelPlace(const AppState& state) {
-    const QString path = ConfigFilePath(state.AppFolder);
-    auto file = ConfigFile::Load(path);
-    if (!file)
-        return tl::make_unexpected(file.error());
-    file->Write(kRecordPanelPlace, {double(state.PanelTop), double(state.PanelLeft)});
-    return file->Save(path);
+    return SaveRecord(state.AppFolder, kRecordPanelPlace, {double(state.PanelTop), double(state.PanelLeft)});
+}
+
+FileResult SaveSkinName(const QString& appFolder, const QString& skinName) {
+    return SaveRecord(appFolder, kRecordSkinName, {skinName});
 }
 
 } // namespace paneda

@@ -46,4 +46,7 @@ std::vector<FileError> LoadConfig(AppState& state);
 // Writes the panel's place from the state into record 2.
 FileResult SavePanelPlace(const AppState& state);
 
+// Writes the name of the skin to show into record 5.
+FileResult SaveSkinName(const QString& appFolder, const QString& skinName);
+
 } // namespace paneda

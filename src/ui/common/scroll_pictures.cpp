@@ -50,7 +50,7 @@ ScrollPicture LoadSkinPicture(const QString& skinPath, const char* name) {
     if (skinPath.isEmpty())
         return {};
     return EachRatio(QLatin1String(name), [&skinPath](const QString& file) {
-        const QString path = FindEntry(skinPath, file);
+        const DiskPath path = FindEntry(DiskPath::Below(skinPath, skinPath), file);
         return EntryExists(path) ? QPixmap::fromImage(LoadPicture(path)) : QPixmap();
     });
 }

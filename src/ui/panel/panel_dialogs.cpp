@@ -2,6 +2,7 @@
 
 #include "core/panel/launch.h"
 #include "ui/panel/tray_presence.h"
+#include "ui/skin/frmSkinConfigure.h"
 
 namespace paneda {
 
@@ -35,6 +36,7 @@ MenuActions PanelDialogs::Actions() {
     actions.OrganiseButton = [this] { OpenOrganiser(); };
     actions.Setting = [this] { OpenSetting(); };
     actions.Help = [this] { OpenHelp(HelpTopic::Index); };
+    actions.Skin = [this] { OpenSkin(); };
     actions.About = [this] { OpenCredit(); };
     actions.Donate = [this, web] { OpenUrl(web.Donate, QStringLiteral("Donate")); };
     actions.Close = services_.Close;
@@ -48,6 +50,7 @@ void PanelDialogs::CloseAll() {
     // Deleted now, since the event loop that would delete them later may have ended.
     delete organiser_;
     delete setting_;
+    delete skin_;
     delete credit_;
 }
 
@@ -70,6 +73,23 @@ void PanelDialogs::OpenSetting() {
     if (services_.Settings.TrayIcons.empty())
         services_.Settings.TrayIcons = TrayPictures();
     ShowOne(setting_, [this] { return new frmSetting(state_, services_.Settings); });
+}
+
+void PanelDialogs::OpenSkin() {
+    ShowOne(skin_, [this] {
+        return new frmSkin(
+            state_, {.Prompts = services_.Settings.Prompts,
+                     .Opener = services_.Opener,
+                     .ReloadPanel = services_.Settings.ReloadPanel,
+                     .Scene = services_.Settings.Scene,
+                     .OpenUrl = [this](const QString& url, const QString& name) { OpenUrl(url, name); },
+                     .Configure =
+                         [this](const QString& skinName, QWidget* parent) {
+                             frmSkinConfigure window(skinName, {state_.AppFolder, services_.Settings.Prompts},
+                                                     parent);
+                             return window.Form_Load() && window.exec() == QDialog::Accepted;
+                         }});
+    });
 }
 
 void PanelDialogs::OpenCredit() {

@@ -6,6 +6,7 @@
 #include "ui/panel/frmCredit.h"
 #include "ui/panel/main_menu.h"
 #include "ui/settings/frmSetting.h"
+#include "ui/skin/frmSkin.h"
 
 #include <QPointer>
 
@@ -38,6 +39,7 @@ public:
 private:
     void OpenOrganiser();
     void OpenSetting();
+    void OpenSkin();
     void OpenCredit();
     void OpenHelp(HelpTopic topic);
     void OpenUrl(const QString& url, const QString& name);
@@ -46,6 +48,7 @@ private:
     DialogServices services_;
     QPointer<frmButton> organiser_;
     QPointer<frmSetting> setting_;
+    QPointer<frmSkin> skin_;
     QPointer<frmCredit> credit_;
 };
 

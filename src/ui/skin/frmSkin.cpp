@@ -1,0 +1,294 @@
+#include "ui/skin/frmSkin.h"
+
+#include "core/files/web_addresses.h"
+#include "core/settings/config_settings.h"
+#include "core/text/twips.h"
+#include "skin/skin_file.h"
+#include "skin/skin_list.h"
+#include "skin/skin_option.h"
+#include "ui/common/busy_work.h"
+#include "ui/common/place_beside.h"
+#include "ui/settings/paper_look.h"
+#include "ui_frmSkin.h"
+
+#include <QEvent>
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace paneda {
+
+namespace {
+
+constexpr int kPlaceCentred = 1;
+constexpr int kGapToPanel = 150; // twips
+// Pixels that the title and the borders of a window may need.
+constexpr QSize kFrameOfWindow(40, 60);
+
+void KeepRoom(QWidget& control) {
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+    control.hide();
+}
+
+} // namespace
+
+frmSkin::frmSkin(AppState& state, SkinServices services, QWidget* parent)
+    : QDialog(parent), state_(state), services_(std::move(services)), ui_(std::make_unique<Ui::frmSkin>()) {
+    ui_->setupUi(this);
+    // So that nothing moves when another skin is selected.
+    KeepRoom(*ui_->imgReadme);
+    KeepRoom(*ui_->imgOption);
+    KeepRoom(*ui_->cmdRestore);
+    ui_->imgConfigure->setVisible(bool(services_.Configure));
+    if (state_.CoBrand) {
+        ui_->lblWebInfo->setText(QStringLiteral("Visit %1 for more skins").arg(state_.HomepageAddress));
+        ui_->lblDonate->hide();
+        ui_->imgFolder->setToolTip({});
+    }
+    connect(ui_->lstSkin, &QListWidget::currentRowChanged, this, &frmSkin::lstSkin_Click);
+    connect(ui_->lstSkin, &QListWidget::itemDoubleClicked, this, &frmSkin::ChangeSkin);
+    connect(ui_->lstOption, &QListWidget::itemSelectionChanged, this, &frmSkin::lstOption_Click);
+    connect(ui_->lstOption, &QListWidget::itemDoubleClicked, this, &frmSkin::ApplySkinOption);
+    connect(ui_->imgAutoChange, &QPushButton::clicked, this, &frmSkin::imgAutoChange_Click);
+    connect(ui_->imgOption, &QPushButton::clicked, this, &frmSkin::imgOption_Click);
+    connect(ui_->imgConfigure, &QPushButton::clicked, this, &frmSkin::imgConfigure_Click);
+    connect(ui_->imgFolder, &QPushButton::clicked, this, &frmSkin::imgFolder_Click);
+    connect(ui_->imgReadme, &QPushButton::clicked, this, &frmSkin::imgReadme_Click);
+    connect(ui_->cmdRestore, &QPushButton::clicked, this, &frmSkin::cmdRestore_Click);
+    connect(ui_->imgClose, &QPushButton::clicked, this, &QDialog::reject);
+    const WebAddresses web = WebAddressesOf(state_.HomepageAddress);
+    connect(ui_->lblWebInfo, &QPushButton::clicked, this,
+            [this, web] { services_.OpenUrl(web.Skins, ui_->lblWebInfo->text()); });
+    connect(ui_->lblDonate, &QPushButton::clicked, this,
+            [this, web] { services_.OpenUrl(web.Donate, QStringLiteral("Donate")); });
+    connect(&preview_, &SkinPreview::Arrived, this, &frmSkin::ShowFacts);
+    Dress();
+}
+
+frmSkin::~frmSkin() = default;
+
+void frmSkin::Form_Load() {
+    ListAll();
+    ui_->lstSkin->setFocus();
+    const PlaceScene scene = services_.Scene();
+    const QSize room(TwipsToPixels(scene.Screen.Width),
+                     TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top));
+    resize(size().boundedTo(room - kFrameOfWindow));
+    PlaceBeside(*this, kPlaceCentred, kGapToPanel, scene);
+}
+
+QString frmSkin::Skin() const {
+    const QListWidgetItem* item = ui_->lstSkin->currentItem();
+    return item ? item->text() : QString();
+}
+
+QString frmSkin::Option() const {
+    const QList<QListWidgetItem*> selected = ui_->lstOption->selectedItems();
+    return selected.isEmpty() ? QString() : selected.front()->text();
+}
+
+// False if other work is being done.
+bool frmSkin::Work(const std::function<void()>& work) {
+    if (std::exchange(isBusy_, true))
+        return false;
+    WorkShownBy (*this)(work);
+    isBusy_ = false;
+    return true;
+}
+
+// Keeps the selected skin, at first the one that is shown by the panel.
+void frmSkin::ListAll() {
+    const QString selected = Skin().isEmpty() ? state_.SkinName : Skin();
+    QStringList skins;
+    if (!Work([this, &skins] { skins = ListSkins(state_.AppFolder); }))
+        return;
+    {
+        const QSignalBlocker blocker(ui_->lstSkin);
+        ui_->lstSkin->clear();
+        ui_->lstSkin->addItems(skins);
+        ui_->lstSkin->setCurrentRow(int(skins.indexOf(selected)));
+    }
+    lstSkin_Click();
+}
+
+void frmSkin::lstSkin_Click() {
+    // Before the disk has been looked at: an option of the skin before must not be applied to this one.
+    ui_->lstOption->clear();
+    EnableCommands();
+    ShowPreview();
+}
+
+void frmSkin::lstOption_Click() {
+    EnableCommands();
+    ShowPreview();
+}
+
+void frmSkin::ShowPreview() {
+    if (Skin().isEmpty()) {
+        ShowFacts({});
+        return;
+    }
+    const double ratio = devicePixelRatioF();
+    const QSize room = ui_->imgScreenshot->size().expandedTo(ui_->imgScreenshot->sizeHint());
+    preview_.Show({SkinFolderOf(state_.AppFolder, Skin()), Option(), ratio,
+                   int(std::max(room.width(), room.height()) * ratio)});
+}
+
+void frmSkin::ShowFacts(const SkinFacts& facts) {
+    ui_->imgScreenshot->SetPicture(facts.Screenshot);
+    ui_->imgScreenshot->setAccessibleName(facts.Screenshot.IsNull()
+                                              ? QStringLiteral("No screenshot")
+                                              : QStringLiteral("Screenshot of ") + Skin());
+    ui_->imgReadme->setVisible(facts.HasReadme);
+    ui_->cmdRestore->setVisible(facts.HasOriginal);
+    QStringList shown;
+    for (int i = 0; i < ui_->lstOption->count(); ++i)
+        shown.append(ui_->lstOption->item(i)->text());
+    if (shown != facts.Options) {
+        const QSignalBlocker blocker(ui_->lstOption);
+        ui_->lstOption->clear();
+        ui_->lstOption->addItems(facts.Options);
+    }
+    EnableCommands();
+}
+
+void frmSkin::EnableCommands() {
+    const bool hasSkin = !Skin().isEmpty();
+    const bool hasOption = !Option().isEmpty();
+    for (QWidget* control : {static_cast<QWidget*>(ui_->imgAutoChange),
+                             static_cast<QWidget*>(ui_->imgConfigure), static_cast<QWidget*>(ui_->imgFolder)})
+        control->setEnabled(hasSkin);
+    ui_->lstOption->setEnabled(ui_->lstOption->count() > 0);
+    ui_->imgOption->setVisible(hasOption);
+    ui_->imgAutoChange->setText(hasOption ? QStringLiteral("Apply &Option") : QStringLiteral("&Use Skin"));
+    ui_->imgAutoChange->setToolTip(
+        hasOption ? QStringLiteral("Changes the files of the skin as the option says, and shows it")
+                  : QStringLiteral("Shows the panel in this skin (Enter)"));
+    // The one that the panel shows.
+    for (int i = 0; i < ui_->lstSkin->count(); ++i) {
+        QListWidgetItem* item = ui_->lstSkin->item(i);
+        QFont font = ui_->lstSkin->font();
+        font.setBold(item->text() == state_.SkinName);
+        item->setFont(font);
+    }
+}
+
+void frmSkin::imgAutoChange_Click() {
+    if (Option().isEmpty())
+        ChangeSkin();
+    else
+        ApplySkinOption();
+}
+
+void frmSkin::imgOption_Click() {
+    ui_->lstOption->clearSelection();
+    ui_->lstOption->setCurrentItem(nullptr);
+    ui_->lstOption->setFocus();
+}
+
+// The skin is looked at before its name is written: the panel would show another one at each start.
+void frmSkin::ChangeSkin() {
+    const QString skin = Skin();
+    if (skin.isEmpty())
+        return;
+    QString problem;
+    const bool worked = Work([this, skin, &problem] {
+        if (const auto theme = ReadSkin(state_.AppFolder, skin); !theme)
+            problem = theme.error().Text();
+        else if (const FileResult saved = SaveSkinName(state_.AppFolder, skin); !saved)
+            problem = QStringLiteral("The skin could not be changed:\n\n") + saved.error().Text();
+    });
+    if (!problem.isEmpty())
+        services_.Prompts.Notice(problem);
+    else if (worked)
+        Reload();
+}
+
+void frmSkin::ApplySkinOption() {
+    const QString skin = Skin();
+    const QString option = Option();
+    if (skin.isEmpty() || option.isEmpty())
+        return;
+    OptionResult applied;
+    if (!Work([&] { applied = ApplyOption(state_.AppFolder, skin, option); }))
+        return;
+    if (!applied) {
+        services_.Prompts.Notice(applied.error());
+        return;
+    }
+    ChangeSkin();
+}
+
+void frmSkin::cmdRestore_Click() {
+    const QString skin = Skin();
+    const QString question =
+        QStringLiteral(
+            "All files of \"%1\" that options have changed become what they were before the first "
+            "of them. What has been changed in these files since then is lost.\n\nDo you want this?")
+            .arg(skin);
+    if (skin.isEmpty() || !services_.Prompts.Confirm(question, QStringLiteral("Restore Original")))
+        return;
+    OptionResult restored;
+    if (!Work([&] { restored = RestoreOriginal(state_.AppFolder, skin); }))
+        return;
+    if (!restored) {
+        services_.Prompts.Notice(restored.error());
+        return;
+    }
+    if (skin == state_.SkinName)
+        Reload();
+    else
+        lstSkin_Click();
+}
+
+void frmSkin::Reload() {
+    services_.ReloadPanel();
+    // The new panel may cover the window.
+    raise();
+    activateWindow();
+    lstSkin_Click();
+}
+
+void frmSkin::imgConfigure_Click() {
+    if (!Skin().isEmpty() && services_.Configure(Skin(), this))
+        Reload();
+}
+
+void frmSkin::imgFolder_Click() {
+    OpenPath(SkinFolderOf(state_.AppFolder, Skin()).Text() + u'/', Skin());
+}
+
+void frmSkin::imgReadme_Click() {
+    const QString file = FindReadme(SkinFolderOf(state_.AppFolder, Skin()));
+    if (!file.isEmpty())
+        OpenPath(file, QStringLiteral("Read Me"));
+}
+
+void frmSkin::OpenPath(const QString& hostPath, const QString& name) {
+    LaunchRequest request;
+    request.What = LaunchRequest::Action::OpenTarget;
+    request.Target = state_.Drives.ToStored(hostPath);
+    request.Name = name;
+    services_.Opener.Open(request, {state_.Drives, state_.AppPath});
+}
+
+void frmSkin::Dress() {
+    ui_->picPaper->setBackgroundRole(kPaperRole);
+    ui_->picPaper->setPalette(PaperPalette(palette()));
+}
+
+void frmSkin::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        Dress();
+}
+
+void frmSkin::done(int result) {
+    // A window manager may ask for the end in the middle of the work.
+    if (!isBusy_)
+        QDialog::done(result);
+}
+
+} // namespace paneda
