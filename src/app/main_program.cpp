@@ -51,12 +51,15 @@ MainProgram::MainProgram(Platform platform, const QString& executablePath, std::
                                  .Opener = *platform_.Opener,
                                  .Volumes = *platform_.Volumes};
     MakeTrees();
-    dialogs_ = std::make_unique<PanelDialogs>(state_, DialogServices{.Settings = settings,
-                                                                     .SoundPlayer = *platform_.SoundPlayer,
-                                                                     .Opener = *platform_.Opener,
-                                                                     .Sources = sources,
-                                                                     .Downloader = *platform_.Downloader,
-                                                                     .Close = close});
+    dialogs_ = std::make_unique<PanelDialogs>(
+        state_, DialogServices{.Settings = settings,
+                               .SoundPlayer = *platform_.SoundPlayer,
+                               .Opener = *platform_.Opener,
+                               .Sources = sources,
+                               .Downloader = *platform_.Downloader,
+                               .Close = close,
+                               .DropTree = [this](const QString& tree) { DropTree(tree); },
+                               .TreesBound = [this] { panel_->ShowBoundTrees(); }});
 }
 
 MainProgram::~MainProgram() = default;
@@ -69,12 +72,21 @@ void MainProgram::MakeTrees() {
         .FileIcons = *platform_.FileIcons,
         .Opener = *platform_.Opener,
         .Downloader = *platform_.Downloader,
-        .PlainNoteIcon = [](int side) { return PaintNodeSign(NodeSign::Note, side / kIcon); }});
+        .PlainNoteIcon = [](int side) { return PaintNodeSign(NodeSign::Note, side / kIcon); },
+        .ShowTreeList =
+            [this](QWidget& window, const QPoint& mouse) {
+                dialogs_->OpenTreeList(state_.SelectedCategory, window, mouse);
+            }});
     satellites_ = std::make_unique<TreeSatellite>(state_, TreeServices{.Prompts = *prompts_,
                                                                        .FileIcons = *platform_.FileIcons,
                                                                        .Opener = *platform_.Opener,
                                                                        .Volumes = *platform_.Volumes,
                                                                        .Dialogs = treeDialogs_.get()});
+}
+
+void MainProgram::DropTree(const QString& tree) {
+    if (frmTree* window = satellites_->Window())
+        window->RefreshTree({}, tree);
 }
 
 int MainProgram::Run() {
@@ -172,7 +184,10 @@ void MainProgram::LoadPanel() {
                                  .SoundPlayer = *platform_.SoundPlayer,
                                  .Satellites = *satellites_,
                                  .Prompts = *prompts_,
-                                 .MenuActions = std::move(actions)};
+                                 .MenuActions = std::move(actions),
+                                 .ShowTreeList = [this](int category, QWidget& window, const QPoint& mouse) {
+                                     dialogs_->OpenTreeList(category, window, mouse);
+                                 }};
     panel_ = std::make_unique<frmMain>(state_, services);
     connect(panel_.get(), &frmMain::Unloaded, this, &MainProgram::End);
     panel_->Form_Load();

@@ -39,6 +39,7 @@ public:
 
 private:
     void MakeTrees();
+    void DropTree(const QString& tree);
     void LoadPanel();
     void ListenToOutside();
     void End();

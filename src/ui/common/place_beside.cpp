@@ -4,6 +4,8 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace paneda {
 
 namespace {
@@ -26,6 +28,17 @@ void PlaceAtPoint(QWidget& window, const QPoint& point) {
     const QRect area = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
     window.move(HeldBetween(point.x(), window.width(), area.left(), area.left() + area.width()),
                 HeldBetween(point.y(), window.height() + kTitleBar, area.top(), area.top() + area.height()));
+}
+
+void PlaceNextTo(QWidget& window, const QWidget& other, int gap) {
+    const QRect place = other.frameGeometry();
+    const QPoint right(place.right() + 1 + gap, place.top());
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
+    const QRect area = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    const bool fits = right.x() + window.width() <= area.left() + area.width();
+    // A point on the other window's screen, so that it is held there.
+    PlaceAtPoint(
+        window, fits ? right : QPoint(std::max(place.left() - gap - window.width(), area.left()), right.y()));
 }
 
 } // namespace paneda

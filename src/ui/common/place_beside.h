@@ -15,4 +15,8 @@ void PlaceBeside(QWidget& window, int mode, int extra, const PlaceScene& scene);
 // near to it as the screen's work area lets it.
 void PlaceAtPoint(QWidget& window, const QPoint& point);
 
+// The same, with its top at that of another window, `gap` pixels right of it; left of it where there is no
+// room.
+void PlaceNextTo(QWidget& window, const QWidget& other, int gap);
+
 } // namespace paneda

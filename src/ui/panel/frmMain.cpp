@@ -151,6 +151,16 @@ std::optional<TreeOnPanel> frmMain::OpenedTree() {
                        painted_ && isVisible() && !isMinimized()};
 }
 
+void frmMain::ShowBoundTrees() {
+    if (unloaded_)
+        return;
+    look_->RedrawBarTitles();
+    // The next start is to know the trees, too.
+    WriteCache(state_, look_->Record());
+    picCategory_Click(opened_.Index);
+    prepare_.start();
+}
+
 void frmMain::ShowPicture(const QImage& picture) {
     picture_ = picture;
     ShapeWindow();

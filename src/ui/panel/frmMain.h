@@ -30,6 +30,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -51,6 +52,8 @@ struct PanelServices {
     paneda::Satellites& Satellites;
     paneda::Prompts& Prompts;
     paneda::MenuActions MenuActions;
+    // Lets the user choose the tree of a category. `mouse`: pixels of the desktop. Empty: nothing happens.
+    std::function<void(int category, QWidget& window, const QPoint& mouse)> ShowTreeList = {};
 };
 
 // The panel: one window that shows the stack of category bars and, above them, the groups and buttons of the
@@ -79,11 +82,15 @@ public:
     void Form_LinkExecute(const QString& command);
 
     void picCategory_Click(int index);
+    void picCategory_MouseDown(int index, Qt::MouseButton button, const QPoint& mouse);
     void picGroup_Click();
     void picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask);
     void imgHide_Click();
     void imgMenu_Click();
     void imgLogo_MouseDown(Qt::MouseButton button);
+
+    // Categories show other trees than before.
+    void ShowBoundTrees();
 
     // Shows the panel at its saved place, moved into the work area where it would reach beyond it.
     void ShowPaneda();

@@ -1,8 +1,12 @@
 #include "ui/panel/panel_dialogs.h"
 
 #include "core/panel/launch.h"
+#include "ui/common/place_beside.h"
 #include "ui/panel/tray_presence.h"
 #include "ui/skin/frmSkinConfigure.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
 
 namespace paneda {
 
@@ -52,6 +56,7 @@ void PanelDialogs::CloseAll() {
     delete setting_;
     delete skin_;
     delete credit_;
+    delete treeList_;
 }
 
 void PanelDialogs::OpenOrganiser() {
@@ -94,6 +99,31 @@ void PanelDialogs::OpenSkin() {
 
 void PanelDialogs::OpenCredit() {
     ShowOne(credit_, [this] { return new frmCredit(state_, services_.SoundPlayer); });
+}
+
+void PanelDialogs::OpenTreeList(int category, QWidget& window, const QPoint& mouse) {
+    delete treeList_;
+    const auto chooseColor = [](const QColor& color, QWidget* parent) {
+        return QColorDialog::getColor(color, parent);
+    };
+    const auto chooseFolder = [](const QString& title, const QString& folder, QWidget* parent) {
+        // A caption has one line.
+        return QFileDialog::getExistingDirectory(parent, title.simplified(), folder);
+    };
+    treeList_ = new frmDynamicCat({.State = state_,
+                                   .Prompts = services_.Settings.Prompts,
+                                   .Opener = services_.Opener,
+                                   .ChooseColor = chooseColor,
+                                   .ChooseFolder = chooseFolder,
+                                   .CloseNote = services_.CloseNote,
+                                   .DropTree = services_.DropTree,
+                                   .TreesBound = services_.TreesBound},
+                                  category, &window);
+    treeList_->setAttribute(Qt::WA_DeleteOnClose);
+    treeList_->Form_Load();
+    PlaceAtPoint(*treeList_, mouse);
+    treeList_->show();
+    treeList_->activateWindow();
 }
 
 void PanelDialogs::OpenHelp(HelpTopic topic) {

@@ -2,6 +2,7 @@
 
 #include "core/files/web_addresses.h"
 #include "platform/downloader.h"
+#include "ui/notes/frmDynamicCat.h"
 #include "ui/organiser/frmButton.h"
 #include "ui/panel/frmCredit.h"
 #include "ui/panel/main_menu.h"
@@ -23,6 +24,10 @@ struct DialogServices {
     paneda::Downloader& Downloader;
     // Ends the program.
     std::function<void()> Close;
+    // Of the list of trees; see TreeManagerServices.
+    std::function<void()> CloseNote = {};
+    std::function<void(const QString& tree)> DropTree = {};
+    std::function<void()> TreesBound = {};
 };
 
 // The windows that the panel's menus open, at most one of each. They stay open when the panel is reloaded.
@@ -32,6 +37,10 @@ public:
     ~PanelDialogs();
 
     MenuActions Actions();
+
+    // Lets the user choose the tree of a category, in a window that belongs to `window`. `mouse`: pixels of
+    // the desktop.
+    void OpenTreeList(int category, QWidget& window, const QPoint& mouse);
 
     // Closes all open windows. Called when the program ends.
     void CloseAll();
@@ -50,6 +59,7 @@ private:
     QPointer<frmSetting> setting_;
     QPointer<frmSkin> skin_;
     QPointer<frmCredit> credit_;
+    QPointer<frmDynamicCat> treeList_;
 };
 
 } // namespace paneda

@@ -55,6 +55,9 @@ public:
     // Whether a button of this size, in layout pixels, has no room for all of its label.
     virtual bool CutsLabel(const ButtonEntry& button, const QSize& size) = 0;
 
+    // The titles of the bars have changed.
+    virtual void RedrawBarTitles() = 0;
+
     // The pictures of the skin and of buttons that have been left out since the last call. Some are named
     // again when a picture is drawn again.
     virtual std::vector<PictureError> TakeLeftOut() = 0;

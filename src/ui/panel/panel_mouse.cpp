@@ -48,6 +48,8 @@ void frmMain::mousePressEvent(QMouseEvent* event) {
     // Buttons start their target at the press; bars, headers and signs react to the release.
     if (area.What == HitArea::Kind::Button && button)
         picIcon_MouseDown(ButtonAt(area), *button, ShiftMaskOf(event->modifiers()));
+    else if (area.What == HitArea::Kind::Bar)
+        picCategory_MouseDown(area.Category, event->button(), event->globalPosition().toPoint());
     else if (area.What == HitArea::Kind::Logo)
         imgLogo_MouseDown(event->button());
     else if (area.What == HitArea::Kind::Frame && button == MouseButton::Right && !HasRoomForMenu())
@@ -83,6 +85,12 @@ void frmMain::mouseReleaseEvent(QMouseEvent* event) {
         imgHide_Click();
     else if (area.What == HitArea::Kind::Menu)
         imgMenu_Click();
+}
+
+void frmMain::picCategory_MouseDown(int index, Qt::MouseButton button, const QPoint& mouse) {
+    const bool isTree = state_.Catalogue[std::size_t(index)].IsTree();
+    if (button == Qt::RightButton && isTree && services_.ShowTreeList)
+        services_.ShowTreeList(index, *this, mouse);
 }
 
 void frmMain::picIcon_MouseDown(const ButtonEntry& button, MouseButton mouse, int shiftMask) {

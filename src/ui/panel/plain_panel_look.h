@@ -24,6 +24,7 @@ public:
     void RefreshDrives() override { drives_.Read(*geometry_); }
     QString DriveTip(int controlIndex) const override { return drives_.TipOf(controlIndex); }
     // This look does not measure its labels, so every tool tip repeats the label.
+    void RedrawBarTitles() override {}
     bool CutsLabel(const ButtonEntry&, const QSize&) override { return true; }
     std::vector<PictureError> TakeLeftOut() override { return {}; }
     bool PrepareNext() override { return false; }

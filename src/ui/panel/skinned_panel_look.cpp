@@ -99,6 +99,11 @@ void SkinnedPanelLook::RefreshDrives() {
     pictures_->RefleshPanel();
 }
 
+void SkinnedPanelLook::RedrawBarTitles() {
+    // Ignored: a picture that is not on file is composed when it is shown.
+    (void)pictures_->RedrawBarTitles();
+}
+
 bool SkinnedPanelLook::CutsLabel(const ButtonEntry& button, const QSize& size) {
     const TwipsRect box{0, 0, PixelsToTwips(size.width()), PixelsToTwips(size.height())};
     return ButtonLabel(DecodeStyle(button.Style), CaptionOf(button), box, theme_, fonts_).IsCut(ratio_);

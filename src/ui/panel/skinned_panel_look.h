@@ -33,6 +33,7 @@ public:
     QRect LogoArea() const override;
     void RefreshDrives() override;
     QString DriveTip(int controlIndex) const override { return drives_.TipOf(controlIndex); }
+    void RedrawBarTitles() override;
     bool CutsLabel(const ButtonEntry& button, const QSize& size) override;
     std::vector<PictureError> TakeLeftOut() override { return pictures_->TakeLeftOut(); }
     bool PrepareNext() override { return pictures_->PrepareNext(); }
