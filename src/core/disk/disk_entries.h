@@ -49,6 +49,9 @@ tl::expected<std::vector<DiskEntry>, EntryError> ListEntries(const DiskPath& fol
 // succeeds.
 EntryResult MakeNewFolder(const DiskPath& path);
 
+// Fails when the disk takes no name of this length. Nothing is made, and nothing else is checked.
+EntryResult CheckNameLength(const DiskPath& path);
+
 // Renames a file, a folder or a link, all at once, and never onto an existing entry. A new spelling of the
 // same name is possible where the host ignores case.
 EntryResult RenameEntry(const DiskPath& from, const DiskPath& to);

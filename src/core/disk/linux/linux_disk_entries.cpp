@@ -97,6 +97,8 @@ int Rename(const Place& from, const Place& to, unsigned flags) {
 int RenameWithLook(const Place& from, const Place& to) {
     struct stat status {};
     if (fstatat(to.At(), to.Name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
+        if (IsOtherSpelling(from, to))
+            return Rename(from, to, 0);
         errno = EEXIST;
         return -1;
     }
@@ -146,6 +148,14 @@ tl::expected<std::vector<DiskEntry>, EntryError> ListEntries(const DiskPath& fol
 
 EntryResult MakeNewFolder(const DiskPath& path) {
     return OnPlace(path, [](const Place& at) { return mkdirat(at.At(), at.Name.constData(), 0777); });
+}
+
+EntryResult CheckNameLength(const DiskPath& path) {
+    return OnPlace(path, [](const Place& at) {
+        struct stat status {};
+        const int looked = fstatat(at.At(), at.Name.constData(), &status, AT_SYMLINK_NOFOLLOW);
+        return looked != 0 && errno == ENAMETOOLONG ? -1 : 0;
+    });
 }
 
 EntryResult RenameEntry(const DiskPath& from, const DiskPath& to) {

@@ -92,7 +92,13 @@ tl::expected<Descriptor, EntryError> OpenAt(const Place& place, int flags, mode_
 }
 
 tl::unexpected<EntryError> SystemFailure(const QString& path, int error) {
-    return tl::make_unexpected(EntryError{ProblemOf(error), Failure(path, qt_error_string(error)).value()});
+    const QString reason =
+        error == ENAMETOOLONG
+            ? QStringLiteral(
+                  "The name is too long: most disks take 255 bytes, of which a letter beyond ASCII "
+                  "needs two to four.")
+            : qt_error_string(error);
+    return tl::make_unexpected(EntryError{ProblemOf(error), Failure(path, reason).value()});
 }
 
 tl::unexpected<EntryError> PlaceFailure(const Place& place, int error) {

@@ -156,6 +156,13 @@ EntryResult MakeNewFolder(const DiskPath& path) {
     return OnPlace(path, [](const std::wstring& name) { return CreateDirectoryW(name.c_str(), nullptr); });
 }
 
+EntryResult CheckNameLength(const DiskPath& path) {
+    // Of NTFS, FAT and exFAT, in units of UTF-16.
+    constexpr qsizetype kLongestName = 255;
+    return path.Name().size() <= kLongestName ? EntryResult()
+                                              : SystemFailure(path.Text(), ERROR_FILENAME_EXCED_RANGE);
+}
+
 EntryResult RenameEntry(const DiskPath& from, const DiskPath& to) {
     return Move(from, to, 0);
 }
