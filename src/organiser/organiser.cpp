@@ -4,8 +4,8 @@
 #include "core/store/entries.h"
 #include "core/store/names.h"
 #include "organiser/link_record.h"
+#include "organiser/picture_replacing.h"
 
-#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
@@ -20,13 +20,6 @@ QString& NameOf(StoreFolder& folder) {
 
 QString& NameOf(StoreButton& button) {
     return button.FileName;
-}
-
-QStringList NamesIn(const DiskPath& folder) {
-    QStringList names;
-    for (const DiskEntry& entry : ListEntries(folder).value_or(std::vector<DiskEntry>()))
-        names.append(entry.Name);
-    return names;
 }
 
 void SortByTitle(std::vector<StoreFolder>& folders) {
@@ -251,8 +244,10 @@ FileResult Organiser::RunAndNote(StoreLevel level, const Renames& renames) {
 }
 
 FileResult Organiser::Renumber(StoreLevel level) {
-    return WithList(level, [this, level](auto& list) {
-        return RunAndNote(level, PlanNumbers(list.Entries, NamesIn(FolderOf(level))));
+    return WithList(level, [this, level](auto& list) -> FileResult {
+        const auto names = NamesIn(FolderOf(level));
+        return names ? RunAndNote(level, PlanNumbers(list.Entries, *names))
+                     : tl::make_unexpected(names.error());
     });
 }
 
@@ -297,10 +292,7 @@ FileResult Organiser::RewriteRecord(const LinkResult& link) {
 FileResult Organiser::PlaceCopy(const DiskPath& from, const DiskPath& to, bool removeSource) const {
     const FileResult copied =
         AddFile(to, [&from](const DiskPath& hidden) { return CopyWholeFile(from, hidden, from); });
-    if (!copied || !removeSource)
-        return copied;
-    const EntryResult flushed = FlushFolder(to.Parent());
-    return WithoutProblem(flushed ? RemoveFile(from) : flushed);
+    return copied && removeSource ? RemoveMoved(from, to.Parent()) : copied;
 }
 
 FileResult Organiser::Delete(StoreLevel level) {
@@ -308,8 +300,10 @@ FileResult Organiser::Delete(StoreLevel level) {
         return WithList(level, [&](auto& list) -> FileResult {
             const DiskPath folder = FolderOf(level);
             const QString name = NameOf(list.Entries[std::size_t(list.Selected)]);
-            const QString picture =
-                level == StoreLevel::Buttons ? PictureOf(name, NamesIn(folder)) : QString();
+            const auto names = NamesIn(folder);
+            if (!names)
+                return tl::make_unexpected(names.error());
+            const QString picture = level == StoreLevel::Buttons ? PictureOf(name, *names) : QString();
             if (const FileResult deleted = DeleteTree(folder / name); !deleted)
                 return deleted;
             if (!picture.isEmpty()) {
@@ -327,9 +321,12 @@ FileResult Organiser::Delete(StoreLevel level) {
 
 FileResult Organiser::Retitle(StoreLevel level, const QString& title) {
     return Change([&] {
-        return WithList(level, [&](auto& list) {
+        return WithList(level, [&](auto& list) -> FileResult {
             const auto& entry = list.Entries[std::size_t(list.Selected)];
-            const FileResult renamed = RunAndNote(level, PlanTitle(entry, title, NamesIn(FolderOf(level))));
+            const auto names = NamesIn(FolderOf(level));
+            if (!names)
+                return tl::make_unexpected(names.error());
+            const FileResult renamed = RunAndNote(level, PlanTitle(entry, title, *names));
             // The new title may change the order where two entries have one number.
             if (renamed)
                 ReadAgain(StoreLevel::Categories);
@@ -367,37 +364,7 @@ FileResult Organiser::Sort(StoreLevel level) {
 }
 
 FileResult Organiser::SetPicture(const QString& picture, bool moveSource) {
-    return Change([&]() -> FileResult {
-        const QString button = buttons_.Entries[std::size_t(buttons_.Selected)].FileName;
-        const QString name = WithoutExtension(button) + u'.' + ExtensionOf(picture);
-        const DiskPath source(picture);
-        const QString given = QFileInfo(picture).canonicalFilePath();
-        const FileResult replaced = WriteHidden(
-            GroupFolder() / name,
-            [&source](const DiskPath& hidden) { return CopyWholeFile(source, hidden, source); },
-            [&](const DiskPath& hidden) { return ReplacePicture(hidden, name); });
-        // A picture of the button's own is not taken away from it.
-        const QString ownStem =
-            QFileInfo(GroupFolder().Text()).canonicalFilePath() + u'/' + WithoutExtension(button);
-        const bool isOwn = SameName(WithoutExtension(given), ownStem);
-        if (!replaced || !moveSource || isOwn)
-            return replaced;
-        const EntryResult flushed = FlushFolder(GroupFolder());
-        return WithoutProblem(flushed ? RemoveFile(source) : flushed);
-    });
-}
-
-// Another picture of the button goes only when the new one is in its place.
-FileResult Organiser::ReplacePicture(const DiskPath& hidden, const QString& name) const {
-    const DiskPath folder = hidden.Parent();
-    const QString former = PictureOf(name, NamesIn(folder));
-    if (const EntryResult placed = RenameOver(hidden, folder / name); !placed)
-        return WithoutProblem(placed);
-    // Where case does not tell names apart, the former one was replaced although it is spelled otherwise.
-    const QStringList now = NamesIn(folder);
-    if (former == name || !now.contains(former) || !now.contains(name))
-        return {};
-    return WithoutProblem(RemoveFile(folder / former));
+    return Change([&] { return ReplacePicture(ButtonFile(), picture, moveSource); });
 }
 
 } // namespace paneda

@@ -50,8 +50,8 @@ public:
     // Reads a list and those behind it again, and keeps what is selected as far as it is still there.
     void Reread(StoreLevel level);
 
-    // Reads the buttons again after another window has changed them, and selects this file; with an empty
-    // name, the one that was selected.
+    // Reads the buttons again after another window has changed them, and selects this file; where none has
+    // the name, the one that was selected.
     void RereadButtons(const QString& fileName);
 
     // Whether an operation has touched the disk since the last ForgetChanges.
@@ -107,7 +107,6 @@ private:
     FileResult RunAndNote(StoreLevel level, const Renames& renames);
     FileResult Renumber(StoreLevel level);
     FileResult PlaceCopy(const DiskPath& from, const DiskPath& to, bool removeSource) const;
-    FileResult ReplacePicture(const DiskPath& hidden, const QString& name) const;
 
     DiskPath setting_;
     DiskWork work_;

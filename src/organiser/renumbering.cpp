@@ -38,6 +38,21 @@ public:
         Add(rename.To);
     }
 
+    // The first of head + number + tail that is free; numbers get zeros in front up to `digits`.
+    QString FreeName(const QString& head, int number, int digits, const QString& tail) const {
+        for (;; ++number) {
+            QString name = head + QString::number(number).rightJustified(digits, u'0') + tail;
+            if (Find(name).isEmpty())
+                return name;
+        }
+    }
+
+    // "<name> (2).png" for a picture in the way.
+    QString PlaceAside(const QString& picture) const {
+        return FreeName(WithoutExtension(picture) + QStringLiteral(" ("), 2, 1,
+                        QStringLiteral(").") + ExtensionOf(picture));
+    }
+
 private:
     QMultiHash<QString, QString> names_;
 };
@@ -110,8 +125,7 @@ private:
         const QString holder = names_.Find(wanted_[i].To);
         if (!holder.isEmpty() && holder != wanted_[i].From && IsImageExtension(ExtensionOf(holder)) &&
             !waiting_.contains(holder))
-            Add({holder, FreeName(WithoutExtension(holder) + QStringLiteral(" ("), 2, 1,
-                                  QStringLiteral(").") + ExtensionOf(holder))});
+            Add({holder, names_.PlaceAside(holder)});
         Add(wanted_[i]);
         done_[i] = true;
     }
@@ -120,20 +134,11 @@ private:
         QString& from = wanted_[i].From;
         const QString& to = wanted_[i].To;
         const QString detour =
-            FreeName(QStringLiteral("["), int(wanted_.size()) + 1, 3, to.sliced(to.indexOf(u']')));
+            names_.FreeName(QStringLiteral("["), int(wanted_.size()) + 1, 3, to.sliced(to.indexOf(u']')));
         Add({from, detour});
         waiting_.remove(from);
         waiting_.insert(detour, i);
         from = detour;
-    }
-
-    // The first of head + number + tail that is free; numbers get zeros in front up to `digits`.
-    QString FreeName(const QString& head, int number, int digits, const QString& tail) const {
-        for (;; ++number) {
-            QString name = head + QString::number(number).rightJustified(digits, u'0') + tail;
-            if (names_.Find(name).isEmpty())
-                return name;
-        }
     }
 
     void Add(const Rename& rename) {
@@ -190,6 +195,10 @@ Renames RenameButton(const QString& fileName, const QString& newName, const QStr
 
 QString PictureOf(const QString& fileName, const QStringList& names) {
     return PictureIn(NamesInFolder(names), fileName);
+}
+
+QString PlaceAside(const QString& picture, const QStringList& names) {
+    return NamesInFolder(names).PlaceAside(picture);
 }
 
 QString RetitledFolder(const QString& folderName, const QString& title) {

@@ -37,6 +37,9 @@ Renames RenameButton(const QString& fileName, const QString& newName, const QStr
 // The picture that belongs to a button's file; empty for none.
 QString PictureOf(const QString& fileName, const QStringList& names);
 
+// A free name for a picture that is in the way of another one: "<name> (2).png", or with a higher number.
+QString PlaceAside(const QString& picture, const QStringList& names);
+
 // The name of a folder (a button) with a new title. The number stays as it is, also when there is none, and
 // so do style and extension of a button. The name is one that every system takes (see SafeFileName).
 QString RetitledFolder(const QString& folderName, const QString& title);

@@ -8,13 +8,9 @@ namespace paneda {
 namespace {
 
 FileResult RestyleFolder(const StyleChange& change, const DiskPath& group, const QString& edited) {
-    const auto entries = ListEntries(group);
-    if (!entries)
-        return tl::make_unexpected(entries.error().Error);
-    QStringList names;
-    for (const DiskEntry& entry : *entries)
-        names.append(entry.Name);
-    return RunRenames(group, RestyleGroup(change, edited, ReadButtons(group), names));
+    const auto names = NamesIn(group);
+    return names ? RunRenames(group, RestyleGroup(change, edited, ReadButtons(group), *names))
+                 : tl::make_unexpected(names.error());
 }
 
 QString WithTag(const QString& head, const QString& style, const QString& fileName) {

@@ -11,6 +11,7 @@ namespace paneda {
 namespace {
 
 constexpr qint64 kLeftoverDays = 1;
+constexpr qsizetype kFitsEverywhere = 140; // bytes of a name; an encrypted folder of some systems takes 143
 const QString kDeleted = kUnfinishedPrefix + QStringLiteral("deleted-");
 const QString kNew = kUnfinishedPrefix + QStringLiteral("new-");
 
@@ -23,6 +24,17 @@ FileResult RenameFailure(const DiskPath& from, const QString& to, const EntryErr
                                ? QStringLiteral("There is another entry of this name.")
                                : error.Error.Reason;
     return Failure(from.Text(), QStringLiteral("It cannot be renamed to \"%1\". ").arg(to) + reason);
+}
+
+// Before the first rename, so that no button gets a name that its picture cannot follow.
+FileResult CheckLengths(const DiskPath& folder, const Renames& renames) {
+    for (const auto& [from, to] : renames) {
+        if (to.toUtf8().size() <= kFitsEverywhere)
+            continue;
+        if (const EntryResult fits = CheckNameLength(folder / to); !fits)
+            return RenameFailure(folder / from, to, fits.error());
+    }
+    return {};
 }
 
 bool Holds(const DiskPath& folder, const QString& name) {
@@ -43,7 +55,19 @@ EntryResult RenameIn(const DiskPath& folder, const QString& from, const QString&
 
 } // namespace
 
+tl::expected<QStringList, FileError> NamesIn(const DiskPath& folder) {
+    const auto entries = ListEntries(folder);
+    if (!entries)
+        return tl::make_unexpected(entries.error().Error);
+    QStringList names;
+    for (const DiskEntry& entry : *entries)
+        names.append(entry.Name);
+    return names;
+}
+
 FileResult RunRenames(const DiskPath& folder, const Renames& renames) {
+    if (const FileResult fit = CheckLengths(folder, renames); !fit)
+        return fit;
     for (const auto& [from, to] : renames) {
         const EntryResult renamed = RenameIn(folder, from, to);
         if (!renamed)
@@ -56,7 +80,10 @@ FileResult DeleteTree(const DiskPath& path) {
     RemoveLeftovers(path.Parent());
     const DiskPath hidden = HiddenPath(path.Parent(), kDeleted);
     if (const EntryResult renamed = RenameEntry(path, hidden); !renamed) {
-        return renamed.error().Problem == EntryProblem::Missing ? FileResult() : WithoutProblem(renamed);
+        return renamed.error().Problem == EntryProblem::Missing
+                   ? Failure(path.Text(), QStringLiteral("It is no longer there. Somebody else may have "
+                                                         "deleted it, or given it another name."))
+                   : WithoutProblem(renamed);
     }
     if (const FileResult removed = RemoveTree(hidden); !removed)
         return Failure(path.Text(),
@@ -86,6 +113,11 @@ FileResult WriteHidden(const DiskPath& shown, const std::function<FileResult(con
     if (!result)
         (void)RemoveFile(hidden);
     return result;
+}
+
+FileResult RemoveMoved(const DiskPath& source, const DiskPath& folder) {
+    const EntryResult flushed = FlushFolder(folder);
+    return WithoutProblem(flushed ? RemoveFile(source) : flushed);
 }
 
 void RemoveLeftovers(const DiskPath& folder) {

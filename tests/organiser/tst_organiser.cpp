@@ -103,6 +103,14 @@ void tst_organiser::operations() {
     QVERIFY(organiser.Move(StoreLevel::Buttons, 0));
     QCOMPARE(organiser.Titles(StoreLevel::Buttons), QStringList({u"c"_s, u"a.pnd"_s, u"B.url"_s}));
     QCOMPARE(organiser.Selected(StoreLevel::Buttons), 0);
+    // Another window has renamed the first of two of one title.
+    QVERIFY(QFile::rename(store.Path(group + u"[001] c [].LNK"_s), store.Path(group + u"[001] a [].LNK"_s)));
+    organiser.RereadButtons(u"[001] a [].LNK"_s);
+    QCOMPARE(organiser.Selected(StoreLevel::Buttons), 0);
+    QVERIFY(organiser.Retitle(StoreLevel::Buttons, u"c"_s));
+    // A picture in the way, and one that would be shown instead, are kept.
+    for (const QString& picture : {u"bmp"_s, u"jpg"_s, u"GIF"_s})
+        store.AddFile(group + u"[001] c []."_s + picture, "own");
     QVERIFY(organiser.SetPicture(store.Path(u"source.gif"_s), true));
     QVERIFY(organiser.SetPicture(store.Path(group + u"[001] c [].gif"_s), true));
     organiser.Select(StoreLevel::Buttons, 2);
@@ -124,9 +132,10 @@ void tst_organiser::operations() {
     QCOMPARE(
         entries,
         QStringList({u"Setting/[001] A/"_s, u"Setting/[001] A/[001] Letters/"_s, group + u".paneda-young"_s,
-                     group + u"[001] b [2].gif"_s, group + u"[001] b [2].url"_s, group + u"[003] c [].LNK"_s,
-                     group + u"[003] c [].gif"_s, group + u"[004] New [].pnd"_s, u"Setting/[002] c/"_s,
-                     u"Setting/[002] c/[001] G/"_s, u"Setting/[003] D/"_s}));
+                     group + u"[001] b [2].gif"_s, group + u"[001] b [2].url"_s,
+                     group + u"[001] c [] (2).GIF"_s, group + u"[001] c [] (2).bmp"_s,
+                     group + u"[003] c [].LNK"_s, group + u"[003] c [].gif"_s, group + u"[004] New [].pnd"_s,
+                     u"Setting/[002] c/"_s, u"Setting/[002] c/[001] G/"_s, u"Setting/[003] D/"_s}));
     QCOMPARE(organiser.CategoryNow(u"[004] C"_s), u"[002] c"_s);
 }
 
@@ -144,6 +153,21 @@ void tst_organiser::failures() {
     QCOMPARE(organiser.Titles(StoreLevel::Categories), QStringList({u"A"_s, u"B"_s}));
     QCOMPARE(organiser.Selected(StoreLevel::Categories), 1);
     QVERIFY(organiser.HasChanges());
+    // Nothing is renamed when a name would be too long.
+    const QString longName = QString(248, u'l');
+    store.AddFile(u"Setting/[002] B/[001] G/[002] a [].x"_s);
+    store.AddFile(u"Setting/[002] B/[001] G/[003] b [].x"_s);
+    store.AddFile(u"Setting/[002] B/[001] G/"_s + longName + u".x"_s);
+    organiser.Reread(StoreLevel::Groups);
+    const QStringList entries = store.Entries();
+    const FileResult numbered = organiser.Sort(StoreLevel::Buttons);
+    QVERIFY(!numbered && numbered.error().Path.contains(longName));
+    QCOMPARE(store.Entries(), entries);
+    // What somebody else has renamed is not deleted.
+    QVERIFY(
+        QFile::rename(store.Path(u"Setting/[002] B/[001] G"_s), store.Path(u"Setting/[002] B/[001] H"_s)));
+    QVERIFY(!organiser.Delete(StoreLevel::Groups));
+    QCOMPARE(organiser.Titles(StoreLevel::Groups), QStringList(u"H"_s));
     // Neither becomes a hidden name.
     store.AddFolder(u"Setting/Plain"_s);
     organiser.Load();

@@ -21,6 +21,11 @@ void WriteFile(const QString& path, const QByteArray& bytes) {
         qFatal("Cannot write %s", qPrintable(path));
 }
 
+QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 // Two of the five have one title, so that they have to make room for each other.
 void Prepare(const QString& folder) {
     QDir().mkpath(folder + kGroup);
@@ -29,7 +34,8 @@ void Prepare(const QString& folder) {
          {"[001] a [].x", "[002] b [1].url", "[003] c [].x", "[004] d [].x", "[005] a [].x"})
         WriteFile(folder + kGroup + QLatin1String(name), name);
     WriteFile(folder + kGroup + u"[005] a [].png"_s, "picture");
-    WriteFile(folder + u"/source.png"_s, "new");
+    WriteFile(folder + kGroup + u"[005] a [].ico"_s, "second");
+    WriteFile(folder + u"/source.ico"_s, "new");
 }
 
 // The buttons that a start shows, by their contents.
@@ -39,14 +45,27 @@ QStringList Shown(const QString& folder) {
         for (const GroupEntry& group : category.Groups) {
             for (const ButtonEntry& button : group.Buttons) {
                 const QString name = button.Path.sliced(button.Path.lastIndexOf(u'\\') + 1);
-                QFile file(folder + u"/Setting/"_s + category.FolderName + u'/' + group.FolderName + u'/' +
-                           name);
-                shown.append(file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : name);
+                shown.append(QString::fromUtf8(Bytes(folder + u"/Setting/"_s + category.FolderName + u'/' +
+                                                     group.FolderName + u'/' + name)));
             }
         }
     }
     shown.sort();
     return shown;
+}
+
+// What is wrong with the pictures of the last button, of which it shows the first.
+QString PictureProblem(const QString& folder, bool isReplaced, bool isDone) {
+    const QDir group(folder + kGroup);
+    QList<QByteArray> pictures;
+    for (const QString& name : group.entryList({u"*.png"_s, u"*.ico"_s}))
+        pictures.append(Bytes(group.filePath(name)));
+    if (!pictures.contains("second") ||
+        !(pictures.contains("picture") || (isReplaced && pictures.contains("new"))))
+        return u"A picture is gone."_s;
+    const QString shown = PictureOf(u"[005] a [].x"_s, group.entryList());
+    const bool isShown = !isReplaced || Bytes(group.filePath(shown)) == "new";
+    return isShown || !isDone ? QString() : u"Another picture is shown: "_s + shown;
 }
 
 int RunOn(const QString& folder, const std::function<FileResult(Organiser& lists)>& act) {
@@ -76,6 +95,7 @@ private Q_SLOTS:
     void eachStep() {
         QFETCH(const int, gone);
         QFETCH(const int, more);
+        const QString step = QString::fromLatin1(QTest::currentDataTag());
         int kills = 0;
         const auto check = [&](const QString& folder, const StepEnd& end) -> QString {
             kills += end.Killed ? 1 : 0;
@@ -84,14 +104,18 @@ private Q_SLOTS:
                 return u"Shown: "_s + Shown(folder).join(u", "_s);
             if (!end.Killed && end.Status != 0)
                 return u"It failed."_s;
+            const QString problem =
+                gone > 0 ? QString() : PictureProblem(folder, step == u"picture", !end.Killed);
+            if (!problem.isEmpty())
+                return problem;
             // The file is in one place at least.
-            if (!QFileInfo::exists(folder + u"/source.png"_s) && count != 5 + more)
+            if (!QFileInfo::exists(folder + u"/source.ico"_s) && count != 5 + more)
                 return u"The source is gone."_s;
             Organiser(folder + u"/Setting"_s).Load();
             const QDir category(folder + u"/Setting/[001] A"_s);
             return category.entryList({u".paneda-deleted*"_s}, QDir::AllEntries | QDir::Hidden).join(u' ');
         };
-        QCOMPARE(FirstObjection(QString::fromLatin1(QTest::currentDataTag()), {}, Prepare, check), QString());
+        QCOMPARE(FirstObjection(step, {}, Prepare, check), QString());
         QVERIFY(kills > 1);
     }
 };
@@ -109,13 +133,13 @@ int main(int argc, char** argv) {
         {u"picture"_s,
          [](const QString& folder) {
              return RunOn(folder, [&](Organiser& lists) {
-                 return lists.SetPicture(folder + u"/source.png"_s, false);
+                 return lists.SetPicture(folder + u"/source.ico"_s, false);
              });
          }},
         {u"take over"_s,
          [](const QString& folder) {
              return RunOn(folder, [&](Organiser& lists) {
-                 return lists.AddButton({u"new.y"_s, folder + u"/source.png"_s, true});
+                 return lists.AddButton({u"new.y"_s, folder + u"/source.ico"_s, true});
              });
          }},
         {u"delete"_s,
