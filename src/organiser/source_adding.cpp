@@ -5,9 +5,18 @@
 #include "organiser/file_kinds.h"
 #include "organiser/store_lists.h"
 
+#include <algorithm>
+
 namespace paneda {
 
 namespace {
+
+// More of them would not fit on a screen.
+QString FirstLines(const QStringList& lines) {
+    constexpr qsizetype kMost = 12;
+    const QString text = lines.first(std::min(lines.size(), kMost)).join(u'\r');
+    return lines.size() <= kMost ? text : text + QStringLiteral("\rand %1 more").arg(lines.size() - kMost);
+}
 
 // What the user reads before anything is done; empty if there is nothing against it.
 QString Refusal(const AddRequest& request) {
@@ -34,8 +43,7 @@ AddStep LinkStep(const QString& source, bool isFolder) {
 AddStep RecordStep(const BrowserEntry& entry, const LinkPlace& place) {
     AddStep step;
     step.What = AddStep::Kind::Record;
-    step.Source =
-        entry.IsFolder() && !entry.FullPath.endsWith(u'\\') ? entry.FullPath + u'\\' : entry.FullPath;
+    step.Source = entry.IsFolder() ? FolderPath(entry) : entry.FullPath;
     step.Link = NewLink(step.Source, entry.IsFolder(), place);
     step.TitleExt = RecordName(step.Link.Name);
     return step;
@@ -100,7 +108,7 @@ std::vector<AddStep> ManySteps(const AddRequest& request, const LinkPlace& place
         }
     }
     if (!refused.isEmpty())
-        prompts.Notice(QStringLiteral("These were not added:\r\r") + refused.join(u'\r'));
+        prompts.Notice(QStringLiteral("These were not added:\r\r") + FirstLines(refused));
     return steps;
 }
 
@@ -120,6 +128,10 @@ std::vector<AddStep> DecideAdd(const AddRequest& request, const LinkPlace& place
                              request.Option != SourceOption::LinkFolder;
     return request.Entries.size() > 1 || dropsFolder ? ManySteps(request, place, prompts)
                                                      : OneStep(request, prompts);
+}
+
+QString FailedText(const QStringList& failures, int all) {
+    return QStringLiteral("%1 of %2 failed:\r\r").arg(failures.size()).arg(all) + FirstLines(failures);
 }
 
 QString RecordName(const QString& typed) {

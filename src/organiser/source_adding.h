@@ -16,7 +16,7 @@ class Prompts;
 struct AddRequest {
     SourceOption Option = SourceOption::Copy;
     std::vector<BrowserEntry> Entries; // the selected lines, or what was dropped
-    QString OpenFolder;                // My Computer: of the stored form, with a backslash at its end
+    QString OpenFolder; // the one selected folder, else the open one; with a backslash at its end
     // Where the buttons are to go.
     bool HasGroup = false;
     QStringList ButtonNames;               // of the group's buttons, with extension
@@ -46,6 +46,10 @@ struct AddStep {
 // copied, and anything else gets a record, for which no dialog is shown; with Move, all are moved. Those
 // whose names are refused are left out, and one notice names them.
 std::vector<AddStep> DecideAdd(const AddRequest& request, const LinkPlace& place, Prompts& prompts);
+
+// What the user reads when some of several steps have failed: a line for each of the first ones. `all`: the
+// number of steps.
+QString FailedText(const QStringList& failures, int all);
 
 // The name of a record for a name that the user has typed.
 QString RecordName(const QString& typed);

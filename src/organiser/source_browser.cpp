@@ -25,6 +25,12 @@ void AddHalf(std::vector<BrowserEntry>& list, const std::vector<SourceItem>& hal
 
 } // namespace
 
+QString FolderPath(const BrowserEntry& entry) {
+    if (!entry.IsFolder() || entry.FullPath.isEmpty())
+        return {};
+    return entry.FullPath.endsWith(u'\\') ? entry.FullPath : entry.FullPath + u'\\';
+}
+
 BrowserEntry MakeEntry(const SourceItem& item, const DriveMap& drives) {
     BrowserEntry entry;
     entry.Name = item.Name;

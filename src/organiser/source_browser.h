@@ -38,6 +38,10 @@ enum class SourceOption {
     LinkUrl     // as Copy; for web addresses
 };
 
+// The path of a folder with a backslash at its end. Empty for a file, and for a folder that exists in the
+// source alone.
+QString FolderPath(const BrowserEntry& entry);
+
 BrowserEntry MakeEntry(const SourceItem& item, const DriveMap& drives);
 
 // The drives from C to V that hold a medium, in the order of their letters. `hasMedium` gets the host folder
@@ -72,7 +76,8 @@ struct SelectedSource {
     std::optional<SourceOption> Option = {};  // to be selected; nothing: the present one stays
 };
 
-// `entry` is null when nothing is selected. `canLinkFolder`: whether the open folder can become a button.
+// `entry` is null when nothing is selected. `canLinkFolder`: whether the entry, or else the open folder, can
+// become a button by LinkFolder.
 SelectedSource LookAtSelected(const BrowserEntry* entry, bool canLinkFolder);
 
 // What a file becomes unless the user chooses something else.

@@ -139,6 +139,13 @@ QImage LoadPicture(const DiskPath& path, int wanted) {
     return ReadPicture(path, {.Width = wanted}, time).value_or(QImage());
 }
 
+QImage LoadFittingPicture(const DiskPath& path, int side) {
+    const QImage picture = LoadPicture(path, side);
+    if (picture.width() <= side && picture.height() <= side)
+        return picture;
+    return picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
 tl::expected<QSize, PictureError> MeasurePicture(const DiskPath& path) {
     DecodingTime time;
     const auto encoded = ReadEncoded(path, 0);

@@ -52,6 +52,9 @@ tl::expected<QImage, QString> DecodePicture(const QByteArray& bytes, const Pictu
 // ReadPicture within a second; null on failure.
 QImage LoadPicture(const DiskPath& path, int wanted = 0);
 
+// The same, scaled down where it is wider or higher than `side` pixels.
+QImage LoadFittingPicture(const DiskPath& path, int side);
+
 // The size of the picture that ReadPicture would give, in pixels. Nothing is decoded.
 tl::expected<QSize, PictureError> MeasurePicture(const DiskPath& path);
 

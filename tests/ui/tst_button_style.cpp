@@ -133,6 +133,7 @@ void tst_ButtonStyle::apply() {
     QTest::keyClick(one.Window.get(), Qt::Key_Return);
     QCOMPARE(one.Files(), QStringList({u"[001] New [11113001100].pnd"_s, u"[002] Other [1].pnd"_s}));
     QVERIFY(!one.Window->isVisible() && one.Window->HasChanges());
+    QCOMPARE(one.Window->FileName(), u"[001] New [11113001100].pnd"_s);
 
     Scene all(u"[001] Editor [1].pnd"_s);
     all.Click(u"optGroup"_s);

@@ -162,16 +162,26 @@ void tst_organiser_window::droppedFiles() {
             urls.append(QUrl::fromLocalFile(scene.Store.Path(name)));
         data.setUrls(urls);
         QWidget* list = scene.Get<StoreList>("lstButtons")->viewport();
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter({5, 5}, actions, &data, Qt::LeftButton, {});
         QApplication::sendEvent(list, &enter);
-        QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent event({5, 5}, actions, &data, Qt::LeftButton, {});
+        event.setDropAction(Qt::MoveAction);
         QApplication::sendEvent(list, &event);
         QCoreApplication::processEvents();
+        // After a move the giver of the files would delete them.
+        QCOMPARE(event.dropAction(), Qt::CopyAction);
     };
     for (const char* name : {"b001.url", "Site.url", "Tool.exe", "icon.png"})
         scene.Store.AddFile(QLatin1String(name), name);
     QStringList fetched;
     scene.Fetched = &fetched;
+    // What is dropped while the first files are looked at is not taken.
+    scene.Places->Look = [&drop, first = true]() mutable {
+        if (std::exchange(first, false))
+            QMetaObject::invokeMethod(
+                qApp, [&] { drop({u"Late.exe"_s}); }, Qt::BlockingQueuedConnection);
+    };
     drop({u"b001.url"_s, u"Site.url"_s, u"Tool.exe"_s});
     QCOMPARE(scene.Names(u"/[001] A/[001] G"_s),
              QStringList({u"[001] b001 [].url"_s, u"[002] Site [].url"_s, u"[003] Tool [].pnd"_s}));
@@ -181,6 +191,10 @@ void tst_organiser_window::droppedFiles() {
     scene.Prompts.Answers = {true};
     drop({u"More.exe"_s, u"icon.png"_s});
     QCOMPARE(scene.Store.Bytes(u"Setting/[001] A/[001] G/[003] Tool [].png"_s), QByteArray("icon.png"));
+    // One that fails does not keep back those behind it.
+    drop({u"Gone.url"_s, u"Site2.exe"_s});
+    QVERIFY(scene.Prompts.Shown.last().contains(u"1 of 2 failed"_s));
+    QVERIFY(scene.Names(u"/[001] A/[001] G"_s).contains(u"[005] Site2 [].pnd"_s));
 }
 
 void tst_organiser_window::disabledControls() {

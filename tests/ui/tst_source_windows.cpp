@@ -174,6 +174,8 @@ void tst_source_windows::sources() {
     places->Menu.release();
     QVERIFY(!filled.wait(200));
     QVERIFY(list.Selection().OpenFolder.isEmpty());
+    QTest::keyClick(lines, Qt::Key_Space);
+    QCOMPARE(list.Selection().OpenFolder, u"C:\\"_s);
     click(0);
     QVERIFY(filled.wait());
     QCOMPARE(int(list.Selection().Option), int(SourceOption::LinkFolder));

@@ -10,6 +10,15 @@
 
 namespace paneda {
 
+namespace {
+
+// `window` may have ended meanwhile.
+void Work(const QPointer<QWidget>& window, const std::function<void()>& work) {
+    window ? WorkShownBy (*window)(work) : work();
+}
+
+} // namespace
+
 bool DownloadFile(const QString& address, const DiskPath& target, Downloader& downloader, QWidget* parent) {
     // Events are handled below, and one of them may end the parent.
     const QPointer<QWidget> window(parent);
@@ -28,20 +37,17 @@ bool DownloadFile(const QString& address, const DiskPath& target, Downloader& do
     loop.exec();
     delete wait;
     bool isKept = false;
-    const auto keep = [&] {
-        isKept = downloaded && DecodePicture(*downloaded) && ReplaceFile(target, *downloaded);
-    };
-    if (window)
-        WorkShownBy (*window)(keep);
-    else
-        keep();
+    Work(window,
+         [&] { isKept = downloaded && DecodePicture(*downloaded) && ReplaceFile(target, *downloaded); });
     return isKept;
 }
 
 bool FetchFavicon(const QString& source, const DiskPath& target, FaviconKind kind, Downloader& downloader,
                   QWidget* parent) {
-    const QString address = FaviconAddress(source, kind);
-    return !address.isEmpty() && DownloadFile(address, target, downloader, parent);
+    QString address;
+    const QPointer<QWidget> window(parent);
+    Work(window, [&] { address = FaviconAddress(source, kind); });
+    return !address.isEmpty() && DownloadFile(address, target, downloader, window);
 }
 
 } // namespace paneda

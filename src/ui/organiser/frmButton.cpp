@@ -5,14 +5,11 @@
 #include "core/text/text_rules.h"
 #include "organiser/file_kinds.h"
 #include "organiser/organiser_words.h"
-#include "skin/picture_files.h"
-#include "skin/picture_loader.h"
 #include "ui/common/busy_work.h"
 #include "ui/common/menu_choice.h"
 #include "ui/common/place_beside.h"
 #include "ui/organiser/command_icons.h"
 #include "ui/organiser/store_list.h"
-#include "ui/panel/button_icons.h"
 #include "ui_frmButton.h"
 
 #include <QShortcut>
@@ -25,7 +22,6 @@ constexpr int kPlaceCentred = 1;
 constexpr int kGapToPanel = 150; // twips
 // Pixels that the title and the borders of a window may need.
 constexpr QSize kFrameOfWindow(40, 60);
-constexpr int kIconSide = 32; // pixels at scale 1
 
 } // namespace
 
@@ -34,13 +30,12 @@ frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* paren
     , state_(state)
     , services_(std::move(services))
     , ui_(std::make_unique<Ui::frmButton>())
-    , organiser_(
-          std::make_unique<Organiser>(SettingFolder(state.AppFolder),
-                                      [this, work = WorkShownBy(*this)](const std::function<void()>& act) {
-                                          const bool wasBusy = std::exchange(isBusy_, true);
-                                          work(act);
-                                          isBusy_ = wasBusy;
-                                      }))
+    , work_([this, work = WorkShownBy(*this)](const std::function<void()>& act) {
+        const bool wasBusy = std::exchange(isBusy_, true);
+        work(act);
+        isBusy_ = wasBusy;
+    })
+    , organiser_(std::make_unique<Organiser>(SettingFolder(state.AppFolder), work_))
     , source_(new SourceList(state, services_.Sources, this)) {
     ui_->setupUi(this);
     ui_->laySource->addWidget(source_);
@@ -64,9 +59,7 @@ frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* paren
     TabThroughSources();
     connect(source_, &SourceList::AddWanted, ui_->cmdButtonAdd, &QAbstractButton::click);
     ui_->lstButtons->TakeFiles(true);
-    connect(
-        ui_->lstButtons, &StoreList::FilesDropped, this,
-        [this](const QStringList& files) { AddSources(source_->Dropped(files)); }, Qt::QueuedConnection);
+    connect(ui_->lstButtons, &StoreList::FilesDropped, this, &frmButton::AddDropped, Qt::QueuedConnection);
     // Drawn when the event loop is idle, so that a held key does not wait for icons.
     preview_.setSingleShot(true);
     connect(&preview_, &QTimer::timeout, this, &frmButton::ShowPreview);
@@ -171,6 +164,7 @@ void frmButton::ShowLists() {
     EnableCommands();
     ui_->picIcon->hide();
     ui_->lblFileType->hide();
+    ++previewNumber_;
     preview_.start();
 }
 
@@ -197,44 +191,17 @@ void frmButton::EnableCommands() {
     ui_->cmdButtonStyle->setEnabled(edits && services_.Dialogs.EditStyle);
 }
 
-void frmButton::ShowPreview() {
-    const int index = organiser_->Selected(StoreLevel::Buttons);
-    if (isBusy_ || index < 0)
-        return;
-    const DiskPath file = organiser_->ButtonFile();
-    const IconSize size(kIconSide, devicePixelRatioF());
-    const QString picture = FindPictureFile(PictureStem(file.Text()));
-    QImage icon;
-    if (!picture.isEmpty())
-        icon = LoadPicture(picture, size.OnScreen());
-    if (icon.isNull()) {
-        const QString folder = state_.Drives.ToStored(file.Parent().Text());
-        icon = ButtonIcon(FileButton(folder, file.Name(), 0), size, state_, services_.FileIcons);
-    }
-    if (icon.width() > size.OnScreen() || icon.height() > size.OnScreen())
-        icon = icon.scaled(size.OnScreen(), size.OnScreen(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    icon.setDevicePixelRatio(size.Ratio);
-    ui_->picIcon->setPixmap(QPixmap::fromImage(icon));
-    const QString text = ListTitle(organiser_->Buttons()[std::size_t(index)].TitleExt);
-    const QFontMetrics metrics = ui_->lblFileType->fontMetrics();
-    ui_->lblFileType->setText(metrics.elidedText(text, Qt::ElideRight, ui_->lblFileType->width()));
-    ui_->lblFileType->setToolTip(text);
-    ui_->picIcon->show();
-    ui_->lblFileType->show();
-}
-
 void frmButton::Select(StoreLevel level, int index) {
     organiser_->Select(level, index);
     ShowLists();
 }
 
 // Carries out a change and shows what is there now.
-bool frmButton::Run(const std::function<FileResult()>& operation) {
+void frmButton::Run(const std::function<FileResult()>& operation) {
     const FileResult result = operation();
     ShowLists();
     if (!result)
         services_.Prompts.Notice(result.error().Text());
-    return result.has_value();
 }
 
 // The names that a new one is compared with.
@@ -347,8 +314,9 @@ void frmButton::cmdLink_Click() {
 void frmButton::cmdButtonStyle_Click() {
     if (organiser_->Selected(StoreLevel::Buttons) < 0)
         return;
-    if (services_.Dialogs.EditStyle(organiser_->ButtonFile()))
-        organiser_->RereadButtons({});
+    const QString fileName = services_.Dialogs.EditStyle(organiser_->ButtonFile());
+    if (!fileName.isEmpty())
+        organiser_->RereadButtons(fileName);
     ShowLists();
 }
 
@@ -372,7 +340,8 @@ void frmButton::KeepPanelCategory() {
     const QString shown = state_.Catalogue[std::size_t(state_.SelectedCategory)].FolderName;
     const QString now = organiser_->CategoryNow(shown);
     // Not those of the list, which the file manager may have changed.
-    const std::vector<StoreFolder> categories = ReadFolders(SettingFolder(state_.AppFolder));
+    std::vector<StoreFolder> categories;
+    work_([&] { categories = ReadFolders(SettingFolder(state_.AppFolder)); });
     const auto found = std::find_if(categories.begin(), categories.end(),
                                     [&now](const StoreFolder& each) { return each.FolderName == now; });
     if (found != categories.end())

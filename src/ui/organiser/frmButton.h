@@ -88,6 +88,7 @@ private:
     void ShowLists();
     void EnableCommands();
     void ShowPreview();
+    void ShowIcon(QImage icon, const QString& title);
     void AddTo(StoreLevel level);
     void AddNamed(StoreLevel level, const QString& name);
     void DeleteFrom(StoreLevel level);
@@ -98,20 +99,23 @@ private:
     void Select(StoreLevel level, int index);
     QStringList NamesFor(StoreLevel level) const;
     void AddSources(AddRequest request);
-    bool Take(const AddStep& step);
-    bool AddButton(NewButton button);
-    bool Run(const std::function<FileResult()>& operation);
+    void AddDropped(const QStringList& hostPaths);
+    FileResult Take(const AddStep& step, const QString& file);
+    FileResult AddButton(const NewButton& button);
+    void Run(const std::function<FileResult()>& operation);
     void KeepPanelCategory();
 
     AppState& state_;
     OrganiserServices services_;
     std::unique_ptr<Ui::frmButton> ui_;
     std::array<Column, 3> columns_{};
-    bool isBusy_ = false; // with the disk, on another thread
+    bool isBusy_ = false; // with the disk, on another thread, or with a list of new buttons
     bool explorerMode_ = false;
+    DiskWork work_; // shows that it works, and lets nothing else begin meanwhile
     std::unique_ptr<Organiser> organiser_;
     SourceList* source_;
     QTimer preview_;
+    int previewNumber_ = 0; // of the last selection; what was read for an older one is dropped
 };
 
 } // namespace paneda

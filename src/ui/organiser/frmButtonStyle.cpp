@@ -221,7 +221,9 @@ void frmButtonStyle::Form_Load() {
 }
 
 void frmButtonStyle::ShowPictureCommand() {
-    ui_->cmdDeletePicture->setVisible(!FindPictureFile(Stem()).isEmpty());
+    bool isThere = false;
+    WorkShownBy (*this)([&] { isThere = !FindPictureFile(Stem()).isEmpty(); });
+    ui_->cmdDeletePicture->setVisible(isThere);
 }
 
 void frmButtonStyle::DisableWhatTheSkinDecides() {
@@ -314,7 +316,12 @@ void frmButtonStyle::imgOK_Click() {
         return;
     const StyleChange change{button_, title, styleText_, Scope()};
     FileResult applied;
-    WorkShownBy (*this)([&] { applied = ApplyStyle(change); });
+    WorkShownBy (*this)([&] {
+        applied = ApplyStyle(change);
+        // It may have its new name although a later rename has failed.
+        if (applied || !EntryExists(button_))
+            button_ = button_.Parent() / RestyledButton(button_.Name(), title, styleText_);
+    });
     changed_ = true;
     if (!applied)
         services_.Prompts.Notice(applied.error().Text());
@@ -323,19 +330,23 @@ void frmButtonStyle::imgOK_Click() {
 }
 
 void frmButtonStyle::cmdDeletePicture_Click() {
-    changed_ = true;
-    if (const FileResult deleted = DeletePictureFile(Stem()); !deleted)
+    FileResult deleted;
+    ChangePicture([&] { deleted = DeletePictureFile(Stem()); });
+    if (!deleted)
         services_.Prompts.Notice(deleted.error().Text());
-    RefreshTemplates();
-    RefreshPreview();
-    ShowPictureCommand();
 }
 
 void frmButtonStyle::cmdRefreshUrl_Click() {
-    changed_ = true;
-    if (!FetchFavicon(button_.Text(), Stem() + QStringLiteral(".ico"), FaviconKind::Shortcut,
-                      services_.Downloader, this))
+    const bool isThere = FetchFavicon(button_.Text(), Stem() + QStringLiteral(".ico"), FaviconKind::Shortcut,
+                                      services_.Downloader, this);
+    ChangePicture([] {});
+    if (!isThere)
         services_.Prompts.Notice(QStringLiteral("The site gave no icon."));
+}
+
+void frmButtonStyle::ChangePicture(const std::function<void()>& change) {
+    changed_ = true;
+    WorkShownBy (*this)(change);
     RefreshTemplates();
     RefreshPreview();
     ShowPictureCommand();

@@ -10,6 +10,7 @@
 
 #include <QDialog>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -49,6 +50,9 @@ public:
     // Whether something on the disk may have changed.
     bool HasChanges() const { return changed_; }
 
+    // Of the button's file, as it is called now.
+    QString FileName() const { return button_.Name(); }
+
     // Shows a style code, and reads the one that is shown.
     void DecodeStyle(const QString& code);
     QString EncodeStyle() const { return styleText_; }
@@ -72,6 +76,7 @@ private:
     void RefreshPreview();
     void RefreshTemplates();
     void ShowPictureCommand();
+    void ChangePicture(const std::function<void()>& change);
     StyleScope Scope() const;
     QString Stem() const; // host path of the button without extension
 

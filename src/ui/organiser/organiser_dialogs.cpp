@@ -56,7 +56,7 @@ OrganiserDialogs MakeOrganiserDialogs(const AppState& state, Prompts& prompts, F
         frmButtonStyle dialog(state, {prompts, icons, downloader}, button, QApplication::activeWindow());
         dialog.Form_Load();
         dialog.exec();
-        return dialog.HasChanges();
+        return dialog.HasChanges() ? dialog.FileName() : QString();
     };
     dialogs.FetchIcon = [&downloader](const DiskPath& webShortcut) {
         // A site without an icon is nothing to tell.

@@ -29,9 +29,9 @@ struct OrganiserDialogs {
     // Lets the user change the selected button, a record (frmLink).
     std::function<void(Organiser& organiser)> EditLink = {};
 
-    // Lets the user design a button (frmButtonStyle), its group or its category, by host paths. True when a
-    // name on the disk may have changed.
-    std::function<bool(const DiskPath& button)> EditStyle = {};
+    // Lets the user design a button (frmButtonStyle), its group or its category, by host paths. The name that
+    // the button's file has now; empty when nothing on the disk can have changed.
+    std::function<QString(const DiskPath& button)> EditStyle = {};
 
     // Fetches the icon of the site that a web shortcut leads to, and keeps it beside the file.
     std::function<void(const DiskPath& webShortcut)> FetchIcon = {};

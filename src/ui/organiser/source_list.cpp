@@ -28,13 +28,6 @@ QString LineOf(const BrowserEntry& entry) {
     return entry.Hint.isEmpty() ? line : line + QStringLiteral("   ") + entry.Hint;
 }
 
-QImage FittingPicture(const QString& path, int side) {
-    const QImage picture = LoadPicture(path, side);
-    if (picture.width() <= side && picture.height() <= side)
-        return picture;
-    return picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-}
-
 } // namespace
 
 SourceList::SourceList(AppState& state, SourceServices services, QWidget* parent)
@@ -288,7 +281,7 @@ void SourceList::ShowPreview() {
     }
     const QString path = state_.Drives.ToHost(entry.FullPath, state_.AppPath);
     RunAside<QImage>(
-        *this, [path, side = size.OnScreen()] { return FittingPicture(path, side); },
+        *this, [path, side = size.OnScreen()] { return LoadFittingPicture(path, side); },
         [this, number = preview_](const QImage& picture) {
             if (number == preview_)
                 ShowPicture(picture);
@@ -321,15 +314,24 @@ AddRequest SourceList::Selection() const {
     }
     for (const BrowserEntry* entry : Selected())
         request.Entries.push_back(*entry);
-    request.OpenFolder = browserMode_ == Source::MyComputer ? browserFolder_ : linkFolder_;
+    // A folder that a key has selected is meant, and not the one that it lies in.
+    if (request.Entries.size() == 1)
+        request.OpenFolder = FolderPath(request.Entries.front());
+    if (request.OpenFolder.isEmpty())
+        request.OpenFolder = browserMode_ == Source::MyComputer ? browserFolder_ : linkFolder_;
     request.UserName = state_.UserName;
     return request;
 }
 
-AddRequest SourceList::Dropped(const QStringList& hostPaths) const {
+AddRequest SourceList::Dropped(const QStringList& hostPaths, const DiskWork& work) const {
+    std::vector<SourceItem> items;
+    work([&items, &hostPaths, places = services_.SourcePlaces] {
+        for (const QString& path : hostPaths)
+            items.push_back(places->ItemOf(path));
+    });
     AddRequest request;
-    for (const QString& path : hostPaths)
-        request.Entries.push_back(MakeEntry(services_.SourcePlaces->ItemOf(path), state_.Drives));
+    for (const SourceItem& item : items)
+        request.Entries.push_back(MakeEntry(item, state_.Drives));
     if (request.Entries.size() == 1)
         request.Option = UsualOption(request.Entries.front().Name);
     request.UserName = state_.UserName;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/files/disk_work.h"
 #include "core/settings/app_state.h"
 #include "organiser/source_adding.h"
 #include "organiser/source_browser.h"
@@ -46,8 +47,8 @@ public:
     // What is selected: Option, Entries and OpenFolder are filled.
     AddRequest Selection() const;
 
-    // The same for files and folders that were dropped (host paths).
-    AddRequest Dropped(const QStringList& hostPaths) const;
+    // The same for files and folders that were dropped (host paths), which `work` looks at.
+    AddRequest Dropped(const QStringList& hostPaths, const DiskWork& work) const;
 
     // Reads the open folder again.
     void Refill();

@@ -4,18 +4,19 @@
 
 namespace paneda {
 
-QString IconTarget(const ButtonEntry& button, const AppState& state) {
+QString IconTarget(const QString& button, const LaunchPaths& paths) {
     // The chosen browser opens web addresses, but its icon is not shown for them.
-    const LaunchContext context{state.AppPath, QStringLiteral("default")};
-    const ButtonFields fields = ReadButtonFields(state.Drives.ToHost(button.Path, state.AppPath));
-    const LaunchRequest request = DecideLaunch(button.Path, fields, context);
+    const LaunchContext context{paths.AppPath, QStringLiteral("default")};
+    const ButtonFields fields = ReadButtonFields(paths.Drives.ToHost(button, paths.AppPath));
+    const LaunchRequest request = DecideLaunch(button, fields, context);
     if (request.What == LaunchRequest::Action::OpenDrive)
         return request.Target + QStringLiteral(":\\");
     return request.Target;
 }
 
 QImage ButtonIcon(const ButtonEntry& button, const IconSize& size, const AppState& state, FileIcons& icons) {
-    return icons.IconOf(IconTarget(button, state), {state.Drives, state.AppPath}, size);
+    const LaunchPaths paths{state.Drives, state.AppPath};
+    return icons.IconOf(IconTarget(button.Path, paths), paths, size);
 }
 
 } // namespace paneda
