@@ -57,7 +57,7 @@ def size_faults(skin):
         "bottoma height": (p["bottoma"].height, bottom),
         "categoryactive height": (p["categoryactive"].height, p["category"].height),
     }
-    for name, height in (("top", top), ("buttonbig", 32), ("buttonsmall", 16), ("shortcut", 16), ("favorite", 16)):
+    for name, height in (("top", top), ("buttonbig", 32), ("buttonsmall", 16), ("shortcut", 18), ("favorite", 18)):
         if name in p:
             wanted[f"{name} height"] = (p[name].height, height)
     result = [f"{what} is {found}, not {right_one}" for what, (found, right_one) in wanted.items() if found != right_one]

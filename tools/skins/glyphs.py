@@ -1,6 +1,8 @@
-"""The signs on the bottom bar's two little buttons and the 16 by 16 pictures of the note tree."""
+"""The signs on the bottom bar's two little buttons and the grounds of the note tree's shortcuts and favorites."""
 
-from raster import Canvas, rgb, white
+import cairo
+
+from raster import Canvas, rgb
 
 # The buttons' squares on the bottom piece, in pixels from its left; the logo stands between them.
 BUTTON = 16
@@ -26,33 +28,21 @@ def down_sign(canvas, x, y, colour, size=BUTTON):
     canvas.line([(cx - 3.5, cy - 1.5), (cx, cy + 2), (cx + 3.5, cy - 1.5)], colour, 1.6)
 
 
-def shortcut_picture(sheet, line, accent):
-    """A sheet with a bent arrow: a file in the note tree."""
-    canvas = Canvas(16, 16)
-    canvas.polygon([(2, 1), (10, 1), (14, 5), (14, 15), (2, 15)], line)
-    canvas.polygon([(3, 2), (9.6, 2), (13, 5.4), (13, 14), (3, 14)], sheet)
-    canvas.polygon([(9, 2), (13, 6), (9, 6)], line)
-    canvas.line([(5.5, 12), (5.5, 9.5), (9, 9.5)], accent, 1.6)
-    canvas.polygon([(8.5, 6.8), (12, 9.5), (8.5, 12.2)], accent)
-    return canvas.image()
+# The strips of the note tree's rows are this high; a ground fades out before the end of a usual name.
+STRIP_HEIGHT = 18
+STRIP_WIDTH = 180
 
 
-def favorite_picture(disc, line, accent):
-    """A globe with a marker ribbon: an address in the note tree."""
-    canvas = Canvas(16, 16)
-    ctx = canvas.ctx
-    canvas.disc(7.5, 8, 6.5, line)
-    canvas.disc(7.5, 8, 5.5, disc)
-    canvas.colour(line)
-    ctx.set_line_width(1)
-    ctx.save()
-    ctx.translate(7.5, 8)
-    ctx.scale(0.45, 1)
-    ctx.arc(0, 0, 6, 0, 6.2832)
-    ctx.restore()
-    ctx.stroke()
-    canvas.rect(2, 7.5, 11, 1, line)
-    canvas.polygon([(10, 8), (15, 8), (15, 16), (12.5, 13.6), (10, 16)], accent)
+def strip_ground(colour, strength):
+    """The ground of a row's text: a tint that fades out to the right, so that it suits names of any length."""
+    canvas = Canvas(STRIP_WIDTH, STRIP_HEIGHT)
+    red, green, blue = (part / 255 for part in colour[:3])
+    fade = cairo.LinearGradient(0, 0, STRIP_WIDTH, 0)
+    fade.add_color_stop_rgba(0, red, green, blue, strength)
+    fade.add_color_stop_rgba(1, red, green, blue, 0)
+    canvas.ctx.set_source(fade)
+    canvas.ctx.rectangle(0, 1, STRIP_WIDTH, STRIP_HEIGHT - 2)
+    canvas.ctx.fill()
     return canvas.image()
 
 
@@ -68,13 +58,9 @@ def button_rects(top):
 
 
 def tree_pictures(ground_is_dark, accent):
-    """Both pictures of the tree in quiet colours for a dark or a light tree ground."""
-    if ground_is_dark:
-        return {
-            "shortcut": shortcut_picture(rgb("E9EEF3"), rgb("7C8894"), accent),
-            "favorite": favorite_picture(rgb("CFE4F5"), rgb("5E7F9A"), accent),
-        }
+    """The grounds of shortcuts, in the skin's accent, and of favorites, on a dark or a light tree."""
+    strength = 0.42 if ground_is_dark else 0.30
     return {
-        "shortcut": shortcut_picture(white(1.0), rgb("6B7580"), accent),
-        "favorite": favorite_picture(rgb("DCEBFA"), rgb("4A6B88"), accent),
+        "shortcut": strip_ground(accent, strength),
+        "favorite": strip_ground(rgb("3FA796" if ground_is_dark else "1F8A7A"), strength),
     }

@@ -30,9 +30,27 @@ TreeFind::TreeFind(TreeDesk& desk, ucTree& tree)
     hide();
 }
 
+void TreeFind::UseColours() {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, desk_.Look.Background);
+    colours.setColor(QPalette::Base, desk_.Look.Background);
+    colours.setColor(QPalette::Highlight, desk_.Look.Highlight);
+    colours.setColor(QPalette::HighlightedText, desk_.Look.HighlightLabel);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(role, desk_.Look.Label);
+    QColor faint = desk_.Look.Label;
+    constexpr double kFaint = 0.6;
+    faint.setAlphaF(kFaint);
+    colours.setColor(QPalette::PlaceholderText, faint);
+    setPalette(colours);
+}
+
 void TreeFind::Open() {
     const bool wasHidden = isHidden();
+    UseColours();
     show();
+    // The keys may have come by way of the panel.
+    window()->activateWindow();
     Place();
     line_->setFocus(Qt::ShortcutFocusReason);
     line_->selectAll();

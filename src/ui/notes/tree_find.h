@@ -41,6 +41,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void UseColours();
     void Close();
     void ReadIndex();
     void Search();
@@ -56,7 +57,6 @@ private:
     bool isReading_ = false;
     std::vector<TreeHit> hits_;
     int current_ = -1; // among the hits
-    bool isShowing_ = false;
 };
 
 } // namespace paneda

@@ -135,7 +135,8 @@ TreeLook LoadTreeLook(const QString& skinPath) {
             .Favorite = LoadSkinPicture(skinPath, "favorite"),
             .ScrollBar = LoadScrollBarPictures(skinPath),
             .Family = fonts.Family(QStringLiteral("Tahoma")),
-            .SmallFamily = fonts.Family(QStringLiteral("Small Fonts"))};
+            // The stand-ins of small fonts are broader than the box of two digits.
+            .SmallFamily = fonts.Family(QStringLiteral("Tahoma"))};
 }
 
 double RowTextWidth(const QString& name, const TreeLook& look, double ratio) {

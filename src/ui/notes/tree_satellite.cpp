@@ -69,9 +69,9 @@ void TreeSatellite::OpacityChanged() {
 
 bool TreeSatellite::eventFilter(QObject* watched, QEvent* event) {
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (isKey && wanted_ && watched == wanted_->Panel && window_ && window_->isVisible() &&
-        window_->Current()) {
-        QCoreApplication::sendEvent(window_->Current(), event);
+    QWidget* receiver = window_ && window_->isVisible() ? window_->focusWidget() : nullptr;
+    if (isKey && receiver && wanted_ && watched == wanted_->Panel) {
+        QCoreApplication::sendEvent(receiver, event);
         return event->isAccepted();
     }
     return QObject::eventFilter(watched, event);
