@@ -5,12 +5,38 @@
 #include "notes/node_properties.h"
 #include "notes/tree_store.h"
 
+#include <QThread>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+
 namespace paneda {
 
 namespace {
 
 // Names with a longer number are not ours, and counting on from them would end in no file name.
 constexpr double kHighestFolder = 999'999'999'999;
+
+// Calls `read` for all indices below `count`, those of a large level on several threads: what takes time is
+// waiting for the disk, and looking into one small file after the other.
+void ReadAll(std::size_t count, const std::function<void(std::size_t)>& read) {
+    constexpr std::size_t kMostThreads = 4;
+    constexpr std::size_t kWorthAThread = 200;
+    const std::size_t parts = std::clamp<std::size_t>(count / kWorthAThread, 1, kMostThreads);
+    const auto readPart = [&](std::size_t part) {
+        for (std::size_t i = count * part / parts; i < count * (part + 1) / parts; ++i)
+            read(i);
+    };
+    std::vector<std::unique_ptr<QThread>> threads;
+    for (std::size_t part = 1; part < parts; ++part) {
+        threads.emplace_back(QThread::create(readPart, part));
+        threads.back()->start();
+    }
+    readPart(0);
+    for (const auto& thread : threads)
+        thread->wait();
+}
 
 } // namespace
 
@@ -28,21 +54,22 @@ LevelPlace PlaceOf(const QString& contentFolder, const TreeNode& node) {
 }
 
 TreeNodeList LoadLevel(const LevelPlace& place, const QString& appPath) {
-    TreeNodeList nodes;
     const DiskPath folder = place.Folder();
-    TreeNode node;
-    node.RelativePath = place.RelativePath;
-    node.Level = place.Level;
-    node.PathLabel = place.PathLabel;
-    for (const QString& name : ListNodeFolders(folder)) {
-        const DiskPath nodeFolder = folder / name;
+    const QStringList names = ListNodeFolders(folder);
+    TreeNodeList nodes(std::size_t(names.size()));
+    ReadAll(nodes.size(), [&](std::size_t i) {
+        TreeNode& node = nodes[i];
+        const DiskPath nodeFolder = folder / names[qsizetype(i)];
         ReadNodeKeys(ReadNodeIni(nodeFolder), appPath, node);
         if (node.Name.isEmpty())
-            continue;
-        node.Folder = name;
+            return;
+        node.Folder = names[qsizetype(i)];
+        node.RelativePath = place.RelativePath;
+        node.Level = place.Level;
+        node.PathLabel = place.PathLabel;
         node.ExpandState = HasSubfolder(nodeFolder) ? BranchState::Collapsed : BranchState::Leaf;
-        nodes.push_back(node);
-    }
+    });
+    std::erase_if(nodes, [](const TreeNode& node) { return node.Name.isEmpty(); });
     SortEntries(nodes, {&TreeNode::Sort}, SortOrder::Ascending);
     return nodes;
 }
@@ -50,10 +77,22 @@ TreeNodeList LoadLevel(const LevelPlace& place, const QString& appPath) {
 SiblingScan ScanSiblings(const DiskPath& levelFolder) {
     SiblingScan scan;
     scan.Folders = ListNodeFolders(levelFolder);
-    for (const QString& name : scan.Folders) {
-        const IniText properties = ReadNodeIni(levelFolder / name);
-        scan.Sorts.append(ReadSort(properties));
-        scan.IsNode.push_back(!properties.Value(node_key::kProperties, node_key::kName).isEmpty());
+    const std::size_t count = std::size_t(scan.Folders.size());
+    struct Found {
+        QString Sort;
+        bool IsNode = false;
+    };
+    std::vector<Found> found(count);
+    ReadAll(count, [&](std::size_t i) {
+        const IniText properties = ReadNodeIni(levelFolder / scan.Folders[qsizetype(i)]);
+        found[i] = {ReadSort(properties),
+                    !properties.Value(node_key::kProperties, node_key::kName).isEmpty()};
+    });
+    for (const Found& folder : found) {
+        scan.Sorts.append(folder.Sort);
+        scan.IsNode.push_back(folder.IsNode);
+    }
+    for (const QString& name : std::as_const(scan.Folders)) {
         const double number = LeadingNumber(name);
         if (number > scan.HighestNumber && number < kHighestFolder)
             scan.HighestNumber = number;
