@@ -273,6 +273,8 @@ FileResult Organiser::AddButton(const NewButton& button) {
             return numbered;
         const QString name = AddedButtonName(buttons_.Entries, button.TitleExt);
         const DiskPath path = GroupFolder() / name;
+        if (const FileResult aside = PutPicturesAside(path); !aside)
+            return aside;
         const auto* link = std::get_if<LinkResult>(&button.Source);
         const FileResult added = link ? WriteRecord(*link, path)
                                       : PlaceCopy(std::get<QString>(button.Source), path, button.MoveSource);

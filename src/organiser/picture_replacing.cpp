@@ -16,10 +16,10 @@ FileResult MoveAside(const DiskPath& folder, const QString& picture, const QStri
     return RunRenames(folder, {{picture, PlaceAside(picture, names)}});
 }
 
-// Moves those aside that a button would show instead of this one.
-FileResult LetShow(const DiskPath& folder, const QString& picture, QStringList names) {
+// Moves those aside that a button would show instead of `picture`, which is empty for none at all.
+FileResult LetShow(const DiskPath& folder, const QString& button, const QString& picture, QStringList names) {
     FileResult result;
-    for (QString shown; result && (shown = PictureOf(picture, names)) != picture; names.removeOne(shown))
+    for (QString shown; result && (shown = PictureOf(button, names)) != picture; names.removeOne(shown))
         result = MoveAside(folder, shown, names);
     return result;
 }
@@ -59,10 +59,15 @@ FileResult Place(const DiskPath& hidden, const QString& name, const QString& giv
             return WithoutProblem(removed);
         names->removeOne(former);
     }
-    return names->contains(name) ? LetShow(folder, name, *names) : FileResult();
+    return names->contains(name) ? LetShow(folder, name, name, *names) : FileResult();
 }
 
 } // namespace
+
+FileResult PutPicturesAside(const DiskPath& button) {
+    const auto names = NamesIn(button.Parent());
+    return names ? LetShow(button.Parent(), button.Name(), {}, *names) : tl::make_unexpected(names.error());
+}
 
 FileResult ReplacePicture(const DiskPath& button, const QString& picture, bool moveSource) {
     const DiskPath folder = button.Parent();

@@ -11,4 +11,8 @@ namespace paneda {
 // new one.
 FileResult ReplacePicture(const DiskPath& button, const QString& picture, bool moveSource);
 
+// Keeps pictures that have the name of a button's file under free names, so that a new button shows its own
+// icon and one that is fetched for it overwrites none of them.
+FileResult PutPicturesAside(const DiskPath& button);
+
 } // namespace paneda

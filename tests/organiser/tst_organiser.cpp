@@ -117,6 +117,7 @@ void tst_organiser::operations() {
     QVERIFY(organiser.SetPicture(store.Path(group + u"[001] c [].gif"_s), false));
     QVERIFY(organiser.Sort(StoreLevel::Buttons)); // capitals first
     QVERIFY(organiser.Retitle(StoreLevel::Buttons, u"b"_s));
+    store.AddFile(group + u"[004] New [].png"_s, "of nobody");
     QVERIFY(organiser.AddButton({u"New.pnd"_s, LinkResult{u"New"_s, u"C:\\x"_s, {}, {}, {}, {}}, false}));
     QCOMPARE(store.Bytes(group + u"[004] New [].pnd"_s).left(26),
              QByteArray("[Properties]\r\nTarget=C:\\x\r\n").left(26));
@@ -129,13 +130,13 @@ void tst_organiser::operations() {
     QVERIFY(organiser.AddFolder(StoreLevel::Categories, u"D"_s));
     QCOMPARE(organiser.Titles(StoreLevel::Groups), QStringList());
     const auto entries = store.Entries().filter(QRegularExpression(u"^Setting/."_s));
-    QCOMPARE(
-        entries,
-        QStringList({u"Setting/[001] A/"_s, u"Setting/[001] A/[001] Letters/"_s, group + u".paneda-young"_s,
-                     group + u"[001] b [2].gif"_s, group + u"[001] b [2].url"_s,
-                     group + u"[001] c [] (2).GIF"_s, group + u"[001] c [] (2).bmp"_s,
-                     group + u"[003] c [].LNK"_s, group + u"[003] c [].gif"_s, group + u"[004] New [].pnd"_s,
-                     u"Setting/[002] c/"_s, u"Setting/[002] c/[001] G/"_s, u"Setting/[003] D/"_s}));
+    QCOMPARE(entries,
+             QStringList(
+                 {u"Setting/[001] A/"_s, u"Setting/[001] A/[001] Letters/"_s, group + u".paneda-young"_s,
+                  group + u"[001] b [2].gif"_s, group + u"[001] b [2].url"_s, group + u"[001] c [] (2).GIF"_s,
+                  group + u"[001] c [] (2).bmp"_s, group + u"[003] c [].LNK"_s, group + u"[003] c [].gif"_s,
+                  group + u"[004] New [] (2).png"_s, group + u"[004] New [].pnd"_s, u"Setting/[002] c/"_s,
+                  u"Setting/[002] c/[001] G/"_s, u"Setting/[003] D/"_s}));
     QCOMPARE(organiser.CategoryNow(u"[004] C"_s), u"[002] c"_s);
 }
 
