@@ -3,6 +3,7 @@
 #include "core/prompts.h"
 #include "core/store/names.h"
 #include "organiser/link_record.h"
+#include "ui/common/busy_work.h"
 #include "ui_frmLink.h"
 
 #include <QDir>
@@ -54,7 +55,7 @@ void frmLink::Form_Load() {
     const bool isFolder = request_.LinkType == u"Folder";
     LinkResult link;
     if (request_.LinkMode == 1) {
-        link = ReadLink(DiskPath(request_.LinkFolder) / request_.LinkFileName);
+        WorkShownBy (*this)([&] { link = ReadLink(DiskPath(request_.LinkFolder) / request_.LinkFileName); });
         link.Name = request_.LinkName;
     } else if (request_.LinkMode == 2 || request_.LinkMode == 3) {
         link = Typed();
