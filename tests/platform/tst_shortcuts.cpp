@@ -1,6 +1,7 @@
 #include "platform/linux/shortcut_target.h"
 #include "platform/linux/start_plan.h"
 #include "platform/linux/theme_icons.h"
+#include "platform/linux/theme_names.h"
 #include "platform/linux/x11_compositor.h"
 #include "support/link_builder.h"
 #include "support/store_builder.h"
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void problems();
     void icons();
     void foreignIcons();
+    void missingIcons();
     void noConnection();
 
 private:
@@ -192,6 +194,34 @@ void tst_shortcuts::foreignIcons() {
         QCOMPARE(icon(picture), none);
     // The time that these formats may take has no limit, so they count where the user has put them.
     QVERIFY(icon(u"@/home/red.jpg"_s) != none);
+}
+
+// A name that the theme lacks is not looked for each time, but an icon that comes later is shown.
+void tst_shortcuts::missingIcons() {
+    files_.AddFile(u"themes/T/index.theme"_s,
+                   "[Icon Theme]\nName=T\nDirectories=a/b\n[a/b]\nSize=16\nType=Fixed\n");
+    files_.AddFolder(u"themes/T/a/b"_s);
+    const QString former = QIcon::themeName();
+    const QStringList formerPaths = QIcon::themeSearchPaths();
+    QIcon::setThemeSearchPaths({files_.Path(u"themes"_s)});
+    QIcon::setThemeName(u"T"_s);
+    quint32 now = 0;
+    ThemeNames names([&now] { return now; });
+    const auto isShown = [&](const QString& name, bool tellsTheme) {
+        const bool before = !names.FirstOf({name}).isNull();
+        QFile::copy(files_.Path(u"red.png"_s), files_.Path(u"themes/T/a/b/%1.png"_s.arg(name)));
+        if (tellsTheme)
+            files_.AddFile(u"themes/T/cache of "_s + name);
+        now += 1000;
+        return !before && !names.FirstOf({name}).isNull();
+    };
+    QVERIFY(!isShown(u"copied"_s, false));
+    QVERIFY(isShown(u"installed"_s, true));
+    QVERIFY(!isShown(u"copied2"_s, false));
+    now += 60'000;
+    QVERIFY(!names.FirstOf({u"copied2"_s}).isNull());
+    QIcon::setThemeSearchPaths(formerPaths);
+    QIcon::setThemeName(former);
 }
 
 // Qt's platform without windows.

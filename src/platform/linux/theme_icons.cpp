@@ -8,7 +8,6 @@
 #include "platform/linux/shortcut_target.h"
 
 #include <QFileInfo>
-#include <QIcon>
 #include <QMimeDatabase>
 #include <QPixmap>
 
@@ -18,31 +17,11 @@ namespace paneda {
 
 namespace {
 
-// Themes that most machines have, for a desktop that names none.
-void ChooseThemeOnce() {
-    static const bool chosen = [] {
-        if (QIcon::themeName().isEmpty() || QIcon::themeName() == u"hicolor")
-            QIcon::setThemeName(QStringLiteral("Adwaita"));
-        QIcon::setFallbackThemeName(QStringLiteral("hicolor"));
-        QIcon::setFallbackSearchPaths(QIcon::fallbackSearchPaths() << QStringLiteral("/usr/share/pixmaps"));
-        return true;
-    }();
-    Q_UNUSED(chosen)
-}
-
-QIcon FirstOf(const QStringList& names) {
-    for (const QString& name : names) {
-        const QIcon icon = QIcon::fromTheme(name);
-        if (!icon.isNull())
-            return icon;
-    }
-    return {};
-}
-
 // How an icon is looked for.
 struct Wanted {
     const LaunchPaths& Paths;
     int Pixels;
+    ThemeNames& Theme;
     int ShortcutsSoFar = 0;
 };
 
@@ -57,22 +36,22 @@ QIcon EntryIcon(const QString& file, const Wanted& wanted) {
     if (!picture.isNull())
         return picture;
     // A name with separators would lead out of the theme's folders.
-    return FirstOf({name.contains(u'/') ? QString() : name, QFileInfo(name).completeBaseName(),
-                    QStringLiteral("application-x-executable")});
+    return wanted.Theme.FirstOf({name.contains(u'/') ? QString() : name, QFileInfo(name).completeBaseName(),
+                                 QStringLiteral("application-x-executable")});
 }
 
-QIcon MimeIcon(const QString& file) {
+QIcon MimeIcon(const QString& file, ThemeNames& theme) {
     const QMimeType type = QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension);
-    return FirstOf({type.iconName(), type.genericIconName(), QStringLiteral("text-x-generic")});
+    return theme.FirstOf({type.iconName(), type.genericIconName(), QStringLiteral("text-x-generic")});
 }
 
-QIcon ProgramIcon(const QString& file) {
-    return FirstOf({QFileInfo(file).completeBaseName(), QStringLiteral("application-x-executable"),
-                    QStringLiteral("system-run")});
+QIcon ProgramIcon(const QString& file, ThemeNames& theme) {
+    return theme.FirstOf({QFileInfo(file).completeBaseName(), QStringLiteral("application-x-executable"),
+                          QStringLiteral("system-run")});
 }
 
-QIcon AddressIcon() {
-    return FirstOf(
+QIcon AddressIcon(ThemeNames& theme) {
+    return theme.FirstOf(
         {QStringLiteral("text-html"), QStringLiteral("web-browser"), QStringLiteral("emblem-web")});
 }
 
@@ -89,30 +68,31 @@ QIcon ShortcutIcon(const QString& file, const Wanted& wanted) {
     const auto target = ResolveShortcut(file, wanted.Paths);
     if (!target || wanted.ShortcutsSoFar == kMaxShortcutsInARow)
         return {};
-    return IconFor(target->Path, {wanted.Paths, wanted.Pixels, wanted.ShortcutsSoFar + 1});
+    return IconFor(target->Path, {wanted.Paths, wanted.Pixels, wanted.Theme, wanted.ShortcutsSoFar + 1});
 }
 
 QIcon IconFor(const QString& text, const Wanted& wanted) {
     if (IsAddress(text))
-        return AddressIcon();
+        return AddressIcon(wanted.Theme);
     const QString target = FindTarget(text, wanted.Paths);
     switch (KindOf(target)) {
     case TargetKind::Missing:
         return {};
     case TargetKind::Folder:
-        return FirstOf({target == u"/" ? QStringLiteral("drive-harddisk") : QStringLiteral("folder"),
-                        QStringLiteral("folder"), QStringLiteral("inode-directory")});
+        return wanted.Theme.FirstOf(
+            {target == u"/" ? QStringLiteral("drive-harddisk") : QStringLiteral("folder"),
+             QStringLiteral("folder"), QStringLiteral("inode-directory")});
     case TargetKind::DesktopFile:
         return EntryIcon(target, wanted);
     case TargetKind::InternetShortcut:
-        return AddressIcon();
+        return AddressIcon(wanted.Theme);
     case TargetKind::Shortcut:
         return ShortcutIcon(target, wanted);
     case TargetKind::Program:
     case TargetKind::ShellScript:
-        return ProgramIcon(target);
+        return ProgramIcon(target, wanted.Theme);
     case TargetKind::Document:
-        return MimeIcon(target);
+        return MimeIcon(target, wanted.Theme);
     }
     return {};
 }
@@ -131,8 +111,7 @@ QImage PictureIn(const QIcon& icon, int pixels) {
 } // namespace
 
 QImage ThemeIcons::IconOf(const QString& target, const LaunchPaths& paths, const IconSize& size) {
-    ChooseThemeOnce();
-    const QIcon icon = IconFor(target, {paths, size.OnScreen()});
+    const QIcon icon = IconFor(target, {paths, size.OnScreen(), names_});
     return icon.isNull() ? QImage() : SizedIcon(PictureIn(icon, size.OnScreen()), size);
 }
 

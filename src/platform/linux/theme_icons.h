@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_icons.h"
+#include "platform/linux/theme_names.h"
 
 namespace paneda {
 
@@ -9,6 +10,9 @@ class ThemeIcons : public FileIcons {
 public:
     QImage IconOf(const QString& target, const LaunchPaths& paths, const IconSize& size) override;
     QString TypeNameOf(const QString& fileName) override;
+
+private:
+    ThemeNames names_;
 };
 
 } // namespace paneda
