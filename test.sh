@@ -71,7 +71,7 @@ stage_fuzz() {
 
 cpp_files() {
     local folders=() folder
-    for folder in src tests bench; do
+    for folder in src tests bench tools; do
         [[ ! -d $folder ]] || folders+=("$folder")
     done
     find "${folders[@]}" \( -name '*.cpp' -o -name '*.h' \) -type f -print0 | sort -z

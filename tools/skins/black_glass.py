@@ -209,5 +209,4 @@ Options
   No Grip     without the three dots at the upper edge
   Solid       no translucency and no shadow, for desktops that cannot
               show a see-through window
-  Original    takes every option back
 """

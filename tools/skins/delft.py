@@ -185,5 +185,4 @@ skin for bright desktops; labels stand in dark ink without an outline.
 Options
   Celadon    green ink instead of cobalt
   No Flower  a plain upper edge
-  Original   takes every option back
 """

@@ -1,4 +1,4 @@
-"""How the panel lays pieces and text on its picture, for previews made without the panel."""
+"""Pieces tiled and words written as the panel does it, for tests and contact sheets."""
 
 import cairo
 from PIL import Image
@@ -15,36 +15,15 @@ def em_pixels(points):
     return EM_PIXELS.get(points, int(1.35 * points))
 
 
-def lay(picture, piece, x, y, w=None, h=None, *, mode="copy", method="tile", alignment=5):
-    """Lays a piece over a rectangle; without a size at its own. mode "copy" replaces what is below, alpha included."""
-    if piece is None:
-        return
-    if w is None:
-        w, h = piece.size
-    if w <= 0 or h <= 0:
-        return
-    layer = _fitted(piece, w, h, method, alignment)
-    if mode == "copy":
-        picture.paste(layer, (x, y))
-    else:
-        picture.alpha_composite(layer, (x, y))
-
-
-def _fitted(piece, w, h, method, alignment):
+def lay(picture, piece, x, y, w=None, h=None):
+    """Tiles a piece over a rectangle, without a size over its own, and replaces what is below, alpha included."""
     width, height = piece.size
-    if method == "stretch":
-        box = (0, 0, width - (width < w), height - (height < h))
-        return piece.convert("RGBa").resize((w, h), Image.BILINEAR, box=box).convert("RGBA")
-    if method == "original size":
-        column, row = (alignment - 1) % 3, (alignment - 1) // 3
-        layer = Image.new("RGBA", (w, h), (0, 0, 0, 0))
-        layer.paste(piece, (-(width - w) * column // 2, -(height - h) * row // 2))
-        return layer
+    w, h = (width, height) if w is None else (w, h)
     layer = Image.new("RGBA", (w, h), (0, 0, 0, 0))
     for tx in range(0, w, width):
         for ty in range(0, h, height):
             layer.paste(piece, (tx, ty))
-    return layer
+    picture.paste(layer, (x, y))
 
 
 class Text:
@@ -84,9 +63,3 @@ class Text:
         ctx.move_to(round(left), baseline)
         ctx.show_text(text)
         picture.alpha_composite(canvas.image())
-
-
-def letters(alignment):
-    """Column and row letter of an alignment digit 1 to 9, counted from the top left in rows of three."""
-    index = int(alignment) - 1
-    return "LCR"[index % 3], "TCB"[index // 3]

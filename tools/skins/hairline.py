@@ -130,5 +130,4 @@ fewest pixels. Take it by any edge or by the bottom bar to drag it.
 Options
   Bare Buttons  no plates behind the buttons
   Daylight      dark on light instead of light on dark
-  Original      takes every option back
 """

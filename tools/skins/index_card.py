@@ -155,5 +155,4 @@ tape at the upper edge. The open category is the card that stands out.
 Options
   Blue Folder  a grey-blue folder instead of manila
   No Tape      a plain upper edge
-  Original     takes every option back
 """

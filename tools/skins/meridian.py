@@ -129,5 +129,4 @@ category stands in mango, the others in petrol.
 Options
   Bare Buttons  no plates behind the buttons
   Berry         plum and coral instead of petrol and mango
-  Original      takes every option back
 """

@@ -133,23 +133,3 @@ def tree_colours(background, label, highlight, highlight_label):
         "highlight color": highlight,
         "highlight label color": highlight_label,
     }
-
-
-def original_option(skin):
-    """The option that takes back every other option of the skin, or None for a skin without options.
-
-    An applied option changes the skin's own files for good, so the way back has to be an option too.
-    """
-    if not skin.options:
-        return None
-    back = Option("Original")
-    for option in skin.options:
-        for name in [*option.pieces, *option.deleted]:
-            if name in skin.pieces:
-                back.pieces[name] = skin.pieces[name]
-            elif name not in back.deleted:
-                back.deleted.append(name)
-        for section, keys in option.settings.items():
-            kept = back.settings.setdefault(section, {})
-            kept.update({key: skin.settings[section][key] for key in keys})
-    return back

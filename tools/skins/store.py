@@ -5,8 +5,6 @@ import shutil
 
 from PIL import Image
 
-from compose import Preview, on_desktop
-from skin import original_option
 
 
 def write_text(path, text):
@@ -49,38 +47,42 @@ def compact(picture):
     return result
 
 
-def preview(skin, logos, per_row=5):
-    return on_desktop(Preview(skin, logos, per_row).draw())
+# Made by make_screenshots, with the painters of the program.
+SCREENSHOTS = ("screenshot.jpg", "screenshot@2x.jpg")
 
 
-def write_skin(root, skin, logos, finer):
+def clear(folder, options):
+    """Removes all but the screenshots of a skin and of these options."""
+    for entry in os.scandir(folder) if os.path.isdir(folder) else ():
+        if entry.name in options:
+            clear(entry.path, ())
+        elif entry.is_dir():
+            shutil.rmtree(entry.path)
+        elif entry.name not in SCREENSHOTS:
+            os.remove(entry.path)
+
+
+def write_skin(root, skin, finer):
     """`finer` has the same skin drawn at larger scales, by scale."""
     folder = os.path.join(root, skin.name)
-    shutil.rmtree(folder, ignore_errors=True)
-    os.makedirs(folder)
+    clear(folder, [option.name for option in skin.options])
+    os.makedirs(folder, exist_ok=True)
     write_pieces(folder, skin.pieces)
     for scale, large in finer.items():
         write_pieces(folder, large.pieces, scale)
     write_text(os.path.join(folder, "skin.ini"), ini_text(skin.settings))
     write_text(os.path.join(folder, "readme.txt"), readme_text(skin))
-    save_preview(folder, skin, logos)
-    finer_options = {scale: _all_options(large) for scale, large in finer.items()}
-    for number, option in enumerate(_all_options(skin)):
-        write_option(folder, skin, option, logos, {scale: options[number] for scale, options in finer_options.items()})
-
-
-def _all_options(skin):
-    back = original_option(skin)
-    return [*skin.options, back] if back else []
+    for number, option in enumerate(skin.options):
+        write_option(folder, option, {scale: large.options[number] for scale, large in finer.items()})
 
 
 def readme_text(skin):
     return f"{skin.name}\n{'=' * len(skin.name)}\n\n{skin.readme}\nBy the Paneda team\n"
 
 
-def write_option(folder, skin, option, logos, finer):
+def write_option(folder, option, finer):
     place = os.path.join(folder, option.name)
-    os.makedirs(place)
+    os.makedirs(place, exist_ok=True)
     write_pieces(place, option.pieces)
     for scale, large in finer.items():
         write_pieces(place, large.pieces, scale)
@@ -89,8 +91,3 @@ def write_option(folder, skin, option, logos, finer):
             write_text(os.path.join(place, f"DELETE {file_name(name, scale)}.txt"), "")
     if option.settings:
         write_text(os.path.join(place, "CHANGE SKIN.INI"), ini_text(option.settings))
-    save_preview(place, skin.with_option(option), logos)
-
-
-def save_preview(folder, skin, logos):
-    preview(skin, logos).save(os.path.join(folder, "screenshot.jpg"), quality=88, optimize=True, subsampling=0)

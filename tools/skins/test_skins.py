@@ -15,13 +15,11 @@ import index_card
 import meridian
 import walnut
 from check import faults, finer_faults, has_seam, logo_faults
-from compose import Packer
 from contrast import measured, ratio
 from drawing import lay
 from frame import NOMINAL_HEIGHT, NOMINAL_WIDTH
 from logo import all_logos
 from raster import drawn_at, pixels
-from skin import original_option
 from store import write_skin
 from strips import strip
 
@@ -133,36 +131,13 @@ class Frames(unittest.TestCase):
                 self.assertLessEqual(most, 4)
 
 
-class Packing(unittest.TestCase):
-    def test_lanes_and_wraps(self):
-        """Each case: buttons a row, (width, half height) of each button, and where each goes."""
-        cases = [
-            (5, [(0.5, True), (0.5, True), (0.5, True)], [(0, 0, 0), (0, 1, 0), (0.5, 0, 0)]),
-            (5, [(2.5, True), (2.5, True), (2.5, False)], [(0, 0, 0), (0, 1, 0), (2.5, 0, 0)]),
-            (2, [(1, True), (1, False), (1, False)], [(0, 0, 0), (1, 0, 0), (0, 0, 1)]),
-            (2, [(2, False), (0.5, True), (0.5, True)], [(0, 0, 0), (0, 0, 1), (0, 1, 1)]),
-        ]
-        for per_row, buttons, places in cases:
-            packer = Packer(per_row)
-            self.assertEqual([packer.place(*button) for button in buttons], places)
-
-
 class Folders(unittest.TestCase):
-    def test_original_takes_every_option_back(self):
-        for skin in SKINS:
-            back = original_option(skin)
-            for option in skin.options:
-                again = skin.with_option(option).with_option(back)
-                self.assertEqual(again.settings, skin.settings)
-                self.assertEqual(set(again.pieces), set(skin.pieces))
-                self.assertTrue(all(again.pieces[n].tobytes() == skin.pieces[n].tobytes() for n in skin.pieces))
-
     def test_two_runs_write_the_same_bytes(self):
         with tempfile.TemporaryDirectory() as one, tempfile.TemporaryDirectory() as two:
             for root in (one, two):
                 with drawn_at(2):
                     finer = {2: meridian.build()}
-                write_skin(root, meridian.build(), all_logos(), finer)
+                write_skin(root, meridian.build(), finer)
             names = [os.path.relpath(os.path.join(d, f), one) for d, _, files in os.walk(one) for f in files]
             for name in ("buttonbig.png", "buttonbig@2x.png"):
                 self.assertIn(os.path.join("Meridian", name), names)

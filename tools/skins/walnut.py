@@ -218,5 +218,4 @@ is a drawer; the open one has a front of maple.
 Options
   Burgundy Felt  wine-red felt instead of green
   No Keyhole     without the brass plate at the upper edge
-  Original       takes every option back
 """
