@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/zip_records.h"
+#include "archive/zip_reader.h"
 
 #include "core/files/file_io.h"
 
@@ -8,28 +8,9 @@
 #include <QString>
 
 #include <functional>
-#include <map>
 #include <memory>
 
 namespace paneda {
-
-// What the error event's number says.
-enum class ZipError : int {
-    FileMissing = 1,
-    NotAZip,
-    LibraryMissing,
-    NothingOpen,
-    NoFolder,
-    Exists,
-    CannotRemove,
-    CannotWrite,
-    UnsupportedMethod,
-    Checksum,
-    Damaged,    // the directory, or where it says an entry lies
-    UnsafeName, // empty, or could lead out of the target folder; of a name whose folders are not used,
-                // the last part alone counts
-    TooBig,     // one entry, or what has been extracted before together with it
-};
 
 // What a reader calls while it works. Functions that are empty are not called.
 struct ZipEvents {
@@ -48,11 +29,9 @@ using ZipFilter = std::function<bool(const QString& name)>;
 
 // Reads an archive. Failures are events; the return values say only whether the work came to its end.
 //
-// Nothing in the file is trusted: offsets and sizes have to be within the file, entries must not overlap, and
-// no memory is allocated for more than kMaxZipEntry bytes, or for more than the compressed bytes can hold.
-// One extraction inflates at most kMaxZipEntry bytes in all. An entry that breaks a rule causes an error
-// event and gives no output. Stored (not compressed) entries, folders, empty files and those that the filter
-// does not want give no output either, and cause no event but progress.
+// Nothing in the file is trusted, see ZipReader. An entry that breaks a rule causes an error event and gives
+// no output. Stored (not compressed) entries, folders, empty files and those that the filter does not want
+// give no output either, and cause no event but progress.
 class ZipExtractionClass {
 public:
     // With a sink the entries are handed to it, and no folder or file is read or made. Without one they
@@ -88,29 +67,18 @@ private:
     void TellError(ZipError number, const QString& message) const;
     bool TellProgress(int number, int total) const;
     bool OpenDevice(std::unique_ptr<QIODevice> device);
-    QByteArray BytesAt(qint64 offset, qint64 size);
-    bool FindEndRecord();
     bool CanMakeFolder(const QString& folder) const;
     bool CanExtract(const QString& folder) const;
-    bool ExtractAll(const ZipEndRecord& end, const Target& target);
-    void ExtractNamed(const ZipCentralHeader& header, const QString& name, const Target& target);
-    void ExtractTo(const ZipCentralHeader& header, const QString& name, const QString& path, bool overwrite);
-    QByteArray ReadEntry(const ZipCentralHeader& header, const QString& name);
-    bool ClaimData(qint64 begin, qint64 end);
-    QByteArray Inflate(const ZipCentralHeader& header, const QString& name, qint64 dataOffset);
+    bool ExtractAll(const Target& target);
+    void ExtractNamed(const ZipListed& entry, const Target& target);
+    void ExtractTo(const ZipListed& entry, const QString& path, bool overwrite);
+    QByteArray ReadEntry(const ZipListed& entry);
 
     ZipEvents events_;
     ZipSink sink_;
     ZipFilter filter_;
-    // Not set while nothing is open.
-    std::unique_ptr<QIODevice> device_;
+    ZipReader reader_;
     QString path_;
-    qint64 endOffset_ = -1;
-    qint64 directoryOffset_ = 0;
-    // Begin and end of the entries that have been read.
-    std::map<qint64, qint64> claimed_;
-    // Bytes that may still be inflated.
-    qint64 budget_ = 0;
 };
 
 } // namespace paneda

@@ -3,6 +3,7 @@
 #include "archive/zip_tools.h"
 #include "support/store_builder.h"
 
+#include <QFile>
 #include <QRandomGenerator>
 #include <QTest>
 #include <QtEndian>
@@ -145,6 +146,7 @@ void tst_zip_read::otherWriters_data() {
         QTest::newRow(tag) << program << arguments << output << errors;
     };
     add("zip", u"zip"_s, {u"x.zip"_s, u"content.rtf"_s}, note);
+    add("zip, stored", u"zip"_s, {u"-0"_s, u"x.zip"_s, u"content.rtf"_s}, {});
     add("7z", u"7z"_s, {u"a"_s, u"x.zip"_s, u"content.rtf"_s}, note);
     add("7z, another method", u"7z"_s, {u"a"_s, u"-mm=BZip2"_s, u"x.zip"_s, u"content.rtf"_s}, {},
         {ErrorLine(ZipError::UnsupportedMethod)});
@@ -164,6 +166,12 @@ void tst_zip_read::otherWriters() {
     const Reading reading = Read(store.Path(u"x.zip"_s));
     QTEST(reading.Output(), "output");
     QTEST(reading.Of(u"error"_s), "errors");
+    // The reader of skins takes stored entries as well.
+    ZipReader reader;
+    QVERIFY(reader.Open(std::make_unique<QFile>(store.Path(u"x.zip"_s))));
+    QCOMPARE(reader.Rewind(), 1);
+    const auto bytes = reader.Read(*reader.Next());
+    QCOMPARE(bytes.value_or(QByteArray()), reading.Of(u"error"_s).isEmpty() ? text : QByteArray());
 }
 
 void tst_zip_read::hostile_data() {

@@ -5,6 +5,8 @@
 #include "archive/zip_class.h"
 #include "archive/zip_extraction.h"
 
+#include <QBuffer>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -30,10 +32,31 @@ std::vector<QByteArray> Contents(const QByteArray& bytes) {
     return contents;
 }
 
+// The same of all entries, stored ones too, as they are read for a skin.
+void ReadEach(const QByteArray& bytes) {
+    auto buffer = std::make_unique<QBuffer>();
+    buffer->setData(bytes);
+    ZipReader reader;
+    if (!reader.Open(std::move(buffer)))
+        return;
+    qint64 total = 0;
+    for (int left = reader.Rewind(); left > 0; --left) {
+        const auto entry = reader.Next();
+        if (!entry)
+            break;
+        const auto read = reader.Read(*entry);
+        total += read ? read->size() : 0;
+    }
+    if (total > kMaxZipEntry || !IsPlausibleDeflateSize(bytes.size(), total))
+        std::abort();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto contents = Contents(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    const QByteArray bytes(reinterpret_cast<const char*>(data), qsizetype(size));
+    ReadEach(bytes);
+    const auto contents = Contents(bytes);
     ZipClass zip;
     for (const QByteArray& entry : contents) {
         if (!zip.AddBytes(QString::number(zip.FileCount()), entry, {}))
