@@ -28,9 +28,13 @@ QStringList ListSkins(const QString& appFolder) {
     return names;
 }
 
+bool IsOptionName(const QString& folderName) {
+    return !folderName.toUpper().startsWith(u"[HIDDEN]");
+}
+
 QStringList ListSkinOptions(const DiskPath& skin) {
     QStringList names = ListFolders(skin);
-    names.removeIf([](const QString& name) { return name.toUpper().startsWith(u"[HIDDEN]"); });
+    names.removeIf([](const QString& name) { return !IsOptionName(name); });
     return names;
 }
 

@@ -22,7 +22,11 @@ bool IsSkin(const DiskPath& folder);
 // The names of all skins, in byte order.
 QStringList ListSkins(const QString& appFolder);
 
-// The names of a skin's options, in byte order: its folders, without those whose name begins with "[HIDDEN]".
+// Whether a folder of a skin is offered as an option: its name does not begin with "[HIDDEN]" in any case of
+// letters.
+bool IsOptionName(const QString& folderName);
+
+// The names of a skin's options, in byte order.
 QStringList ListSkinOptions(const DiskPath& skin);
 
 } // namespace paneda

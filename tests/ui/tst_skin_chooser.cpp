@@ -1,3 +1,4 @@
+#include "archive/zip_class.h"
 #include "core/settings/config_settings.h"
 #include "skin/skin_list.h"
 #include "skin/skin_maker.h"
@@ -7,10 +8,14 @@
 #include "ui/skin/frmSkin.h"
 #include "ui/skin/screenshot_view.h"
 
+#include <QApplication>
 #include <QBuffer>
+#include <QDropEvent>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTest>
+#include <QUrl>
 
 using namespace paneda;
 using namespace paneda::test;
@@ -110,6 +115,7 @@ private Q_SLOTS:
     void options();
     void opens();
     void lastOfMany();
+    void installs();
 };
 
 void tst_SkinChooser::skinsByKeys() {
@@ -196,6 +202,42 @@ void tst_SkinChooser::lastOfMany() {
         preview.Show({SkinFolderOf(scene.State.AppFolder, i < 200 ? u"A"_s : u"B"_s), {}, 1, 100});
     QTRY_COMPARE(arrived.size(), 1);
     QCOMPARE(arrived.front().Options.size(), 2);
+}
+
+// Dropped, and chosen.
+void tst_SkinChooser::installs() {
+    Scene scene;
+    ZipClass zip;
+    for (const auto& [name, bytes] :
+         {std::pair{"New/skin.ini", SkinMaker::Places()}, {"New/bottom.png", "b"}}) {
+        scene.Store.AddFile(QLatin1String(name), bytes);
+        QVERIFY(zip.AddFile(scene.Store.Path(QLatin1String(name)), QLatin1String(name)));
+    }
+    const QString path = scene.Store.Path(u"x.ZIP"_s);
+    QVERIFY(zip.WriteZip(path, false));
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    const auto drop = [&] {
+        QDropEvent event(QPointF(50, 50), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        QWidget* list = scene.Get<QListWidget>("lstSkin")->viewport();
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(list, &enter);
+        QVERIFY(enter.isAccepted());
+        QApplication::sendEvent(list, &event);
+        QCOMPARE(event.dropAction(), Qt::CopyAction);
+    };
+    drop();
+    QTRY_VERIFY(scene.Prompts.Shown.value(0).contains(u"\"New\""_s) && scene.Names("lstSkin").size() == 3);
+    scene.Prompts.Answers = {true};
+    drop();
+    QTRY_COMPARE(scene.Names("lstSkin"), QStringList({u"A"_s, u"B"_s, u"Broken"_s, u"New"_s}));
+    QCOMPARE(scene.Get<QListWidget>("lstSkin")->currentRow(), 3);
+    for (const QString& file : {path, scene.Store.Path(u"config"_s), scene.Store.Path(u"none.zip"_s)}) {
+        scene.Prompts.File = file;
+        scene.Press("cmdInstall");
+    }
+    const QStringList words = scene.Prompts.Shown.filter(QRegularExpression(u"already|not a zip|none.zip"_s));
+    QCOMPARE(words.size(), 3);
 }
 
 QTEST_MAIN(tst_SkinChooser)

@@ -9,10 +9,15 @@
 #include "ui/common/busy_work.h"
 #include "ui/common/place_beside.h"
 #include "ui/settings/paper_look.h"
+#include "ui/skin/skin_archive.h"
 #include "ui_frmSkin.h"
 
-#include <QEvent>
+#include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QSignalBlocker>
+#include <QTimer>
+#include <QUrl>
 
 #include <utility>
 
@@ -30,6 +35,17 @@ void KeepRoom(QWidget& control) {
     policy.setRetainSizeWhenHidden(true);
     control.setSizePolicy(policy);
     control.hide();
+}
+
+QString NotInstalled(const QString& path, const QString& reason) {
+    return QStringLiteral("%1 cannot be installed.\n\n%2").arg(QDir::toNativeSeparators(path), reason);
+}
+
+// The one zip file that is being dropped; empty for anything else.
+QString DroppedZip(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    const QString path = urls.size() == 1 ? urls.front().toLocalFile() : QString();
+    return path.endsWith(u".zip", Qt::CaseInsensitive) ? path : QString();
 }
 
 } // namespace
@@ -57,6 +73,7 @@ frmSkin::frmSkin(AppState& state, SkinServices services, QWidget* parent)
     connect(ui_->imgFolder, &QPushButton::clicked, this, &frmSkin::imgFolder_Click);
     connect(ui_->imgReadme, &QPushButton::clicked, this, &frmSkin::imgReadme_Click);
     connect(ui_->cmdRestore, &QPushButton::clicked, this, &frmSkin::cmdRestore_Click);
+    connect(ui_->cmdInstall, &QPushButton::clicked, this, &frmSkin::cmdInstall_Click);
     connect(ui_->imgClose, &QPushButton::clicked, this, &QDialog::reject);
     const WebAddresses web = WebAddressesOf(state_.HomepageAddress);
     connect(ui_->lblWebInfo, &QPushButton::clicked, this,
@@ -64,13 +81,14 @@ frmSkin::frmSkin(AppState& state, SkinServices services, QWidget* parent)
     connect(ui_->lblDonate, &QPushButton::clicked, this,
             [this, web] { services_.OpenUrl(web.Donate, QStringLiteral("Donate")); });
     connect(&preview_, &SkinPreview::Arrived, this, &frmSkin::ShowFacts);
+    setAcceptDrops(true);
     Dress();
 }
 
 frmSkin::~frmSkin() = default;
 
 void frmSkin::Form_Load() {
-    ListAll();
+    ListAll(state_.SkinName);
     ui_->lstSkin->setFocus();
     const PlaceScene scene = services_.Scene();
     const QSize room(TwipsToPixels(scene.Screen.Width),
@@ -98,9 +116,7 @@ bool frmSkin::Work(const std::function<void()>& work) {
     return true;
 }
 
-// Keeps the selected skin, at first the one that is shown by the panel.
-void frmSkin::ListAll() {
-    const QString selected = Skin().isEmpty() ? state_.SkinName : Skin();
+void frmSkin::ListAll(const QString& selected) {
     QStringList skins;
     if (!Work([this, &skins] { skins = ListSkins(state_.AppFolder); }))
         return;
@@ -162,7 +178,7 @@ void frmSkin::EnableCommands() {
         control->setEnabled(hasSkin);
     ui_->lstOption->setEnabled(ui_->lstOption->count() > 0);
     ui_->imgOption->setVisible(hasOption);
-    ui_->imgAutoChange->setText(hasOption ? QStringLiteral("Apply &Option") : QStringLiteral("&Use Skin"));
+    ui_->imgAutoChange->setText(hasOption ? QStringLiteral("A&pply Option") : QStringLiteral("&Use Skin"));
     ui_->imgAutoChange->setToolTip(
         hasOption ? QStringLiteral("Changes the files of the skin as the option says, and shows it")
                   : QStringLiteral("Shows the panel in this skin (Enter)"));
@@ -264,6 +280,54 @@ void frmSkin::imgReadme_Click() {
     const QString file = FindReadme(SkinFolderOf(state_.AppFolder, Skin()));
     if (!file.isEmpty())
         OpenPath(file, QStringLiteral("Read Me"));
+}
+
+void frmSkin::cmdInstall_Click() {
+    const QString path = services_.Prompts.ChooseFile(QStringLiteral("Choose the zip file of a skin"), {});
+    if (!path.isEmpty())
+        Install(path);
+}
+
+void frmSkin::Install(const QString& path) {
+    SkinArchive archive;
+    tl::expected<SkinInstall, QString> install;
+    QString taken;
+    const bool looked = Work([&] {
+        install = archive.Open(path);
+        if (install)
+            taken = InstallProblem(state_.AppFolder, install->Skin);
+    });
+    if (!looked)
+        return;
+    if (!install || !taken.isEmpty()) {
+        services_.Prompts.Notice(install ? taken : NotInstalled(path, install.error()));
+        return;
+    }
+    if (!services_.Prompts.ConfirmUsual(InstallQuestion(*install), QStringLiteral("Install a Skin")))
+        return;
+    tl::expected<void, QString> installed;
+    if (!Work([&] { installed = archive.Install(state_.AppFolder, *install); }))
+        return;
+    if (installed)
+        ListAll(install->Skin);
+    else
+        services_.Prompts.Notice(NotInstalled(path, installed.error()));
+}
+
+void frmSkin::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedZip(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void frmSkin::dropEvent(QDropEvent* event) {
+    const QString path = DroppedZip(*event->mimeData());
+    // The giver is not to remove its file, nor to wait for the answer to a question.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    QTimer::singleShot(0, this, [this, path] {
+        activateWindow();
+        Install(path);
+    });
 }
 
 void frmSkin::OpenPath(const QString& hostPath, const QString& name) {

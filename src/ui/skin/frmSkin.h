@@ -51,17 +51,21 @@ public:
     void imgFolder_Click();
     void imgReadme_Click();
     void cmdRestore_Click();
+    void cmdInstall_Click();
 
     void done(int result) override;
 
 protected:
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     QString Skin() const;   // name of the selected one; empty for none
     QString Option() const; // likewise
     bool Work(const std::function<void()>& work);
-    void ListAll();
+    void ListAll(const QString& selected);
+    void Install(const QString& path);
     void ShowPreview();
     void ShowFacts(const SkinFacts& facts);
     void EnableCommands();
