@@ -3,14 +3,16 @@
 #include "core/store/style_form.h"
 #include "skin/piece_sizes.h"
 
+#include <utility>
+
 namespace paneda {
 
 namespace {
 
 constexpr int kButtonsPerRow = 5;
 constexpr int kCell = 75; // twips of the squares where the skin is transparent
-// Large enough for every panel.
-constexpr ScreenMetrics kScreen{range::kSide.Highest, range::kSide.Highest, range::kSide.Highest, 0};
+// Twice as high as a usual preview. The bars of a stranger's skin may be higher than any screen.
+constexpr ScreenMetrics kScreen{PixelsToTwips(800), PixelsToTwips(600), PixelsToTwips(600), 0};
 
 // The last kind of button that a group is filled with, so that both answers of "each button decides" are
 // seen: those of 9 points have the skin's ground.
@@ -50,6 +52,18 @@ CatalogueList Samples() {
     return {active, inactive};
 }
 
+// The skin without its frame.
+ThemeState Inside(ThemeState theme) {
+    const SkinPieces all = std::exchange(theme.Pieces, {});
+    theme.Pieces.Back = all.Back;
+    theme.Pieces.Group = all.Group;
+    theme.Pieces.Category = all.Category;
+    theme.Pieces.CategoryActive = all.CategoryActive;
+    theme.Pieces.ButtonBig = all.ButtonBig;
+    theme.Pieces.ButtonSmall = all.ButtonSmall;
+    return theme;
+}
+
 PanelGeometry Lay(const CatalogueList& catalogue, const PieceSizes& sizes) {
     LayoutInput input;
     input.ButtonsPerRow = kButtonsPerRow;
@@ -61,40 +75,31 @@ PanelGeometry Lay(const CatalogueList& catalogue, const PieceSizes& sizes) {
 } // namespace
 
 ConfigPreview::ConfigPreview(const ThemeState& skin)
-    : theme_(skin)
-    , sizes_(MeasurePieces(skin))
+    : theme_(Inside(skin))
+    , sizes_(MeasurePieces(theme_))
     , catalogue_(Samples())
     , geometry_(Lay(catalogue_, sizes_))
     , drives_(DriveMap::FromMountPoints({}))
     , sources_{icons_, drives_, {}, kButtonsPerRow} {}
 
-TwipsRect ConfigPreview::Inner() const {
-    const FrameMargins& margins = geometry_.Metrics.Margins;
-    return {margins.Left, margins.Top, geometry_.InnerWidth(),
-            geometry_.PanelHeight - margins.Top - margins.Bottom};
-}
-
 QSize ConfigPreview::Size() const {
-    return ToPixels(Inner()).size();
+    return {TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight)};
 }
 
 QImage ConfigPreview::DrawConfigPreview(const ThemeState& look, double ratio) {
-    theme_ = look;
+    theme_ = Inside(look);
     if (ratio != ratio_) {
         painter_.reset();
-        tools_ = std::make_unique<PaintTools>(
-            theme_, fonts_,
-            Canvas{{TwipsToPixels(geometry_.PanelWidth), TwipsToPixels(geometry_.PanelHeight)}, ratio});
+        tools_ = std::make_unique<PaintTools>(theme_, fonts_, Canvas{Size(), ratio});
         painter_ = std::make_unique<PanelPainter>(PanelScene{catalogue_, geometry_, sizes_, {}, ratio},
                                                   *tools_, sources_);
         ratio_ = ratio;
     }
     DrawingSurface panel(painter_->PaintBase(0), ratio);
     painter_->DrawBarTitles(panel, 0);
-    const QImage inner = panel.Image().copy(DeviceRect(ToPixels(Inner()), ratio));
     DrawingSurface surface(Size(), ratio);
-    surface.DrawCheckerBackdrop({0, 0, Inner().Width, Inner().Height}, kCell);
-    surface.DrawPictureAt({inner, ratio}, 0, 0, DrawMode::Over);
+    surface.DrawCheckerBackdrop({0, 0, geometry_.PanelWidth, geometry_.PanelHeight}, kCell);
+    surface.DrawPictureAt({panel.Image(), ratio}, 0, 0, DrawMode::Over);
     QImage image = surface.Image();
     image.setDevicePixelRatio(ratio);
     return image;

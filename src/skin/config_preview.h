@@ -33,8 +33,6 @@ private:
         QImage Icon(const QString&, const IconSize&) override { return {}; }
     };
 
-    TwipsRect Inner() const;
-
     ThemeState theme_; // of the painter
     PieceSizes sizes_;
     CatalogueList catalogue_;

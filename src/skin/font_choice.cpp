@@ -11,12 +11,10 @@ namespace paneda {
 
 namespace {
 
-const QString kTahoma = QStringLiteral("Tahoma");
-
 // Nearest in width and weight first.
 const QStringList& StandIns(bool small) {
     static const QStringList kForTahoma{
-        kTahoma,
+        kUsualFont,
         QStringLiteral("DejaVu Sans Condensed"),
         QStringLiteral("Verdana"),
         QStringLiteral("Noto Sans"),
@@ -54,8 +52,8 @@ bool FontChoice::IsInstalled(const QString& family) {
 QStringList FontChoice::Offered() {
     Ask();
     QStringList families = installed_;
-    if (Installed(kTahoma).isEmpty())
-        families.append(kTahoma);
+    if (Installed(kUsualFont).isEmpty())
+        families.append(kUsualFont);
     families.sort(Qt::CaseInsensitive);
     return families;
 }

@@ -6,6 +6,9 @@
 
 namespace paneda {
 
+// The font of a text that names none, or one that is not installed.
+inline const QString kUsualFont = QStringLiteral("Tahoma");
+
 // Turns the font names of skins and styles into families that are installed. Asks the system for its families
 // when the first one is looked up: that takes longer than to show a cached panel.
 class FontChoice {

@@ -2,6 +2,7 @@
 
 #include "core/text/ranges.h"
 #include "core/text/text_rules.h"
+#include "skin/font_choice.h"
 
 namespace paneda {
 
@@ -36,7 +37,7 @@ SkinFont FontsSection::Font(const QString& block) const {
         font.Size = range::kFontSize.Nearest(size);
     font.Bold = Flag(key(u" font bold"));
     font.AntiAlias = Flag(key(u" font anti alias"));
-    font.Name = Text(key(u" font name"), kUsualFont.toString());
+    font.Name = Text(key(u" font name"), kUsualFont);
     font.Alignment = Text(key(u" font alignment"), QStringLiteral("1"));
     return font;
 }

@@ -11,9 +11,6 @@ namespace paneda {
 // The section of skin.ini that has colours, fonts and drawing modes.
 inline constexpr QStringView kFontsSection = u"Fonts";
 
-// The font of a text that names none, or one that is not installed.
-inline constexpr QStringView kUsualFont = u"Tahoma";
-
 // Reads keys of that section, each with the rule of its type. The text outlives it.
 class FontsSection {
 public:

@@ -2,6 +2,7 @@
 
 #include "core/files/ini_file.h"
 #include "skin/fonts_section.h"
+#include "skin/skin_file.h"
 
 #include <utility>
 #include <vector>
@@ -18,10 +19,6 @@ constexpr QStringView kLabel = u"button label";
 constexpr QStringView kCategoryActive = u"category active";
 constexpr QStringView kCategoryInactive = u"category inactive";
 constexpr QStringView kBorderColor = u"button label border color";
-
-DiskPath SkinIniFile(const QString& skinPath) {
-    return FindEntry(DiskPath::Below(skinPath, skinPath), QStringLiteral("skin.ini"));
-}
 
 OverrideChoice ReadOverride(const FontsSection& fonts, QStringView key) {
     const QString text = fonts.Override(key);

@@ -36,8 +36,7 @@ SkinConfig ReadSkinConfig(const IniText& skin);
 // of the keys changed, for a value that is too long.
 IniResult SetSkinConfig(IniText& skin, const SkinConfig& config);
 
-// A skin's skin.ini, found in any case of letters. A link in its place is refused. `skinPath` is the host
-// folder of the skin.
+// The skin.ini in the host folder of a skin.
 tl::expected<IniText, FileError> LoadSkinIni(const QString& skinPath);
 
 // Writes the configuration to the skin.ini as it is now, all keys or none. A skin.ini that is gone is not

@@ -4,6 +4,7 @@
 #include "core/files/ini_file.h"
 #include "core/text/ranges.h"
 #include "core/text/text_rules.h"
+#include "skin/font_choice.h"
 #include "skin/fonts_section.h"
 
 #include <QDir>
@@ -64,7 +65,7 @@ void ReadLabel(const FontsSection& fonts, ThemeState& theme) {
         theme.LabelBorderColor = border.Color;
         theme.LabelBorderHex = border.Hex;
     }
-    theme.LabelFontName = fonts.Text(u"button label font name", kUsualFont.toString());
+    theme.LabelFontName = fonts.Text(u"button label font name", kUsualFont);
     theme.LabelAntiAlias = fonts.Flag(u"button label font anti alias");
 }
 
@@ -122,17 +123,13 @@ int ReadMessageHeight(const IniText& ini) {
                                                                : range::kMessageHeight.Nearest(height));
 }
 
-DiskPath SkinIniOf(const QString& skinPath) {
-    return FindEntry(DiskPath::Below(skinPath, skinPath), QStringLiteral("skin.ini"));
-}
-
 } // namespace
 
 tl::expected<ThemeState, SkinError> ReadSkin(const QString& appFolder, const QString& skinName) {
     const auto folder = FindSkinFolder(appFolder, skinName);
     if (!folder)
         return tl::make_unexpected(folder.error());
-    const DiskPath file = SkinIniOf(*folder);
+    const DiskPath file = SkinIniFile(*folder);
     const auto bytes = ReadFileBytes(file, kMaxIniFile);
     if (!bytes)
         return tl::make_unexpected(SkinFileError(skinName, file.Text(), bytes.error().Reason));
@@ -172,8 +169,12 @@ TreeColors ReadTreeColors(const IniText& ini) {
     return colors;
 }
 
+DiskPath SkinIniFile(const QString& skinPath) {
+    return FindEntry(DiskPath::Below(skinPath, skinPath), QStringLiteral("skin.ini"));
+}
+
 IniText ReadSkinIni(const QString& skinPath) {
-    return ReadIniFile(SkinIniOf(skinPath));
+    return ReadIniFile(SkinIniFile(skinPath));
 }
 
 } // namespace paneda

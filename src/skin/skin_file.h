@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/disk/disk_path.h"
 #include "core/files/ini_text.h"
 #include "skin/skin_folder.h"
 #include "skin/theme_state.h"
@@ -19,6 +20,9 @@ tl::expected<ThemeState, SkinError> ReadTheme(const IniText& ini, const QString&
                                               const QString& file);
 
 TreeColors ReadTreeColors(const IniText& ini);
+
+// A skin's skin.ini, in any case of letters; a link in its place is refused. `skinPath` is the host folder.
+DiskPath SkinIniFile(const QString& skinPath);
 
 // The text of a skin's skin.ini, found in any case of letters. Without keys if it cannot be read.
 IniText ReadSkinIni(const QString& skinPath);

@@ -163,6 +163,8 @@ void TestSkinConfig::PreviewIsThePanel() {
     checked.DrawCheckerBackdrop({0, 0, shown.width() * 15, 17 * 15}, 75);
     checked.DrawPictureAt({strip(first.Groups[0].Header, 2 * 17), 2}, 0, 0, DrawMode::Over);
     QCOMPARE(plain.copy(group), checked.Image());
+    maker.AddPiece("category", 5, 4096, 0xFF808000);
+    QVERIFY2(ConfigPreview(maker.Theme()).DrawConfigPreview(after, 1).height() < 700, "fits the screen");
     QVERIFY2(BoxOf(plain, 0xFF336699).height() > 4 * 60, "all labels have the ground");
 }
 

@@ -3,7 +3,6 @@
 #include "core/text/device_pixels.h"
 #include "core/text/ranges.h"
 #include "core/text/text_rules.h"
-#include "skin/fonts_section.h"
 #include "ui/common/busy_work.h"
 #include "ui_frmSetFont.h"
 
@@ -17,6 +16,9 @@
 namespace paneda {
 
 namespace {
+
+constexpr int kAlignments = 9;
+constexpr int kNameWidth = 240; // pixels
 
 QString AlignmentName(int index) {
     static const char* const kNames[]{"Top left", "Top",         "Top right", "Left",        "Centre",
@@ -41,7 +43,7 @@ frmSetFont::frmSetFont(const QString& title, const FontDialogValues& values, con
                        const QString& appFolder, QWidget* parent)
     : QDialog(parent)
     , values_(values)
-    , limits_(limits)
+
     , last_(appFolder)
     , ui_(std::make_unique<Ui::frmSetFont>()) {
     ui_->setupUi(this);
@@ -51,9 +53,9 @@ frmSetFont::frmSetFont(const QString& title, const FontDialogValues& values, con
     ui_->Label3->SetUp(QStringLiteral("Colour of the text"), last_);
     ui_->imgBorder->SetUp(QStringLiteral("Colour of the border"), last_);
     ui_->Text1->installEventFilter(this);
-    SwitchOff(limits_.NoEffects, {ui_->chkItalic, ui_->chkUnderline, ui_->chkStrikethru});
-    SwitchOff(limits_.NoSize, {ui_->lblSize, ui_->Text1, ui_->List2, ui_->chkBold});
-    SwitchOff(limits_.NoAlignment, {ui_->fraAlignment});
+    SwitchOff(limits.NoEffects, {ui_->chkItalic, ui_->chkUnderline, ui_->chkStrikethru});
+    SwitchOff(limits.NoSize, {ui_->lblSize, ui_->Text1, ui_->List2, ui_->chkBold});
+    SwitchOff(limits.NoAlignment, {ui_->fraAlignment});
     ConnectControls();
 }
 
@@ -61,8 +63,9 @@ frmSetFont::~frmSetFont() = default;
 
 void frmSetFont::AddAlignments() {
     constexpr int kSide = 3;
+    static_assert(kSide * kSide == kAlignments);
     optAlignment_ = new QButtonGroup(this);
-    for (int i = 0; i < kSide * kSide; ++i) {
+    for (int i = 0; i < kAlignments; ++i) {
         auto* option = new QRadioButton(ui_->fraAlignment);
         option->setObjectName(QStringLiteral("optAlignment%1").arg(i));
         option->setAccessibleName(AlignmentName(i));
@@ -102,9 +105,12 @@ void frmSetFont::ConnectControls() {
 }
 
 void frmSetFont::Form_Load() {
+    // As the painters take any other code.
+    if (values_.Alignment < 1 || values_.Alignment > kAlignments)
+        values_.Alignment = kAlignments;
     if (!SameName(values_.Name, kUsualFont) && !fonts_.IsInstalled(values_.Name)) {
         missing_ = values_.Name;
-        values_.Name = kUsualFont.toString();
+        values_.Name = kUsualFont;
     }
     loading_ = true;
     ShowValues();
@@ -181,7 +187,8 @@ void frmSetFont::ShowFontNote() {
                    .arg(range::kFontSize.Lowest)
                    .arg(range::kFontSize.Highest);
     else if (!missing_.isEmpty())
-        note = QStringLiteral("Font Not found : %1. %2 is used instead.").arg(missing_, values_.Name);
+        note = QStringLiteral("Font Not found : %1. %2 is used instead.")
+                   .arg(fontMetrics().elidedText(missing_, Qt::ElideRight, kNameWidth), values_.Name);
     else if (!fonts_.IsInstalled(values_.Name))
         note = QStringLiteral("%1 is shown as %2 on this computer.")
                    .arg(values_.Name, fonts_.Family(values_.Name));

@@ -68,7 +68,6 @@ private:
     void RefreshFontSample();
 
     FontDialogValues values_;
-    FontDialogLimits limits_;
     std::optional<FontDialogValues> chosen_;
     FontChoice fonts_;
     LastColours last_;

@@ -140,9 +140,7 @@ void frmSkinConfigure::AskFont(const QString& title, FontBlock& block) {
     values.TextColor = isLabel ? look.LabelColor : HexToColor(block.ColorHex);
     if (isLabel)
         values.BorderColor = look.LabelBorderColor.value_or(0);
-    // Any other code counts as the last one.
-    const int alignment = AlignmentCode(block.Font.Alignment);
-    values.Alignment = alignment == 0 ? 9 : alignment;
+    values.Alignment = AlignmentCode(block.Font.Alignment);
 
     frmSetFont dialog(title, values, LimitsOf(isLabel), services_.AppFolder, this);
     dialog.Form_Load();
