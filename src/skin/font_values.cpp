@@ -12,6 +12,7 @@ namespace paneda {
 namespace {
 
 constexpr Argb kLightGround = 0xFFFFFFFF;
+constexpr Argb kMiddleGround = 0xFF8C8C8C;
 constexpr Argb kDarkGround = 0xFF202428;
 // Relative luminance at which both grounds have the same contrast to a text.
 constexpr double kLightText = 0.22;
@@ -54,14 +55,16 @@ std::optional<double> TypedFontSize(QStringView typed) {
     return isNumber && range::kFontSize.Holds(size) ? std::optional(size) : std::nullopt;
 }
 
-Argb SampleGround(ColorRef text) {
+Argb SampleGround(ColorRef text, const std::optional<ColorRef>& border) {
+    if (border)
+        return kMiddleGround;
     return Luminance(text) > kLightText ? kDarkGround : kLightGround;
 }
 
 QImage DrawFontSample(const FontDialogValues& values, FontChoice& fonts, const QSize& size, double ratio) {
     DrawingSurface surface(size, ratio);
     const TwipsRect whole{0, 0, PixelsToTwips(size.width()), PixelsToTwips(size.height())};
-    surface.FillRect(SampleGround(values.TextColor), whole);
+    surface.FillRect(SampleGround(values.TextColor, values.BorderColor), whole);
     surface.DrawLabel(
         QStringLiteral("Sample Text"),
         {kSampleMargin, kSampleMargin, whole.Width - 2 * kSampleMargin, whole.Height - 2 * kSampleMargin},

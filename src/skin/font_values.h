@@ -31,8 +31,9 @@ struct FontDialogValues {
 // The size that a user has typed, with a point or a comma; nothing if it is no size.
 std::optional<double> TypedFontSize(QStringView typed);
 
-// A ground in which a text of this colour is seen: white, or nearly black.
-Argb SampleGround(ColorRef text);
+// A ground on which a text of this colour is seen: white, or nearly black. With a border grey, on which the
+// border is seen too.
+Argb SampleGround(ColorRef text, const std::optional<ColorRef>& border);
 
 // "Sample Text" with these values, for a screen of this ratio, which the picture then has. `size` is layout
 // pixels.

@@ -197,7 +197,7 @@ void TestSkinConfig::SampleIsSeen() {
         QVERIFY(draw() != last);
         last = draw();
     }
-    QVERIFY(SampleGround(0) != SampleGround(0xFFFFFF));
+    QVERIFY(SampleGround(0, {}) != SampleGround(0xFFFFFF, {}));
 }
 
 QTEST_MAIN(TestSkinConfig)
