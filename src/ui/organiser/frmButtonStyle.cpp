@@ -341,7 +341,7 @@ void frmButtonStyle::cmdRefreshUrl_Click() {
                                       services_.Downloader, this);
     ChangePicture([] {});
     if (!isThere)
-        services_.Prompts.Notice(QStringLiteral("The site gave no icon."));
+        services_.Prompts.Notice(QStringLiteral("No icon was downloaded."));
 }
 
 void frmButtonStyle::ChangePicture(const std::function<void()>& change) {
