@@ -11,8 +11,7 @@ namespace {
 
 constexpr int kSign = 240; // of an icon and of the picture of an expand box
 constexpr int kFirstBoxLeft = 15;
-constexpr int kStripRise = 15; // above the row's top
-constexpr int kIndicatorRoom = 250;
+constexpr int kStripRise = 15;     // above the row's top
 constexpr int kIndicatorEnd = 255; // of the indicator, from its left
 
 } // namespace

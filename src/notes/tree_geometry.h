@@ -10,6 +10,9 @@ namespace paneda {
 // Where the parts of a tree lie. All measures are twips; the canvas holds all rows and is as high as they
 // are, the view is the part of it that is seen.
 
+// What a strip is wider than its text where it shows a recent change.
+inline constexpr int kIndicatorRoom = 250;
+
 struct TreeRowPlace {
     TwipsRect Box;   // plus or minus; on the canvas
     TwipsRect Icon;  // 16 by 16 pixels

@@ -52,7 +52,7 @@ void UnderlineStrip(DrawingSurface& surface, const StripWish& wish, const QColor
     constexpr int kTop = 14 * kTwipsPerPixel;
     constexpr int kSideRoom = 5 * kTwipsPerPixel;
     constexpr int kDot = 2 * kTwipsPerPixel;
-    const int right = wish.Width - (wish.Change ? 250 : 0) - 3 * kTwipsPerPixel;
+    const int right = wish.Width - (wish.Change ? kIndicatorRoom : 0) - 3 * kTwipsPerPixel;
     for (int x = kSideRoom; x < right; x += isDotted ? 2 * kDot : right)
         surface.FillRect(color.rgba(), {x, kTop, isDotted ? kDot : right - x, kTwipsPerPixel});
 }

@@ -68,7 +68,10 @@ void TreeSatellite::OpacityChanged() {
 }
 
 bool TreeSatellite::eventFilter(QObject* watched, QEvent* event) {
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    const bool isMenuKey = event->type() == QEvent::ContextMenu &&
+                           static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
+    const bool isKey =
+        isMenuKey || event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     QWidget* receiver = window_ && window_->isVisible() ? window_->focusWidget() : nullptr;
     if (isKey && receiver && wanted_ && watched == wanted_->Panel) {
         QCoreApplication::sendEvent(receiver, event);
