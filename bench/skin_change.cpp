@@ -7,13 +7,9 @@
 // layout)
 
 #include "app/main_program.h"
-#include "core/files/config_file.h"
-#include "core/files/file_tree.h"
 #include "core/settings/config_settings.h"
 #include "core/settings/startup.h"
-#include "core/store/store_layout.h"
 #include "prepared_panel.h"
-#include "ui/panel/screen_metrics.h"
 #include "ui/panel/skin_choice.h"
 #include "ui/panel/skinned_panel_look.h"
 
@@ -122,9 +118,8 @@ void MakeStore(const QString& folder, int buttons) {
 }
 
 void WriteSkinName(const QString& folder, const QString& name) {
-    auto config = ConfigFile::Load(ConfigFilePath(folder));
-    if (!config || !config->Write(kRecordSkinName, {name}) || !config->Save(ConfigFilePath(folder)))
-        qFatal("Cannot write the skin's name");
+    if (const FileResult saved = SaveSkinName(folder, name); !saved)
+        qFatal("%s", qPrintable(saved.error().Text()));
 }
 
 double TimeOf(const std::function<void()>& work) {
