@@ -4,6 +4,8 @@
 #include "skin/fonts_section.h"
 #include "skin/skin_file.h"
 
+#include <QLocale>
+
 #include <utility>
 #include <vector>
 
@@ -50,7 +52,7 @@ void AddBlock(KeyValues& keys, QStringView name, const FontBlock& block) {
     const auto mark = [](bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); };
     add(u" color", block.ColorHex);
     add(u" font name", block.Font.Name);
-    add(u" font size", QString::number(block.Font.Size));
+    add(u" font size", QString::number(block.Font.Size, 'g', QLocale::FloatingPointShortest));
     add(u" font bold", mark(block.Font.Bold));
     add(u" font anti alias", mark(block.Font.AntiAlias));
 }

@@ -1,4 +1,5 @@
 #include "core/text/ranges.h"
+#include "skin/skin_config.h"
 #include "skin/skin_file.h"
 
 #include <cstddef>
@@ -24,6 +25,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             if (!range::kOnBottom.Holds(place))
                 __builtin_trap();
         }
+    }
+    // Written back as it was read, a skin looks the same.
+    IniText written = ini;
+    if (SetSkinConfig(written, ReadSkinConfig(ini))) {
+        const auto again = ReadTheme(written, QStringLiteral("x"), QStringLiteral("skin.ini"));
+        if (!again || again->GroupFont.Name != theme->GroupFont.Name ||
+            again->CategoryActiveFont.Size != theme->CategoryActiveFont.Size ||
+            again->CategoryInactiveColor.Hex != theme->CategoryInactiveColor.Hex ||
+            again->LabelHex != theme->LabelHex || again->LabelBorderColor != theme->LabelBorderColor ||
+            again->LabelAntiAlias != theme->LabelAntiAlias)
+            __builtin_trap();
     }
     if (theme->LogoDesign < 1 || theme->LogoDesign > 11 || theme->MessageHeight < 92 * 15)
         __builtin_trap();
