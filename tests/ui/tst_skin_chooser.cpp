@@ -222,7 +222,7 @@ void tst_SkinChooser::installs() {
         QWidget* list = scene.Get<QListWidget>("lstSkin")->viewport();
         QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(list, &enter);
-        QVERIFY(enter.isAccepted());
+        QVERIFY(enter.isAccepted() && enter.dropAction() == Qt::CopyAction);
         QApplication::sendEvent(list, &event);
         QCOMPARE(event.dropAction(), Qt::CopyAction);
     };

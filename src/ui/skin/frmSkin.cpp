@@ -13,7 +13,6 @@
 #include "ui_frmSkin.h"
 
 #include <QDir>
-#include <QDropEvent>
 #include <QMimeData>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -126,6 +125,7 @@ void frmSkin::ListAll(const QString& selected) {
         ui_->lstSkin->addItems(skins);
         ui_->lstSkin->setCurrentRow(int(skins.indexOf(selected)));
     }
+    MarkUsed();
     lstSkin_Click();
 }
 
@@ -182,7 +182,10 @@ void frmSkin::EnableCommands() {
     ui_->imgAutoChange->setToolTip(
         hasOption ? QStringLiteral("Changes the files of the skin as the option says, and shows it")
                   : QStringLiteral("Shows the panel in this skin (Enter)"));
-    // The one that the panel shows.
+}
+
+// The one that the panel shows.
+void frmSkin::MarkUsed() {
     for (int i = 0; i < ui_->lstSkin->count(); ++i) {
         QListWidgetItem* item = ui_->lstSkin->item(i);
         QFont font = ui_->lstSkin->font();
@@ -264,6 +267,7 @@ void frmSkin::Reload() {
     // The new panel may cover the window.
     raise();
     activateWindow();
+    MarkUsed();
     lstSkin_Click();
 }
 
@@ -314,16 +318,16 @@ void frmSkin::Install(const QString& path) {
         services_.Prompts.Notice(NotInstalled(path, installed.error()));
 }
 
-void frmSkin::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DroppedZip(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+// After a move the giver would delete its file.
+void frmSkin::TakeCopy(QDropEvent& event) {
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(!DroppedZip(*event.mimeData()).isEmpty());
 }
 
 void frmSkin::dropEvent(QDropEvent* event) {
+    TakeCopy(*event);
     const QString path = DroppedZip(*event->mimeData());
-    // The giver is not to remove its file, nor to wait for the answer to a question.
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    // Later, so that the giver does not wait for the answer to a question.
     QTimer::singleShot(0, this, [this, path] {
         activateWindow();
         Install(path);

@@ -7,6 +7,7 @@
 #include "ui/skin/skin_preview.h"
 
 #include <QDialog>
+#include <QDropEvent>
 
 #include <functional>
 #include <memory>
@@ -57,7 +58,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override { TakeCopy(*event); }
+    void dragMoveEvent(QDragMoveEvent* event) override { TakeCopy(*event); }
     void dropEvent(QDropEvent* event) override;
 
 private:
@@ -66,9 +68,11 @@ private:
     bool Work(const std::function<void()>& work);
     void ListAll(const QString& selected);
     void Install(const QString& path);
+    static void TakeCopy(QDropEvent& event);
     void ShowPreview();
     void ShowFacts(const SkinFacts& facts);
     void EnableCommands();
+    void MarkUsed();
     void ChangeSkin();
     void ApplySkinOption();
     void Reload();
