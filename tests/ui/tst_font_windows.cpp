@@ -53,7 +53,8 @@ private Q_SLOTS:
 void tst_FontWindows::configure() {
     StoreBuilder store;
     store.AddFile(u"skin/Own/skin.ini"_s, SkinMaker::Places() + "[Fonts]\r\nbutton label bold=Yes\r\n"
-                                                                "drive letter color=0A0B0C\r\n");
+                                                                "drive letter color=0A0B0C\r\n"
+                                                                "category active font name=<b>F</b>\r\n");
     const auto ini = [&store] { return IniText(store.Bytes(u"skin/Own/skin.ini"_s)); };
     const QByteArray before = ini().Bytes();
     FakePrompts prompts;
@@ -62,6 +63,7 @@ void tst_FontWindows::configure() {
     window.show();
     QVERIFY(Get<QAbstractButton>(window, u"optBoldYes"_s).isChecked());
     QVERIFY(Get<QAbstractButton>(window, u"optBorderCustom"_s).isChecked());
+    QVERIFY2(Get<QWidget>(window, u"lblCategoriesActiveFont"_s).toolTip().contains(u"&lt;b"), "a stranger's");
     const auto picture = [&window] { return Get<QLabel>(window, u"picPreview"_s).pixmap().toImage(); };
     QImage last = picture();
     const auto changed = [&] { return std::exchange(last, picture()) != last; };

@@ -41,11 +41,7 @@ void SelectRow(QListWidget& list, const QString& text) {
 
 frmSetFont::frmSetFont(const QString& title, const FontDialogValues& values, const FontDialogLimits& limits,
                        const QString& appFolder, QWidget* parent)
-    : QDialog(parent)
-    , values_(values)
-
-    , last_(appFolder)
-    , ui_(std::make_unique<Ui::frmSetFont>()) {
+    : QDialog(parent), values_(values), last_(appFolder), ui_(std::make_unique<Ui::frmSetFont>()) {
     ui_->setupUi(this);
     setWindowTitle(title + QStringLiteral(" Font"));
     layout()->setSizeConstraint(QLayout::SetFixedSize);

@@ -3,6 +3,7 @@
 #include "core/text/device_pixels.h"
 #include "skin/skin_file.h"
 #include "ui/common/busy_work.h"
+#include "ui/common/tool_tip.h"
 #include "ui/skin/colour_button.h"
 #include "ui/skin/frmSetFont.h"
 #include "ui_frmSkinConfigure.h"
@@ -110,7 +111,7 @@ void frmSkinConfigure::ShowBlock(const FontBlock& block, const std::vector<Color
         text += QStringLiteral(", %1%2").arg(QString::number(block.Font.Size),
                                              block.Font.Bold ? QStringLiteral(", bold") : QString());
     words.setText(words.fontMetrics().elidedText(text, Qt::ElideRight, words.minimumWidth()));
-    words.setToolTip(text);
+    words.setToolTip(RichTip(text));
 }
 
 void frmSkinConfigure::lblGroups_Click() {
