@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace paneda {
 
@@ -77,6 +78,20 @@ tl::expected<MovedFolder, FileError> MoveToOtherVolume(const NodeMove& move) {
     return moved;
 }
 
+// Gives a folder its name again, or the next free one where that is taken.
+FileResult PutBack(const DiskPath& taken, const DiskPath& nodeFolder, const DiskPath& hidden) {
+    if (!RenameEntry(taken, nodeFolder)) {
+        const auto claimed = ClaimFolder(nodeFolder.Parent(),
+                                         [&taken](const DiskPath& path) { return RenameEntry(taken, path); });
+        if (!claimed)
+            return tl::make_unexpected(claimed.error().Error);
+    }
+    // Empty, and otherwise removed by the next delete.
+    std::ignore = RemoveTree(hidden);
+    return Failure(nodeFolder.Text(),
+                   QStringLiteral("Another node is in this place now. It was not deleted."));
+}
+
 } // namespace
 
 tl::expected<ClaimedFolder, EntryError> ClaimFolder(const DiskPath& levelFolder,
@@ -110,14 +125,18 @@ tl::expected<MovedFolder, FileError> MoveNodeFolder(const NodeMove& move) {
     return moved;
 }
 
-FileResult RemoveNodeFolder(const DiskPath& contentFolder, const DiskPath& nodeFolder, const QDateTime& now) {
+FileResult RemoveNodeFolder(const DiskPath& contentFolder, const DiskPath& nodeFolder, const QDateTime& now,
+                            const std::function<bool(const DiskPath&)>& isIt) {
     RemoveLeftovers(contentFolder, now);
     if (!EntryExists(nodeFolder))
         return {};
     const auto hidden = MakeHiddenFolder(contentFolder, kDeleted);
     if (!hidden)
         return tl::make_unexpected(hidden.error());
-    const EntryResult renamed = RenameEntry(nodeFolder, *hidden / QStringLiteral("node"));
+    const DiskPath taken = *hidden / QStringLiteral("node");
+    const EntryResult renamed = RenameEntry(nodeFolder, taken);
+    if (renamed && isIt && !isIt(taken))
+        return PutBack(taken, nodeFolder, *hidden);
     const FileResult removed = RemoveTree(*hidden);
     if (renamed)
         return removed;

@@ -57,6 +57,10 @@ tl::expected<MovedFolder, FileError> MoveNodeFolder(const NodeMove& move);
 // Removes a node's folder. After a failure it is no longer in the tree, or still there whole. A missing
 // folder is not a failure. Leftovers of killed moves are removed too when they are more than a day older than
 // `now`; younger ones may be copies that another program is making.
-FileResult RemoveNodeFolder(const DiskPath& contentFolder, const DiskPath& nodeFolder, const QDateTime& now);
+//
+// `isIt` looks at the folder once it is off the tree, where nobody else changes it: false puts it back, since
+// another user has put another node in its place. Empty: it is not asked.
+FileResult RemoveNodeFolder(const DiskPath& contentFolder, const DiskPath& nodeFolder, const QDateTime& now,
+                            const std::function<bool(const DiskPath&)>& isIt = {});
 
 } // namespace paneda

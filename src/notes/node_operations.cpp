@@ -23,16 +23,40 @@ bool HasIcon(const QString& source) {
     return !source.isEmpty() && source != kKeepIcon;
 }
 
-// A folder that is missing or has no name is found out by the operation itself.
-FileResult CheckUnchanged(const TreeModel& tree, const TreeNode& listed) {
-    const DiskPath folder = tree.NodeFolder(listed);
-    TreeNode found;
-    ReadNodeKeys(ReadNodeIni(folder), tree.AppPath(), found);
-    if (found.Name.isEmpty() || (found.Name == listed.Name && found.Sort == listed.Sort))
-        return {};
+FileResult HasChanged(const DiskPath& folder) {
     return Failure(folder.Text(),
                    QStringLiteral("This node has changed since it was listed, so nothing was done. "
                                   "The tree has been read again."));
+}
+
+bool IsListed(const DiskPath& folder, const TreeModel& tree, const TreeNode& listed) {
+    TreeNode found;
+    ReadNodeKeys(ReadNodeIni(folder), tree.AppPath(), found);
+    return found.Name.isEmpty() || (found.Name == listed.Name && found.Sort == listed.Sort);
+}
+
+// The nodes that a level lies in. Another user may have removed one, and a node that came later may have got
+// its number: what is put there would go with that node. A parent that only has another place is the same.
+FileResult CheckParents(const TreeModel& tree, const QString& relativePath) {
+    QString path = QStringLiteral("\\");
+    for (const QString& folder : relativePath.split(u'\\', Qt::SkipEmptyParts)) {
+        const TreeNode* parent = tree.Find(tree.RowOf(path, folder));
+        TreeNode found;
+        if (parent)
+            ReadNodeKeys(ReadNodeIni(tree.NodeFolder(*parent)), tree.AppPath(), found);
+        if (parent && found.Name != parent->Name)
+            return HasChanged(tree.NodeFolder(*parent));
+        path += folder + u'\\';
+    }
+    return {};
+}
+
+// A folder that is missing or has no name is found out by the operation itself.
+FileResult CheckUnchanged(const TreeModel& tree, const TreeNode& listed) {
+    const DiskPath folder = tree.NodeFolder(listed);
+    if (!IsListed(folder, tree, listed))
+        return HasChanged(folder);
+    return CheckParents(tree, listed.RelativePath);
 }
 
 bool IsSameFolder(const DiskPath& a, const DiskPath& b) {
@@ -111,6 +135,8 @@ FileResult NodeOperations::FillNode(const DiskPath& folder, const PendingNode& p
 tl::expected<NodeOperations::Placed, FileError> NodeOperations::AddOnDisk(const Goal& goal,
                                                                           const PendingNode& pending) const {
     const DiskPath level = goal.Place.Folder();
+    if (const FileResult unchanged = CheckParents(tree_, goal.Place.RelativePath); !unchanged)
+        return tl::make_unexpected(unchanged.error());
     auto claimed = ClaimFolder(level, [](const DiskPath& path) { return MakeNewFolder(path); });
     if (!claimed)
         return tl::make_unexpected(claimed.error().Error);
@@ -148,8 +174,11 @@ NodeOperations::MoveWithinLevel(const Goal& goal, const TreeNode& moving) const 
 
 tl::expected<NodeOperations::Placed, FileError>
 NodeOperations::MoveOnDisk(const Goal& goal, const TreeModel& source, const TreeNode& moving) const {
-    if (const FileResult unchanged = CheckUnchanged(source, moving); !unchanged)
-        return tl::make_unexpected(unchanged.error());
+    for (const FileResult& unchanged :
+         {CheckUnchanged(source, moving), CheckParents(tree_, goal.Place.RelativePath)}) {
+        if (!unchanged)
+            return tl::make_unexpected(unchanged.error());
+    }
     const DiskPath level = goal.Place.Folder();
     const DiskPath oldLevel = LevelFolder(source.TreePath(), moving.RelativePath);
     if (IsSameFolder(oldLevel, level))
@@ -288,7 +317,8 @@ bool NodeOperations::DeleteNode(int row, DeleteMode mode) {
         unchanged = CheckUnchanged(tree_, node);
         if (!unchanged)
             return;
-        Note(failures, RemoveNodeFolder(tree_.ContentFolder(), folder, services_.Now()));
+        Note(failures, RemoveNodeFolder(tree_.ContentFolder(), folder, services_.Now(),
+                                        [&](const DiskPath& taken) { return IsListed(taken, tree_, node); }));
         isGone = !EntryExists(folder);
         if (isGone)
             Note(failures,
