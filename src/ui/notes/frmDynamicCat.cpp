@@ -114,6 +114,10 @@ void frmDynamicCat::Bind(const TreeBinding& binding) {
         services_.Prompts.Notice(FailureText(failures));
     if (services_.TreesBound)
         services_.TreesBound();
+    // The tree's window comes to the front with its tree, but the user goes on here.
+    raise();
+    activateWindow();
+    ui_->lstList->setFocus();
 }
 
 void frmDynamicCat::lblManage_Click() {
