@@ -12,6 +12,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <utility>
 
 namespace paneda {
 
@@ -64,10 +65,14 @@ void DrawGround(DrawingSurface& surface, const StripWish& wish, const TreeLook& 
         return;
     const QPixmap own = ForRatio(isUrl ? look.Favorite : look.Shortcut, surface.Ratio());
     constexpr double kFaint = 0.45;
-    if (own.isNull())
+    if (own.isNull()) {
         UnderlineStrip(surface, wish, Blend(ground, text, kFaint), isUrl);
-    else
-        surface.DrawIcon({own.toImage(), own.devicePixelRatio()}, {0, 0, wish.Width, TreeModel::RowHeight});
+        return;
+    }
+    QImage picture = own.toImage();
+    // Painters would scale by it once more.
+    picture.setDevicePixelRatio(1);
+    surface.DrawIcon({std::move(picture), own.devicePixelRatio()}, {0, 0, wish.Width, TreeModel::RowHeight});
 }
 
 void DrawIndicator(DrawingSurface& surface, const StripWish& wish, const TreeLook& look) {
