@@ -60,11 +60,11 @@ private Q_SLOTS:
 
 void tst_SkinOptions::lists() {
     StoreBuilder store = MakeStore({u"readme.txt=#!/bin/sh"_s}, {});
-    for (const auto* file : {"skin/b/Bottom.JPG", "skin/a/top.png", "skin/B/BOTTOM.png",
+    for (const auto* file : {"skin/b/Bottom.JPG", "skin/a/top.png", "skin/C/BOTTOM.png",
                              "skin/S/[hidden] x/y", "skin/S/No [HIDDEN]/y"})
         store.AddFile(QLatin1String(file));
-    store.AddFolder(u"skin/c/bottom.png"_s);
-    QCOMPARE(ListSkins(store.AppFolder()), QStringList({u"B"_s, u"S"_s, u"b"_s}));
+    store.AddFolder(u"skin/d/bottom.png"_s);
+    QCOMPARE(ListSkins(store.AppFolder()), QStringList({u"C"_s, u"S"_s, u"b"_s}));
     const DiskPath skin = SkinFolderOf(store.AppFolder(), u"s"_s);
     QCOMPARE(ListSkinOptions(skin), QStringList({u"No [HIDDEN]"_s, u"O"_s}));
     // It would be started.

@@ -52,7 +52,7 @@ struct Scene {
         AddFile("B", "Green/screenshot.jpg", Jpeg(Qt::green, {200, 100}));
         AddFile("B", "Green/top.png", "green");
         AddFile("B", "Plain/DELETE top.png.txt", {});
-        if (!SaveSkinName(State.AppFolder, u"A"_s))
+        if (!SaveSkinName(State.AppFolder, u"a"_s)) // in any case
             qFatal("no config");
         LoadConfig(State);
         State.Drives = DrivesOfHost();

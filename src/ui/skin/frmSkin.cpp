@@ -2,6 +2,7 @@
 
 #include "core/files/web_addresses.h"
 #include "core/settings/config_settings.h"
+#include "core/text/text_rules.h"
 #include "core/text/twips.h"
 #include "skin/skin_file.h"
 #include "skin/skin_list.h"
@@ -18,6 +19,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <algorithm>
 #include <utility>
 
 namespace paneda {
@@ -123,7 +125,10 @@ void frmSkin::ListAll(const QString& selected) {
         const QSignalBlocker blocker(ui_->lstSkin);
         ui_->lstSkin->clear();
         ui_->lstSkin->addItems(skins);
-        ui_->lstSkin->setCurrentRow(int(skins.indexOf(selected)));
+        const auto found = std::find_if(skins.begin(), skins.end(), [&selected](const QString& name) {
+            return SameName(name, selected);
+        });
+        ui_->lstSkin->setCurrentRow(found == skins.end() ? -1 : int(found - skins.begin()));
     }
     MarkUsed();
     lstSkin_Click();
@@ -189,7 +194,7 @@ void frmSkin::MarkUsed() {
     for (int i = 0; i < ui_->lstSkin->count(); ++i) {
         QListWidgetItem* item = ui_->lstSkin->item(i);
         QFont font = ui_->lstSkin->font();
-        font.setBold(item->text() == state_.SkinName);
+        font.setBold(SameName(item->text(), state_.SkinName));
         item->setFont(font);
     }
 }
@@ -256,7 +261,7 @@ void frmSkin::cmdRestore_Click() {
         services_.Prompts.Notice(restored.error());
         return;
     }
-    if (skin == state_.SkinName)
+    if (SameName(skin, state_.SkinName))
         Reload();
     else
         lstSkin_Click();
