@@ -3,6 +3,7 @@
 #include "skin/skin_list.h"
 #include "skin/skin_maker.h"
 #include "skin/skin_option.h"
+#include "skin/skin_pictures.h"
 #include "support/store_builder.h"
 
 #include <QTest>
@@ -203,6 +204,12 @@ void tst_SkinOptions::linksOut() {
             QVERIFY(ListSkins(store.AppFolder()).isEmpty() && !ReadSkin(store.AppFolder(), u"S"_s));
         if (path.endsWith(u"skin.ini"))
             QVERIFY(ReadSkin(store.AppFolder(), u"S"_s).error().Text().contains(u"link"));
+        if (path.endsWith(u"S/top.png")) {
+            const auto left = SurveyPieces(*ReadSkin(store.AppFolder(), u"S"_s)).LeftOut;
+            QVERIFY(std::any_of(left.begin(), left.end(), [](const PictureError& error) {
+                return error.Path.endsWith(u"top.png") && error.Reason.contains(u"link");
+            }));
+        }
         if (path.endsWith(u"S/O"))
             QVERIFY(ListSkinOptions(SkinFolderOf(store.AppFolder(), u"S"_s)).isEmpty());
     }

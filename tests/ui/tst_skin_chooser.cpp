@@ -1,6 +1,5 @@
 #include "archive/zip_class.h"
 #include "core/settings/config_settings.h"
-#include "skin/skin_list.h"
 #include "skin/skin_maker.h"
 #include "support/fake_prompts.h"
 #include "support/store_builder.h"
@@ -199,7 +198,7 @@ void tst_SkinChooser::lastOfMany() {
     QList<SkinFacts> arrived;
     connect(&preview, &SkinPreview::Arrived, this, [&](const SkinFacts& facts) { arrived.append(facts); });
     for (int i = 0; i <= 200; ++i)
-        preview.Show({SkinFolderOf(scene.State.AppFolder, i < 200 ? u"A"_s : u"B"_s), {}, 1, 100});
+        preview.Show({scene.State.AppFolder, i < 200 ? u"A"_s : u"B"_s, {}, 1, 100});
     QTRY_COMPARE(arrived.size(), 1);
     QCOMPARE(arrived.front().Options.size(), 2);
 }

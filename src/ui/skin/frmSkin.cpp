@@ -153,8 +153,8 @@ void frmSkin::ShowPreview() {
     }
     const double ratio = devicePixelRatioF();
     const QSize room = ui_->imgScreenshot->size().expandedTo(ui_->imgScreenshot->sizeHint());
-    preview_.Show({SkinFolderOf(state_.AppFolder, Skin()), Option(), ratio,
-                   int(std::max(room.width(), room.height()) * ratio)});
+    preview_.Show(
+        {state_.AppFolder, Skin(), Option(), ratio, int(std::max(room.width(), room.height()) * ratio)});
 }
 
 void frmSkin::ShowFacts(const SkinFacts& facts) {
@@ -282,11 +282,17 @@ void frmSkin::imgConfigure_Click() {
 }
 
 void frmSkin::imgFolder_Click() {
-    OpenPath(SkinFolderOf(state_.AppFolder, Skin()).Text() + u'/', Skin());
+    const QString skin = Skin();
+    QString folder;
+    Work([&] { folder = SkinFolderOf(state_.AppFolder, skin).Text(); });
+    if (!folder.isEmpty())
+        OpenPath(folder + u'/', skin);
 }
 
 void frmSkin::imgReadme_Click() {
-    const QString file = FindReadme(SkinFolderOf(state_.AppFolder, Skin()));
+    const QString skin = Skin();
+    QString file;
+    Work([&] { file = FindReadme(SkinFolderOf(state_.AppFolder, skin)); });
     if (!file.isEmpty())
         OpenPath(file, QStringLiteral("Read Me"));
 }

@@ -1,5 +1,6 @@
 #include "ui/skin/skin_preview.h"
 
+#include "skin/skin_list.h"
 #include "ui/common/run_aside.h"
 
 #include <utility>
@@ -16,7 +17,11 @@ void SkinPreview::Show(const Wish& wish) {
 void SkinPreview::Read(const Wish& wish) {
     reading_ = true;
     RunAside<SkinFacts>(
-        *this, [wish] { return ReadSkinFacts(wish.Skin, wish.Option, wish.Ratio, wish.Pixels); },
+        *this,
+        [wish] {
+            return ReadSkinFacts(SkinFolderOf(wish.AppFolder, wish.Skin), wish.Option, wish.Ratio,
+                                 wish.Pixels);
+        },
         [this](const SkinFacts& facts) {
             reading_ = false;
             if (const auto next = std::exchange(next_, std::nullopt))

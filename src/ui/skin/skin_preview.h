@@ -15,7 +15,8 @@ class SkinPreview : public QObject {
 
 public:
     struct Wish {
-        DiskPath Skin;
+        QString AppFolder; // host path
+        QString Skin;
         QString Option; // empty for none
         double Ratio = 1;
         int Pixels = 0; // see ReadSkinFacts
