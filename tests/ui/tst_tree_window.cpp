@@ -2,6 +2,7 @@
 #include "support/store_builder.h"
 #include "ui/fake_desktop.h"
 #include "ui/notes/frmTree.h"
+#include "ui/notes/tree_actions.h"
 #include "ui/notes/tree_satellite.h"
 #include "ui/notes/ucTree.h"
 
@@ -330,8 +331,13 @@ void tst_tree_window::goesWithThePanel() {
     QVERIFY(!satellite.Window()->isVisible());
     satellite.Show(true);
     QVERIFY(!satellite.Window()->isVisible());
-    // A reload of the panel takes the tree along.
-    panel.reset();
+    // A reload of the panel takes the tree along, even in the middle of reading a branch.
+    satellite.OpenTree(tree);
+    satellite.Show(true);
+    const QPointer<frmTree> window = satellite.Window();
+    QTimer::singleShot(0, qApp, [&] { panel.reset(); });
+    window->Current()->Actions().ToggleNode(1);
+    QTRY_VERIFY(!window);
     QVERIFY(!satellite.Window());
     satellite.Follow({}, nullptr);
 }

@@ -3,10 +3,15 @@
 #include "ui/notes/tree_accessible.h"
 #include "ui/notes/ucTree.h"
 
+#include <QTimer>
+#include <QWindow>
+
+#include <utility>
+
 namespace paneda {
 
-frmTree::frmTree(AppState& state, const TreeServices& services, const QString& skinPath, QWidget* parent)
-    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
+frmTree::frmTree(AppState& state, const TreeServices& services, const QString& skinPath)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
     , desk_{.State = state, .Services = services, .Look = LoadTreeLook(skinPath)} {
     setObjectName(QStringLiteral("frmTree"));
     setWindowTitle(QStringLiteral("Tree"));
@@ -20,13 +25,39 @@ frmTree::frmTree(AppState& state, const TreeServices& services, const QString& s
                 tree->ChangeMousePointer(false);
         }
     };
+    // Later, since who has been at work may still look at a tree.
+    desk_.Idle = [this] { QTimer::singleShot(0, this, &frmTree::DeleteClosed); };
     SetOpacity(state.TreeOpacity);
 }
 
 frmTree::~frmTree() {
+    desk_.Idle = {};
     // Before what they share.
-    for (ucTree* tree : trees_)
+    for (const auto* trees : {&trees_, &closed_}) {
+        for (ucTree* tree : *trees)
+            delete tree;
+    }
+}
+
+void frmTree::StayAbove(QWidget& panel) {
+    winId();
+    panel.winId();
+    windowHandle()->setTransientParent(panel.windowHandle());
+}
+
+void frmTree::Retire() {
+    hide();
+    isRetired_ = true;
+    DeleteClosed();
+}
+
+void frmTree::DeleteClosed() {
+    if (desk_.Busy > 0)
+        return;
+    for (ucTree* tree : std::exchange(closed_, {}))
         delete tree;
+    if (isRetired_)
+        deleteLater();
 }
 
 ucTree* frmTree::ControlOf(int treeIndex) const {
@@ -62,8 +93,9 @@ void frmTree::RefreshTree(const QString& showTree, const QString& removeTree) {
         closed->hide();
         if (closed == current_)
             ShowNoTree();
-        // The press that has led here may be one on this very tree.
-        closed->deleteLater();
+        // Not now: the press that has led here may be one on this very tree.
+        closed_.push_back(closed);
+        desk_.Idle();
     }
     if (change.Load) {
         // Shown before it is read, which may take as long as a disk does.

@@ -15,9 +15,8 @@ class frmTree : public QWidget {
     Q_OBJECT
 
 public:
-    // `skinPath`: see LoadTreeLook. With a parent it stays above that window and is deleted with it.
-    frmTree(AppState& state, const TreeServices& services, const QString& skinPath,
-            QWidget* parent = nullptr);
+    // `skinPath`: see LoadTreeLook.
+    frmTree(AppState& state, const TreeServices& services, const QString& skinPath);
     ~frmTree() override;
 
     // Closes `removeTree`, then shows `showTree`, which is opened if it is not open; an empty name means
@@ -25,6 +24,11 @@ public:
     void RefreshTree(const QString& showTree, const QString& removeTree);
     // Shows an empty tree, for a category that has none yet.
     void ShowNoTree();
+
+    // Keeps the window above another one.
+    void StayAbove(QWidget& panel);
+    // Hides the window and deletes it, as soon as nothing is at work in it.
+    void Retire();
 
     // The tree that is shown.
     ucTree* Current() const { return current_; }
@@ -41,11 +45,14 @@ private:
     ucTree* ControlOf(int treeIndex) const;
     ucTree* MakeControl(int treeIndex);
     void BringToFront(ucTree* tree);
+    void DeleteClosed();
 
     TreeDesk desk_;
     OpenTrees open_;
     std::vector<ucTree*> trees_; // by control, the first being 0, which shows no tree; null for a closed one
+    std::vector<ucTree*> closed_;
     ucTree* current_ = nullptr;
+    bool isRetired_ = false;
 };
 
 } // namespace paneda

@@ -39,8 +39,8 @@ void RowFacts::SetRatio(double ratio) {
 const RowFacts::Facts* RowFacts::Want(int row) {
     Entry& entry = facts_[row];
     entry.Wanted = ++clock_;
-    if (!entry.IsFresh && !entry.IsAsked) {
-        entry.IsAsked = true;
+    if (!entry.IsFresh && entry.Asked == 0) {
+        entry.Asked = clock_;
         waiting_.push_back(row);
         AskLater();
     }
@@ -53,7 +53,7 @@ void RowFacts::MarkOld(int row) {
         return;
     // An answer that is on its way may be older than the change.
     entry->IsFresh = false;
-    entry->IsAsked = false;
+    entry->Asked = 0;
 }
 
 void RowFacts::Drop(const std::vector<int>& rows) {
@@ -80,13 +80,14 @@ void RowFacts::Ask() {
         const int row = waiting_.back();
         waiting_.pop_back();
         const TreeNode* node = model_.Find(row);
-        if (node && facts_.contains(row))
-            questions.push_back({row, model_.TreePath(), model_.NodeFolder(*node).Text()});
+        const auto entry = facts_.constFind(row);
+        if (node && entry != facts_.constEnd() && entry->Asked != 0)
+            questions.push_back({row, entry->Asked, model_.TreePath(), model_.NodeFolder(*node).Text()});
     }
     // The others have been scrolled away. They are asked for when they are seen again.
     for (const int row : std::exchange(waiting_, {})) {
         if (const auto entry = facts_.find(row); entry != facts_.end())
-            entry->IsAsked = false;
+            entry->Asked = 0;
     }
     isAsking_ = !questions.empty();
     if (questions.empty())
@@ -131,8 +132,8 @@ void RowFacts::Take(const std::vector<Answer>& answers, double ratio) {
     for (const Answer& answer : answers) {
         const TreeNode* node = model_.Find(answer.Asked.Row);
         const auto entry = facts_.find(answer.Asked.Row);
-        // The row may have become that of another node.
-        if (!node || entry == facts_.end() || !entry->IsAsked ||
+        // The row may have become that of another node, or the node have changed.
+        if (!node || entry == facts_.end() || entry->Asked != answer.Asked.Number ||
             model_.NodeFolder(*node).Text() != answer.Asked.Folder)
             continue;
         entry->Folder = answer.Asked.Folder;
@@ -141,7 +142,7 @@ void RowFacts::Take(const std::vector<Answer>& answers, double ratio) {
         if (DecideNodeIcon(node->Type, !answer.Icon.isNull()) == NodeIconKind::Target)
             entry->Known.Icon = TargetIcon(*node);
         entry->IsFresh = true;
-        entry->IsAsked = false;
+        entry->Asked = 0;
         if (Changed)
             Changed(answer.Asked.Row);
     }

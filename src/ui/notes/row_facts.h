@@ -49,11 +49,12 @@ private:
         Facts Known;
         QString Folder; // of the node that they belong to
         bool IsFresh = false;
-        bool IsAsked = false;
+        quint64 Asked = 0;  // number of the question whose answer counts; 0 for none
         quint64 Wanted = 0; // when, by a counter
     };
     struct Question {
         int Row = 0;
+        quint64 Number = 0;
         QString Content; // host path, below which links are refused
         QString Folder;
     };

@@ -12,22 +12,6 @@
 
 namespace paneda {
 
-namespace {
-
-// While it lives, what comes from outside the window is refused.
-class BusyMark {
-public:
-    explicit BusyMark(TreeDesk& desk) : desk_(desk) { ++desk_.Busy; }
-    ~BusyMark() { --desk_.Busy; }
-    BusyMark(const BusyMark&) = delete;
-    BusyMark& operator=(const BusyMark&) = delete;
-
-private:
-    TreeDesk& desk_;
-};
-
-} // namespace
-
 DiskWork TreeActions::ShownWork() {
     return [this](const std::function<void()>& work) {
         const BusyMark mark(desk_);
@@ -59,8 +43,15 @@ void TreeActions::CloseNote() {
 }
 
 void TreeActions::PressRow(int row, PressOrigin origin, PressButton button, const QPoint& place) {
+    if (IsBusy())
+        return;
+    const BusyMark mark(desk_);
+    Press(row, origin, button, place);
+}
+
+void TreeActions::Press(int row, PressOrigin origin, PressButton button, const QPoint& place) {
     const TreeNode* node = tree_.Model().Find(row);
-    if (!node || IsBusy())
+    if (!node)
         return;
     tree_.SelectRow(row);
     // Before anything slow starts.
@@ -87,6 +78,7 @@ void TreeActions::PressRow(int row, PressOrigin origin, PressButton button, cons
 void TreeActions::PressCanvas(PressButton button, const QPoint& place) {
     if (IsBusy())
         return;
+    const BusyMark mark(desk_);
     if (button == PressButton::Right)
         Refresh(place);
     else if (desk_.Services.Dialogs)
@@ -94,8 +86,10 @@ void TreeActions::PressCanvas(PressButton button, const QPoint& place) {
 }
 
 void TreeActions::ToggleNode(int row) {
-    if (!IsBusy())
-        tree_.Model().ToggleNode(row);
+    if (IsBusy())
+        return;
+    const BusyMark mark(desk_);
+    tree_.Model().ToggleNode(row);
 }
 
 void TreeActions::Open(int row) {
@@ -115,23 +109,20 @@ void TreeActions::Start(const TreeNode& node) {
 }
 
 void TreeActions::ShowNodeMenu(int row, const QPoint& place) {
-    const QPointer<ucTree> alive(&tree_);
     const NodeMenuChoice choice = DecodeNodeMenu(AskNodeMenu(desk_.Services.Dialogs != nullptr, place));
-    if (!alive)
-        return;
     switch (choice.Command) {
     case NodeCommand::Add:
         Add(row, choice.Type, choice.Position, false, place);
         break;
     case NodeCommand::Edit:
-        Edit(row, place);
+        EditNode(row, place);
         break;
     case NodeCommand::Move:
         Operations().StartMove(row);
         desk_.MoveChanged();
         break;
     case NodeCommand::Delete:
-        Delete(row);
+        DeleteNode(row);
         break;
     case NodeCommand::None:
         break;
@@ -139,9 +130,8 @@ void TreeActions::ShowNodeMenu(int row, const QPoint& place) {
 }
 
 void TreeActions::ShowMoveMenu(int row, const QPoint& place) {
-    const QPointer<ucTree> alive(&tree_);
     const MoveChoice choice = DecodeMoveMenu(AskMoveMenu(place));
-    if (!alive || choice == MoveChoice::None)
+    if (choice == MoveChoice::None)
         return;
     const int moved = Operations().FinishMove(row, choice);
     if (moved >= 0) {
@@ -157,17 +147,23 @@ void TreeActions::EndMove() {
 }
 
 void TreeActions::Edit(int row, const QPoint& place) {
+    if (IsBusy())
+        return;
+    const BusyMark mark(desk_);
+    EditNode(row, place);
+}
+
+void TreeActions::EditNode(int row, const QPoint& place) {
     const TreeNode* shown = tree_.Model().Find(row);
-    if (!shown || !desk_.Services.Dialogs || IsBusy())
+    if (!shown || !desk_.Services.Dialogs)
         return;
     const TreeNode node = *shown;
-    const QPointer<ucTree> alive(&tree_);
     desk_.Transfer.Pending = desk_.Services.Dialogs->Ask({.Window = tree_.window(),
                                                           .Type = node.Type,
                                                           .Node = &node,
                                                           .NodeFolder = tree_.Model().NodeFolder(node),
                                                           .Mouse = place});
-    if (!alive || !desk_.Transfer.Pending || !Operations().EditNode(row))
+    if (!desk_.Transfer.Pending || !Operations().EditNode(row))
         return;
     tree_.SelectRow(row);
     if (const TreeNode* changed = tree_.Model().Find(row); changed && desk_.Services.Note)
@@ -175,11 +171,20 @@ void TreeActions::Edit(int row, const QPoint& place) {
 }
 
 void TreeActions::Delete(int row) {
-    if (!IsBusy())
-        Operations().DeleteNode(row, DeleteMode::AskAndDelete);
+    if (IsBusy())
+        return;
+    const BusyMark mark(desk_);
+    DeleteNode(row);
+}
+
+void TreeActions::DeleteNode(int row) {
+    Operations().DeleteNode(row, DeleteMode::AskAndDelete);
 }
 
 void TreeActions::Insert(int row, const QPoint& place) {
+    if (IsBusy())
+        return;
+    const BusyMark mark(desk_);
     const bool isFirst = tree_.Model().Nodes().empty();
     if (tree_.Model().Find(row) || isFirst)
         Add(isFirst ? -1 : row, {}, NodePosition::Below, isFirst, place);
@@ -187,19 +192,18 @@ void TreeActions::Insert(int row, const QPoint& place) {
 
 void TreeActions::Add(int row, const QString& type, NodePosition position, bool isFirst,
                       const QPoint& place) {
-    if (!desk_.Services.Dialogs || IsBusy())
+    if (!desk_.Services.Dialogs)
         return;
-    const QPointer<ucTree> alive(&tree_);
     const auto pending = desk_.Services.Dialogs->Ask(
         {.Window = tree_.window(), .Type = type, .Position = position, .IsFirst = isFirst, .Mouse = place});
-    if (!alive || !pending)
+    if (!pending)
         return;
     const int added = Enter(*pending, row);
     const TreeNode* node = tree_.Model().Find(added);
     if (!node)
         return;
     const bool isNote = node->Type.isEmpty();
-    PressRow(added, isNote ? PressOrigin::Label : PressOrigin::NewLink, PressButton::Left, place);
+    Press(added, isNote ? PressOrigin::Label : PressOrigin::NewLink, PressButton::Left, place);
 }
 
 int TreeActions::Enter(const PendingNode& pending, int row) {
@@ -244,6 +248,7 @@ void TreeActions::Drop(const QMimeData& data, int row, NodePosition where) {
             // A drop of another program comes through while the disk is busy.
             if (IsBusy())
                 return;
+            const BusyMark mark(desk_);
             const auto pending = DroppedNode(address, position, desk_.State);
             const int added = pending ? Enter(*pending, target) : -1;
             if (added < 0)

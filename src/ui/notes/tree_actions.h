@@ -3,7 +3,7 @@
 #include "notes/tree_input.h"
 #include "ui/notes/tree_services.h"
 
-#include <QPointer>
+#include <QPoint>
 
 class QMimeData;
 
@@ -12,7 +12,8 @@ namespace paneda {
 class ucTree;
 
 // What a user does in a tree: what presses start, the two menus, and the changes of nodes that they ask for.
-// Places are pixels of the desktop. A row that is not in the list is ignored.
+// Places are pixels of the desktop. A row that is not in the list is ignored, and so is what comes while
+// something else is going on.
 class TreeActions {
 public:
     TreeActions(TreeDesk& desk, ucTree& tree) : desk_(desk), tree_(tree) {}
@@ -41,6 +42,10 @@ public:
 private:
     NodeOperations Operations();
     bool IsBusy() const { return desk_.Busy > 0; }
+    // The same as the public ones, within an operation.
+    void Press(int row, PressOrigin origin, PressButton button, const QPoint& place);
+    void EditNode(int row, const QPoint& place);
+    void DeleteNode(int row);
     void CloseNote();
     void OpenNote(int row);
     void Start(const TreeNode& node);

@@ -109,6 +109,7 @@ void TreeFind::ShowHit() {
     if (desk_.Busy > 0)
         return;
     // Opening a branch is a change that the index knows already.
+    const BusyMark mark(desk_);
     const auto index = index_;
     const int row = tree_.Model().Reveal(hit.RelativePath, hit.Folder);
     index_ = index;

@@ -7,6 +7,17 @@
 
 namespace paneda {
 
+TreeSatellite::~TreeSatellite() {
+    delete window_;
+}
+
+void TreeSatellite::Unload() {
+    wanted_.reset();
+    if (window_)
+        window_->Retire();
+    window_.clear();
+}
+
 bool TreeSatellite::Owns(WId window) const {
     // Asking a widget for its number would make its window.
     return window_ && window_->internalWinId() == window && window != 0;
@@ -19,6 +30,7 @@ void TreeSatellite::OpenTree(const std::optional<TreeOnPanel>& tree) {
         return;
     }
     tree->Panel->installEventFilter(this);
+    connect(tree->Panel, &QObject::destroyed, this, &TreeSatellite::Unload, Qt::UniqueConnection);
     // A hidden panel's tree, and that of one that has not been painted yet, can wait.
     if (tree->IsPanelShown)
         Show(true);
@@ -28,7 +40,8 @@ void TreeSatellite::Show(bool treeIsOpened) {
     if (!treeIsOpened || !wanted_)
         return;
     if (!window_) {
-        window_ = new frmTree(state_, services_, wanted_->SkinPath, wanted_->Panel);
+        window_ = new frmTree(state_, services_, wanted_->SkinPath);
+        window_->StayAbove(*wanted_->Panel);
         skinPath_ = wanted_->SkinPath;
     } else if (skinPath_ != wanted_->SkinPath) {
         skinPath_ = wanted_->SkinPath;
@@ -38,12 +51,10 @@ void TreeSatellite::Show(bool treeIsOpened) {
     Place({PixelsToTwips(panel->x()), PixelsToTwips(panel->y())});
     window_->show();
     window_->raise();
-    // Reading a tree lets events through, which may end all this.
-    const QPointer<frmTree> window(window_);
     if (wanted_->TreeName.isEmpty())
-        window->ShowNoTree();
+        window_->ShowNoTree();
     else
-        window->RefreshTree(wanted_->TreeName, {});
+        window_->RefreshTree(QString(wanted_->TreeName), {});
 }
 
 void TreeSatellite::Hide() {

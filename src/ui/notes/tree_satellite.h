@@ -10,7 +10,7 @@
 
 namespace paneda {
 
-// The tree window beside its panel. It is made when a tree is first shown, and goes with the panel that it
+// The tree window of the panel. It is made when a tree is first shown, and goes with the panel that it
 // was made for.
 class TreeSatellite : public QObject, public Satellites {
     Q_OBJECT
@@ -18,11 +18,14 @@ class TreeSatellite : public QObject, public Satellites {
 public:
     TreeSatellite(AppState& state, TreeServices services) : state_(state), services_(std::move(services)) {}
 
+    ~TreeSatellite() override;
+
     bool Owns(WId window) const override;
     NoteWindowState Note() const override { return {}; }
     void OpenTree(const std::optional<TreeOnPanel>& tree) override;
     void Show(bool treeIsOpened) override;
     void Hide() override;
+    void Unload() override;
     void Follow(const TwipsRect& panel, const WindowPlace* note) override;
 
     // The opacity in the settings has changed.

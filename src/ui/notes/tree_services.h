@@ -36,9 +36,26 @@ struct TreeDesk {
     std::function<ucTree*(int treeIndex)> TreeOf = {};
     // A move has begun or ended: all trees show another pointer.
     std::function<void()> MoveChanged = {};
-    // How many operations are at work. What comes from outside the window waits for none of them and has to
-    // be refused.
+    // How many operations are at work in these trees. While there are any, no tree is deleted, and what comes
+    // from outside the window is refused: it would not wait for them.
     int Busy = 0;
+    // The last of them has ended.
+    std::function<void()> Idle = {};
+};
+
+// An operation, which may let events through: disk work, a menu, a dialog.
+class BusyMark {
+public:
+    explicit BusyMark(TreeDesk& desk) : desk_(desk) { ++desk_.Busy; }
+    ~BusyMark() {
+        if (--desk_.Busy == 0 && desk_.Idle)
+            desk_.Idle();
+    }
+    BusyMark(const BusyMark&) = delete;
+    BusyMark& operator=(const BusyMark&) = delete;
+
+private:
+    TreeDesk& desk_;
 };
 
 } // namespace paneda

@@ -133,7 +133,7 @@ void ucTree::RowsRemoved(int, const std::vector<int>& rows) {
 
 void ucTree::RowChanged(int row) {
     const TreeNode* node = model_.Find(row);
-    if (node && node->ExpandState == BranchState::Leaf)
+    if (node && node->ExpandState == BranchState::Leaf && std::size_t(row) < boxWasLoaded_.size())
         boxWasLoaded_[std::size_t(row)] = false;
     facts_.MarkOld(row);
     strips_.remove(row);
@@ -172,7 +172,8 @@ std::optional<RecentChange> ucTree::ChangeOf(int row) {
 
 TreeRowPlace ucTree::PlaceOf(int position, int stripWidth) const {
     const TreeNode& node = model_.Nodes()[std::size_t(position)];
-    return PlaceOfRow(position, node.Level, boxWasLoaded_[std::size_t(node.RowIndex)], stripWidth);
+    const std::size_t row = std::size_t(node.RowIndex);
+    return PlaceOfRow(position, node.Level, row < boxWasLoaded_.size() && boxWasLoaded_[row], stripWidth);
 }
 
 QRect ucTree::OnView(const TwipsRect& rect) const {
@@ -296,6 +297,8 @@ void ucTree::paintEvent(QPaintEvent*) {
 
 // An empty tree says how to begin; a tool tip alone would have to be found.
 void ucTree::DrawHint(QPainter& painter) const {
+    if (!model_.Nodes().empty())
+        return;
     const QString hint =
         model_.TreeName().isEmpty() ? QStringLiteral("Click here to choose a tree") : model_.CanvasTip();
     if (hint.isEmpty())

@@ -384,7 +384,7 @@ void frmMain::Form_Unload() {
     if (unloaded_)
         return;
     unloaded_ = true;
-    services_.Satellites.Hide();
+    services_.Satellites.Unload();
     hide();
     prepare_.stop();
     drivesChange_.stop();

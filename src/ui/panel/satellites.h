@@ -38,6 +38,9 @@ public:
     virtual void Show(bool treeIsOpened) = 0;
     virtual void Hide() = 0;
 
+    // The panel is about to be deleted: its windows go too.
+    virtual void Unload() = 0;
+
     // Call it when the panel has moved to this rectangle (twips). The note is moved to `note`; if that is
     // null it is placed beside the panel.
     virtual void Follow(const TwipsRect& panel, const WindowPlace* note) = 0;
@@ -51,6 +54,7 @@ public:
     void OpenTree(const std::optional<TreeOnPanel>&) override {}
     void Show(bool) override {}
     void Hide() override {}
+    void Unload() override {}
     void Follow(const TwipsRect&, const WindowPlace*) override {}
 };
 
