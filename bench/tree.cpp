@@ -6,6 +6,7 @@
 #include "core/disk/disk_entries.h"
 #include "made_tree.h"
 #include "notes/node_operations.h"
+#include "notes/tree_search.h"
 
 #include <QDir>
 #include <QFile>
@@ -135,12 +136,41 @@ void Measure(const QString& below, int count, bool flat) {
     std::printf(" %9.0f %9.0f %9.2f\n", renumber, plain, renumber / plain);
 }
 
+// Finding in a tree that is not expanded: the first look reads it, the others do not. Then a branch is
+// deleted that holds all of its nodes.
+void MeasureFind(const QString& below, int count) {
+    const QTemporaryDir folder(below + QStringLiteral("/bench-tree-XXXXXX"));
+    MakeTree(folder.path(), 1, true);
+    MakeTree(folder.filePath(QStringLiteral("000001")), count, false);
+    TreeSettings settings;
+    settings.ContentFolder = folder.path();
+    TreeModel tree(QStringLiteral("E:\\Paneda"));
+    tree.Open(QStringLiteral("Tree"), settings, 1);
+    TreeIndex index;
+    const double read = MedianOf([&] { index = ReadTreeIndex(folder.path(), tree.AppPath()); });
+    std::size_t hits = 0;
+    const double all = MedianOf([&] { hits = FindInTree(index, QStringLiteral("number NODE")).size(); });
+    const double none = MedianOf([&] { hits -= FindInTree(index, QStringLiteral("nowhere")).size(); });
+    if (int(hits) != count + 1)
+        qFatal("%d nodes were found.", int(hits));
+    NoPrompts prompts;
+    NodeTransfer transfer;
+    NodeOperations operations(tree, transfer, {prompts, {}, {}, {}});
+    const double deletion = TimeOf([&] { operations.DeleteNode(1, DeleteMode::AskAndDelete); });
+    if (!tree.Nodes().empty())
+        qFatal("The branch is still there.");
+    std::printf("%8d %9.2f %9.2f %9.2f %9.2f\n", count, read, all, none, deletion);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const QString below = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::tempPath();
     std::printf("Medians of %d runs, in ms; renumber once\n", kRuns);
+    std::printf("%8s %9s %9s %9s %9s\n", "nodes", "read", "find all", "find none", "delete");
+    for (const int count : {1'000, 5'000, 10'000})
+        MeasureFind(below, count);
     std::printf("%8s %-7s %9s %9s %9s %9s %9s %9s %9s %9s %9s %9s\n", "nodes", "levels", "walk", "load",
                 "load/walk", "toggle", "add", "move", "delete", "renumber", "plain", "ren/plain");
     for (const bool flat : {true, false}) {
