@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -126,12 +127,14 @@ void tst_tree_dialogs::trees() {
     }
     QStringList dropped;
     int bound = 0;
-    frmDynamicCat list({.State = state,
-                        .Prompts = desk.Prompts,
-                        .Opener = desk.Opener,
-                        .DropTree = [&](const QString& tree) { dropped.append(tree); },
-                        .TreesBound = [&] { ++bound; }},
-                       0, &desk.Window);
+    const QPointer made(new frmDynamicCat({.State = state,
+                                           .Prompts = desk.Prompts,
+                                           .Opener = desk.Opener,
+                                           .DropTree = [&](const QString& tree) { dropped.append(tree); },
+                                           .TreesBound = [&] { ++bound; }},
+                                          0, &desk.Window));
+    made->setAttribute(Qt::WA_DeleteOnClose);
+    frmDynamicCat& list = *made;
     list.Form_Load();
     list.show();
     auto* lines = list.findChild<QListWidget*>();
@@ -161,9 +164,17 @@ void tst_tree_dialogs::trees() {
     QCOMPARE(dropped, (QStringList{u"a.b"_s, u"c"_s}));
     QVERIFY(state.Catalogue[0].TreeName.isEmpty() && state.Catalogue[1].TreeName.isEmpty());
     QVERIFY(lines->count() == 0 && desk.Store.Entries().contains(u"Data/a.b/"_s));
+    // It goes with its window, but not before its own dialog.
     desk.Window.show();
-    desk.Window.hide();
-    QVERIFY(!list.isVisible());
+    OnDialog([&](QWidget& dialog) {
+        desk.Window.hide();
+        QTest::qWait(0);
+        QVERIFY(made);
+        Enter(dialog, "txtName", u"d"_s);
+    });
+    list.lblAdd_Click();
+    QCOMPARE(state.Catalogue[0].TreeName, u"d"_s);
+    QTRY_VERIFY(!made);
 }
 
 QTEST_MAIN(tst_tree_dialogs)

@@ -22,6 +22,21 @@ constexpr double kHintSize = 0.9; // of the desktop's font
 
 } // namespace
 
+// While it lives, events are handled below, and one of them may hide the window that the list belongs to.
+class frmDynamicCat::AtWork {
+public:
+    explicit AtWork(frmDynamicCat& list) : list_(list) { ++list_.atWork_; }
+    ~AtWork() {
+        if (--list_.atWork_ == 0 && list_.closesLater_)
+            list_.close();
+    }
+    AtWork(const AtWork&) = delete;
+    AtWork& operator=(const AtWork&) = delete;
+
+private:
+    frmDynamicCat& list_;
+};
+
 frmDynamicCat::frmDynamicCat(TreeManagerServices services, int category, QWidget* parent)
     : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint)
     , services_(std::move(services))
@@ -63,6 +78,7 @@ void frmDynamicCat::ShowLook() {
 }
 
 void frmDynamicCat::Form_Load() {
+    const AtWork work(*this);
     RefreshList();
     if (Category() >= 0)
         Select(services_.State.Catalogue[std::size_t(Category())].TreeName);
@@ -95,6 +111,7 @@ int frmDynamicCat::Category() const {
 }
 
 void frmDynamicCat::RefreshTreeStru(const QString& tree) {
+    const AtWork work(*this);
     Bind({.Category = Category(), .Tree = tree});
 }
 
@@ -130,6 +147,7 @@ void frmDynamicCat::lblAdd_Click() {
 }
 
 void frmDynamicCat::lblEdit_Click() {
+    const AtWork work(*this);
     if (Selected().isEmpty())
         services_.Prompts.Notice(QStringLiteral("Please select a Tree to Edit"));
     else
@@ -137,6 +155,7 @@ void frmDynamicCat::lblEdit_Click() {
 }
 
 void frmDynamicCat::EditTree(const QString& tree) {
+    const AtWork work(*this);
     frmDynamicCatEdit dialog({.State = services_.State,
                               .Prompts = services_.Prompts,
                               .Opener = services_.Opener,
@@ -158,6 +177,7 @@ void frmDynamicCat::EditTree(const QString& tree) {
 }
 
 void frmDynamicCat::lblDelete_Click() {
+    const AtWork work(*this);
     const QString tree = Selected();
     if (tree.isEmpty()) {
         services_.Prompts.Notice(QStringLiteral("Please select a Tree to Delete"));
@@ -183,6 +203,7 @@ void frmDynamicCat::lblDelete_Click() {
 }
 
 void frmDynamicCat::ShowMenu(const QPoint& place) {
+    const AtWork work(*this);
     if (QListWidgetItem* item = ui_->lstList->itemAt(place))
         ui_->lstList->setCurrentItem(item);
     const std::vector<PopItem> items{{QStringLiteral("mnuTree0"), QStringLiteral("Add Tree")},
@@ -201,7 +222,9 @@ void frmDynamicCat::ShowMenu(const QPoint& place) {
 
 bool frmDynamicCat::eventFilter(QObject* watched, QEvent* event) {
     if (watched == parent() && event->type() == QEvent::Hide) {
-        close();
+        closesLater_ = true;
+        if (atWork_ == 0)
+            close();
     } else if (watched == ui_->lstList->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const bool isLeft = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
         if (isLeft && ui_->lstList->count() == 0)

@@ -61,6 +61,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    class AtWork;
+
     QString Selected() const; // empty for none
     void Select(const QString& tree);
     void ShowLook();
@@ -72,6 +74,9 @@ private:
 
     TreeManagerServices services_;
     QString category_; // name of its folder
+    // How many of its operations are under way. Closing, which deletes it, waits for them.
+    int atWork_ = 0;
+    bool closesLater_ = false;
     std::unique_ptr<Ui::frmDynamicCat> ui_;
 };
 
