@@ -2,12 +2,12 @@
 #include "support/fake_prompts.h"
 #include "support/store_builder.h"
 #include "ui/common/dtVisualScrollBar.h"
+#include "ui/common/show_node_icon.h"
 #include "ui/fake_desktop.h"
 #include "ui/fake_downloader.h"
 #include "ui/organiser/fetch_favicon.h"
 #include "ui/organiser/frmIconSelect.h"
 #include "ui/organiser/icon_paper.h"
-#include "ui/common/show_node_icon.h"
 #include "ui/panel/frmWait.h"
 
 #include <QApplication>
