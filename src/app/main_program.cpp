@@ -1,11 +1,13 @@
 #include "app/main_program.h"
 
 #include "core/settings/startup.h"
+#include "core/store/store_layout.h"
 #include "ui/panel/screen_metrics.h"
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <QSettings>
 #include <QTimer>
 
 #include <utility>
@@ -33,6 +35,9 @@ void FillAppState(AppState& state, const QString& executableFolder, Volumes& vol
 MainProgram::MainProgram(Platform platform, const QString& executablePath, std::function<void()> ending)
     : platform_(std::move(platform)), executablePath_(executablePath), ending_(std::move(ending)) {
     FillAppState(state_, QFileInfo(executablePath).absolutePath(), *platform_.Volumes);
+    // What Qt's own windows for files and colours remember, which would be in the user's settings folder.
+    // Windows has it in the registry in any case.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, CacheFolder(state_.AppFolder));
     prompts_ = std::make_unique<QtPrompts>(state_.ProductName);
     SettingServices settings{.Prompts = *prompts_,
                              .Autostart = *platform_.Autostart,
