@@ -52,9 +52,10 @@ int NodeOperations::FinishMove(int targetRow, MoveChoice choice) {
     int row = -1;
     if (choice != MoveChoice::Cancel) {
         TreeModel* source = services_.TreeOf ? services_.TreeOf(transfer_.Moving->TreeIndex) : nullptr;
-        const QString fault = source ? PlaceFault(*source, targetRow)
-                                     : QStringLiteral("'%1' was not moved, since its tree has been closed.")
-                                           .arg(transfer_.Moving->Node.Name);
+        QString fault = QStringLiteral("'%1' was not moved, since its tree has been closed.")
+                            .arg(transfer_.Moving->Node.Name);
+        if (source)
+            RunWork([&] { fault = PlaceFault(*source, targetRow); });
         if (fault.isEmpty())
             row = PlaceMoving(*source, targetRow, NodePosition(choice));
         else
@@ -66,7 +67,8 @@ int NodeOperations::FinishMove(int targetRow, MoveChoice choice) {
 
 int NodeOperations::PlaceMoving(TreeModel& source, int targetRow, NodePosition position) {
     const TreeNode node = transfer_.Moving->Node;
-    const QString oldFolder = RealPath(source.NodeFolder(node).Text());
+    QString oldFolder;
+    RunWork([&] { oldFolder = RealPath(source.NodeFolder(node).Text()); });
     transfer_.Pending =
         PendingNode{node.Name, kKeepIcon, position, node.Description, node.Type, node.LinkData};
     CloseNote();
@@ -82,13 +84,20 @@ int NodeOperations::PlaceMoving(TreeModel& source, int targetRow, NodePosition p
 
 void NodeOperations::FollowMove(TreeModel& tree, const QString& oldFolder, int newRow) const {
     const TreeNode* placed = tree_.Find(newRow);
-    const QString newFolder = placed ? RealPath(tree_.NodeFolder(*placed).Text()) : QString();
     const int keep = &tree == &tree_ ? newRow : -1;
-    // A folder that could not be removed on its volume is still a node.
-    const bool hasLeft = oldFolder == newFolder || !EntryExists(oldFolder);
-    if (const auto old = FindInTree(tree, oldFolder); old && hasLeft)
+    std::optional<PlaceInTree> old;
+    std::optional<PlaceInTree> place;
+    bool hasLeft = false;
+    RunWork([&] {
+        const QString newFolder = placed ? RealPath(tree_.NodeFolder(*placed).Text()) : QString();
+        // A folder that could not be removed on its volume is still a node.
+        hasLeft = oldFolder == newFolder || !EntryExists(oldFolder);
+        old = FindInTree(tree, oldFolder);
+        if (placed && keep < 0)
+            place = FindInTree(tree, newFolder);
+    });
+    if (old && hasLeft)
         tree.RemoveNode(tree.RowOf(old->RelativePath, old->Folder, keep));
-    const auto place = placed && keep < 0 ? FindInTree(tree, newFolder) : std::nullopt;
     if (!place)
         return;
     QHash<QString, QString> sorts;

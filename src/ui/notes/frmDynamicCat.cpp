@@ -10,6 +10,7 @@
 #include "ui_frmDynamicCat.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -129,8 +130,12 @@ void frmDynamicCat::Bind(const TreeBinding& binding) {
     }
     if (!failures.empty())
         services_.Prompts.Notice(FailureText(failures));
+    // The window that this one belongs to may be made again.
+    const QPointer<frmDynamicCat> self(this);
     if (services_.TreesBound)
         services_.TreesBound();
+    if (!self)
+        return;
     // The tree's window comes to the front with its tree, but the user goes on here.
     raise();
     activateWindow();
