@@ -134,6 +134,7 @@ class tst_tree_window : public QObject {
 
 private Q_SLOTS:
     void pressesSelectStartAndOpen();
+    void showsTheLatestIcon();
     void keysWalkAndChange();
     void movesBetweenTrees();
     void meetsTheDiskAsItIs();
@@ -168,6 +169,28 @@ void tst_tree_window::pressesSelectStartAndOpen() {
     QCOMPARE(tree.Model().Nodes().size(), std::size_t(3));
     QTest::mouseClick(&tree, Qt::LeftButton, {}, {200, 250});
     QCOMPARE(desk.Dialogs.Asked, QStringList{u"trees"_s});
+}
+
+void tst_tree_window::showsTheLatestIcon() {
+    Desk desk;
+    const auto giveIcon = [&](QColor colour) {
+        QImage icon(16, 16, QImage::Format_ARGB32);
+        icon.fill(colour);
+        QVERIFY(icon.save(desk.Store.Path(u"Tree/000001/Image.png"_s)));
+    };
+    giveIcon(Qt::red);
+    ucTree& tree = desk.Show(u"Tree"_s);
+    const auto shown = [&] {
+        const QImage picture = tree.grab().toImage();
+        return picture.pixelColor((Desk::Icon(tree, 0).toPointF() * picture.devicePixelRatio()).toPoint());
+    };
+    shown();
+    QCoreApplication::processEvents();
+    // The other thread has read the old icon, but its answer has not come.
+    QTest::qSleep(100);
+    giveIcon(Qt::blue);
+    tree.Model().ChangeNode(1, *tree.Model().Find(1));
+    QTRY_COMPARE(shown(), QColor(Qt::blue));
 }
 
 void tst_tree_window::keysWalkAndChange() {
