@@ -115,12 +115,35 @@ std::optional<NodeOperations::Goal> NodeOperations::GoalOf(int targetRow, NodePo
     return goal;
 }
 
-SortChoice NodeOperations::ChooseFor(const Goal& goal, const SiblingScan& scan) {
+bool NodeOperations::ComesInPlace(const Goal& goal, const SiblingScan& scan, const QString& moving,
+                                  const QString& sort) {
+    const bool isLast = goal.Position == NodePosition::Child;
+    // What comes before the new node, and from the target on what comes behind it.
+    bool isBefore = true;
+    for (const std::size_t i : NodesInOrder(scan)) {
+        const QString& folder = scan.Folders[qsizetype(i)];
+        const bool isTarget = !isLast && folder == goal.TargetFolder;
+        if (isTarget && goal.Position == NodePosition::Above)
+            isBefore = false;
+        const int order = CompareText(scan.Sorts[qsizetype(i)], sort);
+        if (folder != moving && (isBefore ? order >= 0 : order <= 0))
+            return false;
+        if (isTarget)
+            isBefore = false;
+    }
+    return true;
+}
+
+SortChoice NodeOperations::ChooseFor(const Goal& goal, const SiblingScan& scan, const QString& moving) {
     // Somebody else may have moved the target since it was listed.
     const qsizetype target = scan.Folders.indexOf(goal.TargetFolder);
     const bool isSibling = goal.Position != NodePosition::Child && target >= 0;
     const QString base = isSibling ? scan.Sorts[target] : goal.TargetSort;
-    return ChooseSort(goal.Position, base, NeighbourSort(goal.Position, base, scan.Sorts));
+    SortChoice choice = ChooseSort(goal.Position, base, NeighbourSort(goal.Position, base, scan.Sorts));
+    // Texts that are equal, or no numbers, leave no room either.
+    if (isSibling || goal.Position == NodePosition::Child)
+        choice.Renumber = choice.Renumber || !ComesInPlace(goal, scan, moving, choice.Sort);
+    return choice;
 }
 
 FileResult NodeOperations::FillNode(const DiskPath& folder, const PendingNode& pending,
@@ -162,7 +185,7 @@ tl::expected<NodeOperations::Placed, FileError>
 NodeOperations::MoveWithinLevel(const Goal& goal, const TreeNode& moving) const {
     const DiskPath level = goal.Place.Folder();
     Placed placed{moving, ScanSiblings(level), false, {}};
-    const SortChoice choice = ChooseFor(goal, placed.Scan);
+    const SortChoice choice = ChooseFor(goal, placed.Scan, moving.Folder);
     if (const auto there = LoadNodeIni(level / moving.Folder); !there)
         return tl::make_unexpected(there.error());
     if (const FileResult written = WriteSort(level / moving.Folder, choice.Sort); !written)

@@ -96,7 +96,11 @@ private:
 
     // Nothing for a row that is not shown. Expands a collapsed target that gets a child.
     std::optional<Goal> GoalOf(int targetRow, NodePosition position);
-    static SortChoice ChooseFor(const Goal& goal, const SiblingScan& scan);
+    // `moving`: a folder of this level that leaves its place; empty for none.
+    static SortChoice ChooseFor(const Goal& goal, const SiblingScan& scan, const QString& moving = {});
+    // Whether a node with this text comes beside its target, or behind all for a child.
+    static bool ComesInPlace(const Goal& goal, const SiblingScan& scan, const QString& moving,
+                             const QString& sort);
     // Whether a text is too long to be stored; if so, the user is shown which one.
     bool IsTooLong(const PendingNode& pending, bool setsLink, const QString& folder) const;
     int AddNode(int targetRow, const PendingNode& pending);

@@ -113,6 +113,19 @@ void tst_node_operations::renumbersAllSiblings() {
                                                 u"new 0003000000"_s, u"b 0004000000"_s}));
     QCOMPARE(ReadSort(ReadNodeIni(desk.Store.Path(u"Tree/000004"_s))), u"0000000006"_s);
     QCOMPARE(ReadSort(ReadNodeIni(desk.Store.Path(u"Tree/000001/000001"_s))), u"0000000001"_s);
+
+    // Texts that are equal or no numbers: a new node stays where it was put when the tree is read again.
+    desk.Put(u"Odd/000001"_s, "a", "0002000000");
+    desk.Put(u"Odd/000002"_s, "b", "0002000000");
+    desk.Put(u"Odd/000003"_s, "c", "zzz");
+    TreeModel& odd = desk.Open(u"Odd"_s);
+    desk.Add(odd, 3, Below, u"last"_s);
+    QCOMPARE(odd.Nodes().back().Sort, u"0004000000"_s);
+    desk.Put(u"Odd/000002"_s, "b", "0001000000");
+    odd.LoadTree();
+    desk.Add(odd, 1, Below, u"second"_s);
+    odd.LoadTree();
+    QCOMPARE(TreeDesk::Names(odd), (QStringList{u"a"_s, u"second"_s, u"b"_s, u"c"_s, u"last"_s}));
 }
 
 void tst_node_operations::movesWithinALevel() {
