@@ -16,10 +16,10 @@ void TreeModel::Open(const QString& treeName, const TreeSettings& settings, int 
 }
 
 QString TreeModel::CanvasTip() const {
-    return wasEmpty_ ? QStringLiteral("Right click to add first note in this tree, subsequents "
-                                      "notes/shortcuts/favorites can be added by right clicking any node in "
-                                      "this tree.")
-                     : QString();
+    return isEmpty_ ? QStringLiteral("Right click to add first note in this tree, subsequents "
+                                     "notes/shortcuts/favorites can be added by right clicking any node in "
+                                     "this tree.")
+                    : QString();
 }
 
 int TreeModel::PositionOf(int row) const {
@@ -65,7 +65,7 @@ void TreeModel::LoadTree() {
     nodes_ = std::move(nodes);
     for (std::size_t i = 0; i < nodes_.size(); ++i)
         nodes_[i].RowIndex = int(i) + 1;
-    wasEmpty_ = nodes_.empty();
+    isEmpty_ = nodes_.empty();
     Listener().TreeLoaded();
 }
 
@@ -129,6 +129,7 @@ void TreeModel::RemoveRange(int begin, int end) {
     }
     freeRows_.insert(freeRows_.end(), rows.begin(), rows.end());
     nodes_.erase(nodes_.begin() + begin, nodes_.begin() + end);
+    isEmpty_ = nodes_.empty();
     Listener().RowsRemoved(begin, rows);
 }
 
@@ -179,6 +180,7 @@ int TreeModel::EnterNode(TreeNode node, int targetRow, NodePosition position) {
     node.RowIndex = TakeRow(int(nodes_.size()));
     const int row = node.RowIndex;
     nodes_.insert(nodes_.begin() + at, std::move(node));
+    isEmpty_ = false;
     Listener().RowsAdded(at, 1);
     return row;
 }

@@ -65,7 +65,7 @@ public:
     const TreeNodeList& Nodes() const { return nodes_; }
     const std::vector<int>& FreeRows() const { return freeRows_; }
     int SelectedRow() const { return selectedRow_; } // -1 for none
-    // Tool tip of the canvas: how to begin, for a tree that was empty at the last load.
+    // Tool tip of the canvas: how to begin, for an empty tree.
     QString CanvasTip() const;
 
     // Position of a row; -1 when it is not shown.
@@ -131,7 +131,7 @@ private:
     TreeNodeList nodes_;
     std::vector<int> freeRows_;
     int selectedRow_ = -1;
-    bool wasEmpty_ = false;
+    bool isEmpty_ = false; // not until it has been read
     TreeListener nobody_;
     TreeListener* listener_ = nullptr;
 };

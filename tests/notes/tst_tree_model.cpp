@@ -159,6 +159,11 @@ void tst_tree_model::refreshes() {
     QVERIFY(tree.Nodes().empty());
     QCOMPARE(tree.Refresh(), RefreshOutcome::Shown);
     QVERIFY(tree.CanvasTip().isEmpty());
+    const TreeNode only = tree.Nodes()[0];
+    tree.RemoveNode(1);
+    QVERIFY(!tree.CanvasTip().isEmpty());
+    tree.EnterNode(only, -1, NodePosition::Below);
+    QVERIFY(tree.CanvasTip().isEmpty());
     tree.ToggleNode(1);
     tree.SelectRow(1);
     QCOMPARE(tree.Refresh(), RefreshOutcome::Shown);

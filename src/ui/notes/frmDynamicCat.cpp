@@ -26,16 +26,16 @@ constexpr double kHintSize = 0.9; // of the desktop's font
 // While it lives, events are handled below, and one of them may hide the window that the list belongs to.
 class frmDynamicCat::AtWork {
 public:
-    explicit AtWork(frmDynamicCat& list) : list_(list) { ++list_.atWork_; }
+    explicit AtWork(frmDynamicCat& list) : list_(&list) { ++list_->atWork_; }
     ~AtWork() {
-        if (--list_.atWork_ == 0 && list_.closesLater_)
-            list_.close();
+        if (list_ && --list_->atWork_ == 0 && list_->closesLater_)
+            list_->close();
     }
     AtWork(const AtWork&) = delete;
     AtWork& operator=(const AtWork&) = delete;
 
 private:
-    frmDynamicCat& list_;
+    const QPointer<frmDynamicCat> list_;
 };
 
 frmDynamicCat::frmDynamicCat(TreeManagerServices services, int category, QWidget* parent)
