@@ -89,7 +89,7 @@ void TreeActions::ToggleNode(int row) {
     if (IsBusy())
         return;
     const BusyMark mark(desk_);
-    tree_.Model().ToggleNode(row);
+    tree_.ToggleNode(row);
 }
 
 void TreeActions::Open(int row) {
@@ -202,7 +202,8 @@ void TreeActions::Add(int row, const QString& type, NodePosition position, bool 
     const TreeNode* node = tree_.Model().Find(added);
     if (!node)
         return;
-    const bool isNote = node->Type.isEmpty();
+    // While a node waits for its place, a press would ask whether that is here.
+    const bool isNote = node->Type.isEmpty() && !desk_.Transfer.Moving;
     Press(added, isNote ? PressOrigin::Label : PressOrigin::NewLink, PressButton::Left, place);
 }
 

@@ -163,7 +163,7 @@ void ucTree::TypeToFind(const QString& text) {
         typed_.clear();
     sinceTyped_.start();
     typed_ += text;
-    const int found = NextByFirstLetters(model_.Nodes(), std::max(SelectedPosition(), 0), typed_);
+    const int found = NextByFirstLetters(model_.Nodes(), SelectedPosition(), typed_);
     if (found < 0)
         return;
     SelectRow(model_.Nodes()[std::size_t(found)].RowIndex);
@@ -206,6 +206,10 @@ void ucTree::contextMenuEvent(QContextMenuEvent* event) {
 
 void ucTree::OpenFindLine() {
     find_->Open();
+}
+
+void ucTree::ToggleNode(int row) {
+    find_->WithSameNodes([&] { model_.ToggleNode(row); });
 }
 
 void ucTree::dragEnterEvent(QDragEnterEvent* event) {

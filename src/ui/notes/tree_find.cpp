@@ -10,6 +10,9 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <algorithm>
+#include <utility>
+
 namespace paneda {
 
 TreeFind::TreeFind(TreeDesk& desk, ucTree& tree)
@@ -54,7 +57,8 @@ void TreeFind::Open() {
     Place();
     line_->setFocus(Qt::ShortcutFocusReason);
     line_->selectAll();
-    if (!index_)
+    // Others may have changed the tree since it was read; until it has been, the old index answers.
+    if (wasHidden || !index_)
         ReadIndex();
     if (wasHidden)
         Q_EMIT HeightChanged();
@@ -70,9 +74,24 @@ void TreeFind::Place() {
     setGeometry(0, 0, tree_.width(), sizeHint().height());
 }
 
+void TreeFind::TreeHasChanged() {
+    if (isSameNodes_)
+        return;
+    index_.reset();
+    if (isReading_)
+        ReadIndex();
+}
+
+void TreeFind::WithSameNodes(const std::function<void()>& change) {
+    const bool before = std::exchange(isSameNodes_, true);
+    change();
+    isSameNodes_ = before;
+}
+
 void TreeFind::ReadIndex() {
     isReading_ = true;
-    Tell(QStringLiteral("reading"));
+    if (!index_)
+        Tell(QStringLiteral("reading"));
     const QString appPath = desk_.State.AppPath;
     RunAside<std::shared_ptr<const TreeIndex>>(
         *this,
@@ -80,15 +99,30 @@ void TreeFind::ReadIndex() {
             return std::make_shared<const TreeIndex>(ReadTreeIndex(content, appPath));
         },
         [this, number = ++reading_](const std::shared_ptr<const TreeIndex>& index) {
-            if (number != reading_)
-                return;
-            isReading_ = false;
-            index_ = index;
-            Search();
+            if (number == reading_)
+                TakeIndex(index);
         });
 }
 
+void TreeFind::TakeIndex(const std::shared_ptr<const TreeIndex>& index) {
+    isReading_ = false;
+    index_ = index;
+    if (current_ < 0) {
+        if (!isHidden())
+            Search();
+        return;
+    }
+    // The user has walked on from this hit, or stays at it.
+    const TreeHit shown = hits_[std::size_t(current_)];
+    hits_ = FindInTree(*index_, line_->text());
+    const auto found = std::find(hits_.begin(), hits_.end(), shown);
+    current_ = found == hits_.end() ? std::min(current_, int(hits_.size()) - 1) : int(found - hits_.begin());
+    TellHit();
+}
+
 void TreeFind::Search() {
+    hits_.clear();
+    current_ = -1;
     if (!index_) {
         if (!isReading_)
             ReadIndex();
@@ -99,20 +133,21 @@ void TreeFind::Search() {
     ShowHit();
 }
 
-void TreeFind::ShowHit() {
-    if (current_ < 0) {
+void TreeFind::TellHit() {
+    if (current_ >= 0)
+        Tell(QStringLiteral("%1 of %2").arg(current_ + 1).arg(hits_.size()));
+    else
         Tell(TrimBlanks(line_->text()).isEmpty() ? QString() : QStringLiteral("none"));
+}
+
+void TreeFind::ShowHit() {
+    TellHit();
+    if (current_ < 0 || desk_.Busy > 0)
         return;
-    }
-    Tell(QStringLiteral("%1 of %2").arg(current_ + 1).arg(hits_.size()));
-    const TreeHit hit = hits_[std::size_t(current_)];
-    if (desk_.Busy > 0)
-        return;
-    // Opening a branch is a change that the index knows already.
     const BusyMark mark(desk_);
-    const auto index = index_;
-    const int row = tree_.Model().Reveal(hit.RelativePath, hit.Folder);
-    index_ = index;
+    const TreeHit hit = hits_[std::size_t(current_)];
+    int row = -1;
+    WithSameNodes([&] { row = tree_.Model().Reveal(hit.RelativePath, hit.Folder); });
     if (row < 0) {
         Tell(QStringLiteral("gone"));
         return;
@@ -126,10 +161,8 @@ void TreeFind::Walk(int step) {
         Open();
         return;
     }
-    if (!index_) {
-        Search();
-        return;
-    }
+    if (!index_ && !isReading_)
+        ReadIndex();
     const int count = int(hits_.size());
     if (count == 0)
         return;

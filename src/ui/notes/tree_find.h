@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -16,7 +17,7 @@ class ucTree;
 struct TreeDesk;
 
 // The line above a tree that finds nodes by name and description in all its branches. The tree is read on
-// another thread when the line is opened, and again when it has changed.
+// another thread whenever the line is opened, and again when it has changed.
 class TreeFind : public QWidget {
     Q_OBJECT
 
@@ -32,7 +33,9 @@ public:
     // Shows the next hit, or with -1 the one before, around the ends. Opens a line that is closed.
     void Walk(int step);
     // The next search reads the tree again.
-    void TreeHasChanged() { index_.reset(); }
+    void TreeHasChanged();
+    // Opens or closes branches, which changes nothing that can be found.
+    void WithSameNodes(const std::function<void()>& change);
 
 Q_SIGNALS:
     void HeightChanged();
@@ -44,8 +47,10 @@ private:
     void UseColours();
     void Close();
     void ReadIndex();
+    void TakeIndex(const std::shared_ptr<const TreeIndex>& index);
     void Search();
     void ShowHit();
+    void TellHit();
     void Tell(const QString& text);
 
     TreeDesk& desk_;
@@ -56,7 +61,8 @@ private:
     int reading_ = 0;                        // number of the reading whose result counts
     bool isReading_ = false;
     std::vector<TreeHit> hits_;
-    int current_ = -1; // among the hits
+    int current_ = -1;         // among the hits
+    bool isSameNodes_ = false; // what changes in the list is not in the index
 };
 
 } // namespace paneda

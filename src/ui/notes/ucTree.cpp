@@ -55,7 +55,11 @@ ucTree::~ucTree() {
 
 void ucTree::SetTreePath(const QString& treeName) {
     setAccessibleName(treeName);
-    model_.Open(treeName, ReadTreeSettings(desk_.State, treeName), treeIndex_);
+    TreeSettings settings;
+    // The content folder may lie on a slow disk. A copy, since the drives are read again meanwhile.
+    actions_->ShownWork()(
+        [&settings, &treeName, state = desk_.State] { settings = ReadTreeSettings(state, treeName); });
+    model_.Open(treeName, settings, treeIndex_);
 }
 
 void ucTree::LookChanged() {
@@ -137,6 +141,7 @@ void ucTree::RowChanged(int row) {
         boxWasLoaded_[std::size_t(row)] = false;
     facts_.MarkOld(row);
     strips_.remove(row);
+    find_->TreeHasChanged();
     update();
 }
 
@@ -296,19 +301,22 @@ void ucTree::paintEvent(QPaintEvent*) {
 }
 
 // An empty tree says how to begin; a tool tip alone would have to be found.
+QString ucTree::Hint(const QRect& room) const {
+    if (model_.TreeName().isEmpty())
+        return QStringLiteral("Click here to choose a tree");
+    const QString tip = model_.CanvasTip();
+    const QRect taken = fontMetrics().boundingRect(room, Qt::TextWordWrap, tip);
+    // In a small panel the first step has to do.
+    return taken.height() <= room.height() ? tip : tip.section(u',', 0, 0);
+}
+
 void ucTree::DrawHint(QPainter& painter) const {
-    if (!model_.Nodes().empty())
-        return;
-    const QString hint =
-        model_.TreeName().isEmpty() ? QStringLiteral("Click here to choose a tree") : model_.CanvasTip();
-    if (hint.isEmpty())
-        return;
     constexpr int kRoom = 12;
     constexpr double kQuiet = 0.75;
+    const QRect room = rect().adjusted(kRoom, kRoom + find_->TakenHeight(), -kRoom, -kRoom);
     painter.setOpacity(kQuiet);
     painter.setPen(desk_.Look.Label);
-    painter.drawText(rect().adjusted(kRoom, kRoom + find_->TakenHeight(), -kRoom, -kRoom),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, hint);
+    painter.drawText(room, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, Hint(room));
     painter.setOpacity(1);
 }
 

@@ -62,6 +62,8 @@ public:
     QPoint PlaceBelow(int row) const;
 
     void OpenFindLine();
+    // Opens or closes a branch.
+    void ToggleNode(int row);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -99,6 +101,7 @@ private:
 
     QImage Compose(double ratio);
     void DrawRow(QPainter& painter, int position, double ratio);
+    QString Hint(const QRect& room) const;
     void DrawHint(QPainter& painter) const;
     void DrawDropMark(QPainter& painter) const;
     const Strip& StripOf(int position, double ratio);
