@@ -189,6 +189,10 @@ OptionResult Restore(const DiskPath& skin, const DiskPath& original) {
     auto prepared = Prepare(skin, original, DenserRule::Leave);
     if (!prepared)
         return tl::make_unexpected(prepared.error());
+    // The folder may have come with the skin, from anybody.
+    const QString problem = ProblemAfter(prepared->Changes, skin, prepared->Ini);
+    if (!problem.isEmpty())
+        return tl::make_unexpected(problem);
     std::vector<FileChange> all;
     AppendChanges(all, std::move(prepared->Changes), skin);
     if (const FileResult changed = ChangeFiles(all); !changed)

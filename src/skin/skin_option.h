@@ -28,7 +28,8 @@ OptionResult ApplyOption(const QString& appFolder, const QString& skinName, cons
 // Whether a skin has originals.
 bool HasOriginal(const DiskPath& skin);
 
-// Puts the originals back, and removes their folder.
+// Puts the originals back, and removes their folder. Fails, as ApplyOption does, where that would leave a
+// skin that cannot be used.
 OptionResult RestoreOriginal(const QString& appFolder, const QString& skinName);
 
 } // namespace paneda

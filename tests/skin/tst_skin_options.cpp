@@ -167,15 +167,21 @@ void tst_SkinOptions::refuses_data() {
 void tst_SkinOptions::refuses() {
     QFETCH(const QStringList, option);
     QFETCH(const QString, word);
-    StoreBuilder store = MakeStore({u"top.png=old"_s}, option);
-    store.AddFile(kSkin + u"zz/inner"_s);
-    const QStringList before = store.Entries();
-    const OptionResult applied = ApplyOption(store.AppFolder(), u"S"_s, u"O"_s);
-    QVERIFY(!applied);
-    QVERIFY2(applied.error().contains(word) && applied.error().contains(u"as it was"),
-             qPrintable(applied.error()));
-    QCOMPARE(store.Entries(), before);
-    QCOMPARE(store.Bytes(kSkin + u"top.png"_s), "old");
+    // Originals that come with a skin may say anything too.
+    for (const bool isOriginal : {false, true}) {
+        StoreBuilder store = MakeStore({u"top.png=old"_s}, option);
+        store.AddFile(kSkin + u"zz/inner"_s);
+        if (isOriginal)
+            QVERIFY(QFile::rename(store.Path(kSkin + u'O'), store.Path(kSkin + kOriginalOption)));
+        const QStringList before = store.Entries();
+        const OptionResult applied = isOriginal ? RestoreOriginal(store.AppFolder(), u"S"_s)
+                                                : ApplyOption(store.AppFolder(), u"S"_s, u"O"_s);
+        QVERIFY(!applied);
+        QVERIFY2(applied.error().contains(word) && applied.error().contains(u"as it was"),
+                 qPrintable(applied.error()));
+        QCOMPARE(store.Entries(), before);
+        QCOMPARE(store.Bytes(kSkin + u"top.png"_s), "old");
+    }
 }
 
 // What is a link in a skin is neither read nor written nor removed.
