@@ -6,6 +6,8 @@
 #include "core/text/windows_1252.h"
 
 #include <QMap>
+#include <QSet>
+#include <QStringDecoder>
 
 #include <algorithm>
 
@@ -33,8 +35,8 @@ QString PictureName(const QString& fileName) {
 class Plan {
 public:
     Plan(const QStringList& skinFiles, const QByteArray& skinIni) : skinIni_(skinIni) {
-        // The first of several names that differ in case alone is the one that is found.
         for (const QString& name : skinFiles) {
+            exact_.insert(name);
             if (!onDisk_.contains(name.toCaseFolded()))
                 onDisk_.insert(name.toCaseFolded(), name);
         }
@@ -87,7 +89,7 @@ public:
 private:
     void Set(const QString& name, const std::optional<QByteArray>& bytes) {
         const QString key = name.toCaseFolded();
-        changes_.insert(key, {onDisk_.value(key, name), bytes});
+        changes_.insert(key, {exact_.contains(name) ? name : onDisk_.value(key, name), bytes});
     }
     void Remove(const QString& name) { Set(name, std::nullopt); }
 
@@ -112,15 +114,26 @@ private:
         return {};
     }
 
+    // Of several names that differ in case alone the one that is spelled the same is found, then the first.
+    QSet<QString> exact_;
     QMap<QString, QString> onDisk_;     // names by their folded form
     QMap<QString, SkinChange> changes_; // by the folded name
     const QByteArray& skinIni_;
 };
 
+// Some editors write a mark and UTF-16.
+QString DecodeText(const QByteArray& text) {
+    if (text.isValidUtf8())
+        return QString::fromUtf8(text);
+    if (const auto marked = QStringConverter::encodingForData(text))
+        return QStringDecoder(*marked)(text);
+    return DecodeWindows1252(text);
+}
+
 } // namespace
 
 std::vector<IniChange> ReadIniChanges(const QByteArray& text) {
-    const QString decoded = text.isValidUtf8() ? QString::fromUtf8(text) : DecodeWindows1252(text);
+    const QString decoded = DecodeText(text);
     std::vector<IniChange> changes;
     QString section;
     for (const QString& each : QString(decoded).replace(u'\r', u'\n').split(u'\n')) {

@@ -42,8 +42,9 @@ struct IniChange {
 // At most so many changes of keys are accepted. A skin.ini has about 60 keys.
 inline constexpr std::size_t kMostIniChanges = 500;
 
-// The changes that a text tells, UTF-8 or else Windows-1252: a line "[section]", then a line "key=value" for
-// each key. Blank lines and comments (";") are skipped, and so is what has no key or no section before it.
+// The changes that a text tells, in UTF-8, UTF-16 with a mark, or else Windows-1252: a line "[section]", then
+// a line "key=value" for each key. Blank lines and comments (";") are skipped, and so is what has no key or
+// no section before it.
 std::vector<IniChange> ReadIniChanges(const QByteArray& text);
 
 // The name that a file "DELETE <name>.TXT" gives; nothing for other files.

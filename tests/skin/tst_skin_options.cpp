@@ -1,3 +1,4 @@
+#include "core/text/windows_1252.h"
 #include "skin/option_plan.h"
 #include "skin/skin_facts.h"
 #include "skin/skin_list.h"
@@ -6,6 +7,7 @@
 #include "skin/skin_pictures.h"
 #include "support/store_builder.h"
 
+#include <QStringEncoder>
 #include <QTest>
 
 using namespace paneda;
@@ -79,6 +81,8 @@ void tst_SkinOptions::iniLines() {
         "early=1\r\n\r\n  [Fonts]  \r\n group color = A=B \n;note=1\n=2\nnothing\n[T\xE9]\rk=\n";
     const std::vector<IniChange> wanted{{u"Fonts"_s, u"group color"_s, u"A=B"_s}, {u"T\u00E9"_s, u"k"_s, {}}};
     QVERIFY(ReadIniChanges(text) == wanted);
+    QVERIFY(ReadIniChanges(QStringEncoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom)(
+                DecodeWindows1252(text))) == wanted);
 }
 
 void tst_SkinOptions::applies_data() {
@@ -104,6 +108,12 @@ void tst_SkinOptions::applies_data() {
                                                     u"a@2x.txt=5"_s,
                                                     u"top.png=new"_s,
                                                     u"top@3x.png=new"_s};
+#ifdef Q_OS_UNIX
+    QTest::newRow("spelled alike") << QStringList{u"TOP.PNG=1"_s, u"top.png=2"_s}
+                                   << QStringList{u"top.png=3"_s}
+                                   << QStringList{u"TOP.PNG=1"_s, u"top.png=3"_s,
+                                                  u"[HIDDEN] Original/top.png=2"_s};
+#endif
     QTest::newRow("nothing to do") << QStringList() << QStringList{u"DELETE x.TXT"_s, u"DELETE O.TXT"_s}
                                    << QStringList();
 }
