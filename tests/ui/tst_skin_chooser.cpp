@@ -154,10 +154,14 @@ void tst_SkinChooser::options() {
     QVERIFY(scene.Store.Bytes(top).isNull());
     QTRY_COMPARE(scene.Names("lstOption").size(), 2);
     scene.Click("lstOption", 0);
-    scene.Press("imgAutoChange");
+    scene.Get<QListWidget>("lstOption")->setFocus();
+    QTest::keyClick(scene.Dialog->focusWidget(), Qt::Key_Return);
     QCOMPARE(scene.Store.Bytes(top), "green");
     QCOMPARE(scene.Reloads, 2);
     QTRY_VERIFY(scene.Get("cmdRestore")->isVisible());
+    // The next option is one key away.
+    QTest::keyClick(scene.Dialog->focusWidget(), Qt::Key_Down);
+    QCOMPARE(scene.Get<QListWidget>("lstOption")->selectedItems().value(0)->text(), u"Plain"_s);
     // Of another skin nothing may be left to apply.
     scene.Click("lstOption", 1);
     scene.Click("lstSkin", 0);

@@ -65,7 +65,7 @@ frmSkin::frmSkin(AppState& state, SkinServices services, QWidget* parent)
         ui_->imgFolder->setToolTip({});
     }
     connect(ui_->lstSkin, &QListWidget::currentRowChanged, this, &frmSkin::lstSkin_Click);
-    connect(ui_->lstSkin, &QListWidget::itemDoubleClicked, this, &frmSkin::ChangeSkin);
+    connect(ui_->lstSkin, &QListWidget::itemDoubleClicked, this, &frmSkin::lstSkin_DblClick);
     connect(ui_->lstOption, &QListWidget::itemSelectionChanged, this, &frmSkin::lstOption_Click);
     connect(ui_->lstOption, &QListWidget::itemDoubleClicked, this, &frmSkin::ApplySkinOption);
     connect(ui_->imgAutoChange, &QPushButton::clicked, this, &frmSkin::imgAutoChange_Click);
@@ -139,6 +139,12 @@ void frmSkin::lstSkin_Click() {
     ui_->lstOption->clear();
     EnableCommands();
     ShowPreview();
+}
+
+// The skin itself is meant.
+void frmSkin::lstSkin_DblClick() {
+    ui_->lstOption->clearSelection();
+    ChangeSkin();
 }
 
 void frmSkin::lstOption_Click() {
@@ -261,10 +267,13 @@ void frmSkin::cmdRestore_Click() {
         services_.Prompts.Notice(restored.error());
         return;
     }
+    // What was selected is no longer applied, and the button that has the keyboard goes.
+    ui_->lstOption->clearSelection();
+    ui_->lstSkin->setFocus();
     if (SameName(skin, state_.SkinName))
         Reload();
     else
-        lstSkin_Click();
+        ShowPreview();
 }
 
 void frmSkin::Reload() {
@@ -273,7 +282,8 @@ void frmSkin::Reload() {
     raise();
     activateWindow();
     MarkUsed();
-    lstSkin_Click();
+    // The option stays selected, so that the next one is one key away.
+    ShowPreview();
 }
 
 void frmSkin::imgConfigure_Click() {

@@ -45,6 +45,7 @@ public:
     void Form_Load();
 
     void lstSkin_Click();
+    void lstSkin_DblClick();
     void lstOption_Click();
     void imgAutoChange_Click();
     void imgOption_Click();
