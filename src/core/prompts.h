@@ -21,6 +21,12 @@ public:
     // Lets the user choose a file that exists, beginning in a folder (host paths; an empty folder stands for
     // the one of the last choice). Empty when the user chose none.
     virtual QString ChooseFile(const QString& title, const QString& folder) = 0;
+
+    // The same where only files of some kinds are shown, as "Zip files (*.zip)".
+    virtual QString ChooseFileOf(const QString& kinds, const QString& title, const QString& folder) {
+        Q_UNUSED(kinds)
+        return ChooseFile(title, folder);
+    }
 };
 
 } // namespace paneda

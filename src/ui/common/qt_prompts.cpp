@@ -55,8 +55,12 @@ bool QtPrompts::Ask(const QString& text, const QString& title, bool yesIsDefault
 }
 
 QString QtPrompts::ChooseFile(const QString& title, const QString& folder) {
+    return ChooseFileOf({}, title, folder);
+}
+
+QString QtPrompts::ChooseFileOf(const QString& kinds, const QString& title, const QString& folder) {
     // A caption has one line.
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title.simplified(), folder);
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title.simplified(), folder, kinds);
 }
 
 } // namespace paneda

@@ -20,6 +20,7 @@ public:
     bool Confirm(const QString& text, const QString& title) override;
     bool ConfirmUsual(const QString& text, const QString& title) override;
     QString ChooseFile(const QString& title, const QString& folder) override;
+    QString ChooseFileOf(const QString& kinds, const QString& title, const QString& folder) override;
 
 private:
     bool Ask(const QString& text, const QString& title, bool yesIsDefault) const;

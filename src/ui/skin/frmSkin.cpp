@@ -308,7 +308,8 @@ void frmSkin::imgReadme_Click() {
 }
 
 void frmSkin::cmdInstall_Click() {
-    const QString path = services_.Prompts.ChooseFile(QStringLiteral("Choose the zip file of a skin"), {});
+    const QString path = services_.Prompts.ChooseFileOf(QStringLiteral("Zip files (*.zip *.ZIP)"),
+                                                        QStringLiteral("Choose the zip file of a skin"), {});
     if (!path.isEmpty())
         Install(path);
 }
