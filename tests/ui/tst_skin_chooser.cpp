@@ -142,7 +142,8 @@ void tst_SkinChooser::options() {
     const QString top = u"skin/B/top.png"_s;
     scene.Click("lstSkin", 1);
     QTRY_COMPARE(scene.Names("lstOption").size(), 2);
-    scene.Click("lstOption", 0);
+    scene.Get<QListWidget>("lstOption")->setFocus();
+    QTest::keyClick(scene.Dialog->focusWidget(), Qt::Key_Down);
     QTRY_VERIFY(scene.Shown().green() > 250);
     QVERIFY(!scene.Get("cmdRestore")->isVisible());
     scene.Press("imgOption");

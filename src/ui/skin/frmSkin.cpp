@@ -9,11 +9,13 @@
 #include "skin/skin_option.h"
 #include "ui/common/busy_work.h"
 #include "ui/common/place_beside.h"
+#include "ui/common/tool_tip.h"
 #include "ui/settings/paper_look.h"
 #include "ui/skin/skin_archive.h"
 #include "ui_frmSkin.h"
 
 #include <QDir>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -36,6 +38,12 @@ void KeepRoom(QWidget& control) {
     policy.setRetainSizeWhenHidden(true);
     control.setSizePolicy(policy);
     control.hide();
+}
+
+// The list may be too narrow for a name.
+void AddNames(QListWidget& list, const QStringList& names) {
+    for (const QString& name : names)
+        (new QListWidgetItem(name, &list))->setToolTip(RichTip(name));
 }
 
 QString NotInstalled(const QString& path, const QString& reason) {
@@ -82,6 +90,7 @@ frmSkin::frmSkin(AppState& state, SkinServices services, QWidget* parent)
     connect(ui_->lblDonate, &QPushButton::clicked, this,
             [this, web] { services_.OpenUrl(web.Donate, QStringLiteral("Donate")); });
     connect(&preview_, &SkinPreview::Arrived, this, &frmSkin::ShowFacts);
+    ui_->lstOption->installEventFilter(this);
     setAcceptDrops(true);
     Dress();
 }
@@ -124,7 +133,7 @@ void frmSkin::ListAll(const QString& selected) {
     {
         const QSignalBlocker blocker(ui_->lstSkin);
         ui_->lstSkin->clear();
-        ui_->lstSkin->addItems(skins);
+        AddNames(*ui_->lstSkin, skins);
         const auto found = std::find_if(skins.begin(), skins.end(), [&selected](const QString& name) {
             return SameName(name, selected);
         });
@@ -176,7 +185,7 @@ void frmSkin::ShowFacts(const SkinFacts& facts) {
     if (shown != facts.Options) {
         const QSignalBlocker blocker(ui_->lstOption);
         ui_->lstOption->clear();
-        ui_->lstOption->addItems(facts.Options);
+        AddNames(*ui_->lstOption, facts.Options);
     }
     EnableCommands();
 }
@@ -338,6 +347,18 @@ void frmSkin::Install(const QString& path) {
         ListAll(install->Skin);
     else
         services_.Prompts.Notice(NotInstalled(path, installed.error()));
+}
+
+// While no option is selected the list takes its first one for the present one, and Down would pass over it.
+bool frmSkin::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui_->lstOption && event->type() == QEvent::KeyPress && Option().isEmpty()) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_Home) {
+            ui_->lstOption->setCurrentRow(0);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 // After a move the giver would delete its file.

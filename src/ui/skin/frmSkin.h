@@ -58,6 +58,7 @@ public:
     void done(int result) override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override { TakeCopy(*event); }
     void dragMoveEvent(QDragMoveEvent* event) override { TakeCopy(*event); }
