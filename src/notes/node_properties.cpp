@@ -99,6 +99,11 @@ QString EntryProblem(const PendingNode& entered) {
     const QString noName = QStringLiteral("Name cannot be empty");
     if (TrimBlanks(entered.Name).isEmpty())
         return noName;
+    // By the name that the user sees; the key has another.
+    if (entered.Type == kUrlNode && entered.LinkData.Target.size() > kMaxIniValue)
+        return QStringLiteral("\"Address\" has %1 characters; at most %2 can be kept.")
+            .arg(entered.LinkData.Target.size())
+            .arg(kMaxIniValue);
     IniText scratch;
     if (const IniResult set = SetNodeKeys(scratch, entered, true); !set)
         return set.error();
