@@ -24,12 +24,17 @@ constexpr double kHintSize = 0.9; // of the desktop's font
 } // namespace
 
 // While it lives, events are handled below, and one of them may hide the window that the list belongs to.
+// After it the keyboard is the list's again: a key that is meant for a tree must not reach a node.
 class frmDynamicCat::AtWork {
 public:
     explicit AtWork(frmDynamicCat& list) : list_(&list) { ++list_->atWork_; }
     ~AtWork() {
-        if (list_ && --list_->atWork_ == 0 && list_->closesLater_)
+        if (!list_ || --list_->atWork_ > 0)
+            return;
+        if (list_->closesLater_)
             list_->close();
+        else if (list_->isVisible())
+            list_->TakeKeyboard();
     }
     AtWork(const AtWork&) = delete;
     AtWork& operator=(const AtWork&) = delete;
@@ -130,13 +135,11 @@ void frmDynamicCat::Bind(const TreeBinding& binding) {
     }
     if (!failures.empty())
         services_.Prompts.Notice(FailureText(failures));
-    // The window that this one belongs to may be made again.
-    const QPointer<frmDynamicCat> self(this);
     if (services_.TreesBound)
         services_.TreesBound();
-    if (!self)
-        return;
-    // The tree's window comes to the front with its tree, but the user goes on here.
+}
+
+void frmDynamicCat::TakeKeyboard() {
     raise();
     activateWindow();
     ui_->lstList->setFocus();
@@ -161,6 +164,18 @@ void frmDynamicCat::lblEdit_Click() {
 
 void frmDynamicCat::EditTree(const QString& tree) {
     const AtWork work(*this);
+    const std::optional<QString> name = AskTree(tree);
+    if (!name)
+        return;
+    // Another folder or other colours are seen when it is read again.
+    if (!tree.isEmpty() && services_.DropTree)
+        services_.DropTree(tree);
+    RefreshList();
+    Select(*name);
+    Bind({.Category = Category(), .Tree = *name, .From = tree, .To = *name});
+}
+
+std::optional<QString> frmDynamicCat::AskTree(const QString& tree) {
     frmDynamicCatEdit dialog({.State = services_.State,
                               .Prompts = services_.Prompts,
                               .Opener = services_.Opener,
@@ -170,15 +185,7 @@ void frmDynamicCat::EditTree(const QString& tree) {
     dialog.Form_Load();
     PlaceNextTo(dialog, *this, kGap);
     dialog.exec();
-    if (!dialog.Result())
-        return;
-    // Another folder or other colours are seen when it is read again.
-    if (!tree.isEmpty() && services_.DropTree)
-        services_.DropTree(tree);
-    const QString name = *dialog.Result();
-    RefreshList();
-    Select(name);
-    Bind({.Category = Category(), .Tree = name, .From = tree, .To = name});
+    return dialog.Result();
 }
 
 void frmDynamicCat::lblDelete_Click() {

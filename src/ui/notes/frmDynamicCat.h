@@ -66,8 +66,11 @@ private:
     QString Selected() const; // empty for none
     void Select(const QString& tree);
     void ShowLook();
+    void TakeKeyboard();
     void ShowMenu(const QPoint& place);
     void EditTree(const QString& tree);
+    // The name of the tree as entered; nothing when the dialog was cancelled.
+    std::optional<QString> AskTree(const QString& tree);
     // The category's place in the catalogue, which may be read again meanwhile; -1 when it is gone.
     int Category() const;
     void Bind(const TreeBinding& binding);
