@@ -12,6 +12,8 @@ namespace {
 
 // Pixels that a title bar may take; a window's real frame is not known before it is shown.
 constexpr int kTitleBar = 32;
+// Those that the title and the borders of a dialog may need at most.
+constexpr QSize kFrameOfDialog(40, 60);
 
 } // namespace
 
@@ -21,6 +23,18 @@ void PlaceBeside(QWidget& window, int mode, int extra, const PlaceScene& scene) 
                          PixelsToTwips(frame.height())};
     const PlacedWindow placed = PlaceWindow(rect, mode, extra, scene);
     window.move(TwipsToPixels(placed.Place.Left), TwipsToPixels(placed.Place.Top));
+}
+
+void PlaceDialog(QWidget& dialog, const PlaceScene& scene) {
+    constexpr int kCentred = 1;
+    constexpr int kGapToPanel = 150; // twips
+    PlaceBeside(dialog, kCentred, kGapToPanel, scene);
+}
+
+QSize RoomForDialog(const PlaceScene& scene) {
+    return QSize(TwipsToPixels(scene.Screen.Width),
+                 TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top)) -
+           kFrameOfDialog;
 }
 
 void PlaceAtPoint(QWidget& window, const QPoint& point) {

@@ -16,15 +16,6 @@
 
 namespace paneda {
 
-namespace {
-
-constexpr int kPlaceCentred = 1;
-constexpr int kGapToPanel = 150; // twips
-// Pixels that the title and the borders of a window may need.
-constexpr QSize kFrameOfWindow(40, 60);
-
-} // namespace
-
 frmButton::frmButton(AppState& state, OrganiserServices services, QWidget* parent)
     : QDialog(parent)
     , state_(state)
@@ -152,10 +143,8 @@ void frmButton::Form_Load() {
     ShowLists();
     ui_->lstCategories->setFocus();
     const PlaceScene scene = services_.Scene();
-    const QSize room(TwipsToPixels(scene.Screen.Width),
-                     TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top));
-    resize(size().boundedTo(room - kFrameOfWindow));
-    PlaceBeside(*this, kPlaceCentred, kGapToPanel, scene);
+    resize(size().boundedTo(RoomForDialog(scene)));
+    PlaceDialog(*this, scene);
 }
 
 void frmButton::ShowLists() {

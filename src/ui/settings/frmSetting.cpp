@@ -19,10 +19,6 @@ namespace paneda {
 
 namespace {
 
-constexpr int kPlaceCentred = 1;
-constexpr int kGapToPanel = 150; // twips
-// Pixels that the title and the borders of a window may need.
-constexpr QSize kFrameOfWindow(40, 60);
 constexpr int kReplyTime = 5'000; // milliseconds
 
 } // namespace
@@ -111,7 +107,7 @@ void frmSetting::Form_Load() {
     answeredQuestion_ = HotkeyQuestion(form);
     ShowForm(form);
     FitToScreen();
-    PlaceBeside(*this, kPlaceCentred, kGapToPanel, services_.Scene());
+    PlaceDialog(*this, services_.Scene());
 }
 
 // Makes the dialog as large as the paper, or as large as the panel's screen allows; the paper then scrolls.
@@ -120,10 +116,7 @@ void frmSetting::FitToScreen() {
     ui_->picPaper->layout()->activate();
     ui_->picDesk->layout()->activate();
     const QSize wanted = ui_->picDesk->sizeHint() + QSize(0, ui_->laySave->sizeHint().height());
-    const PlaceScene scene = services_.Scene();
-    const QSize room = QSize(TwipsToPixels(scene.Screen.Width),
-                             TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top)) -
-                       kFrameOfWindow;
+    const QSize room = RoomForDialog(services_.Scene());
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     resize((wanted + QSize(wanted.height() > room.height() ? scrollBar : 0, 0)).boundedTo(room));
 }

@@ -28,11 +28,6 @@ namespace paneda {
 
 namespace {
 
-constexpr int kPlaceCentred = 1;
-constexpr int kGapToPanel = 150; // twips
-// Pixels that the title and the borders of a window may need.
-constexpr QSize kFrameOfWindow(40, 60);
-
 void KeepRoom(QWidget& control) {
     QSizePolicy policy = control.sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -101,10 +96,8 @@ void frmSkin::Form_Load() {
     ListAll(state_.SkinName);
     ui_->lstSkin->setFocus();
     const PlaceScene scene = services_.Scene();
-    const QSize room(TwipsToPixels(scene.Screen.Width),
-                     TwipsToPixels(scene.WorkAreaBottom - scene.ScreenOrigin.Top));
-    resize(size().boundedTo(room - kFrameOfWindow));
-    PlaceBeside(*this, kPlaceCentred, kGapToPanel, scene);
+    resize(size().boundedTo(RoomForDialog(scene)));
+    PlaceDialog(*this, scene);
 }
 
 QString frmSkin::Skin() const {
