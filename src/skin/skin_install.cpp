@@ -7,6 +7,7 @@
 #include "skin/skin_file.h"
 #include "skin/skin_list.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QLocale>
 #include <QMap>
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int kLongestName = 200; // bytes; some file systems take 255
 constexpr int kShownOptions = 8;
+constexpr int kLeftoverDays = 1;
 
 tl::unexpected<QString> Refused(const QString& reason) {
     return tl::make_unexpected(reason);
@@ -146,6 +148,17 @@ QString CheckSkin(const QString& appFolder, const DiskPath& folder, const QStrin
     return error.Text();
 }
 
+// Folders of installations that were interrupted. Young ones may be those of another program.
+void RemoveLeftovers(const DiskPath& skins) {
+    const QDateTime now = QDateTime::currentDateTime();
+    for (const DiskEntry& entry : ListEntries(skins).value_or(std::vector<DiskEntry>())) {
+        const DiskPath folder = skins / entry.Name;
+        if (entry.Kind == EntryKind::Folder && entry.Name.startsWith(kUnfinishedPrefix) &&
+            LookAt(folder).Modified.daysTo(now) > kLeftoverDays)
+            (void)RemoveTree(folder);
+    }
+}
+
 tl::expected<void, QString> Install(const QString& appFolder, const DiskPath& unfinished,
                                     const SkinInstall& install, const PackedBytes& bytesOf) {
     if (const EntryResult made = MakeNewFolder(unfinished); !made)
@@ -228,9 +241,10 @@ tl::expected<void, QString> InstallSkin(const QString& appFolder, const SkinInst
     const QString taken = InstallProblem(appFolder, install.Skin);
     if (!taken.isEmpty())
         return Refused(taken);
+    const DiskPath skins = SkinsFolder(appFolder);
+    RemoveLeftovers(skins);
     const DiskPath unfinished =
-        SkinsFolder(appFolder) /
-        (kUnfinishedPrefix + QString::number(QRandomGenerator::system()->generate64(), 36));
+        skins / (kUnfinishedPrefix + QString::number(QRandomGenerator::system()->generate64(), 36));
     auto installed = Install(appFolder, unfinished, install, bytesOf);
     // What stays is shown nowhere.
     if (!installed)
