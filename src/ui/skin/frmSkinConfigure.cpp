@@ -58,12 +58,17 @@ std::array<frmSkinConfigure::OverrideRow, 3> frmSkinConfigure::Overrides() const
 }
 
 bool frmSkinConfigure::Form_Load() {
-    const auto theme = ReadSkin(services_.AppFolder, skinName_);
+    tl::expected<ThemeState, SkinError> theme;
+    tl::expected<IniText, FileError> skin;
+    WorkShownBy (*this)([&] {
+        theme = ReadSkin(services_.AppFolder, skinName_);
+        if (theme)
+            skin = LoadSkinIni(theme->SkinPath);
+    });
     if (!theme) {
         services_.Prompts.Notice(theme.error().Text());
         return false;
     }
-    auto skin = LoadSkinIni(theme->SkinPath);
     if (!skin) {
         services_.Prompts.Notice(skin.error().Text());
         return false;
