@@ -223,6 +223,19 @@ void tst_tree_window::movesBetweenTrees() {
     QTest::mouseClick(&other, Qt::LeftButton, {}, Desk::Label(other, 0));
     QCOMPARE(Desk::Names(other), (QStringList{u"Far"_s, u" Alpha"_s}));
     QCOMPARE(Desk::Names(tree), (QStringList{u"Editor"_s, u"Omega"_s}));
+    // A tree without rows takes a node, too.
+    ChooseNext(u"mnuMove"_s);
+    QTest::mouseClick(&other, Qt::RightButton, {}, Desk::Label(other, 1));
+    desk.Store.AddFolder(u"Empty"_s);
+    desk.Store.AddFile(
+        u"Setting2/Empty.ini"_s,
+        "[Properties]\r\nPath=" + QDir::toNativeSeparators(desk.Store.Path(u"Empty"_s)).toUtf8() + "\r\n");
+    ucTree& empty = desk.Show(u"Empty"_s);
+    ChooseNext(u"mnuMoveEnd1"_s);
+    QTest::mouseClick(&empty, Qt::LeftButton, {}, {100, 100});
+    QCOMPARE(Desk::Names(empty), QStringList{u"Alpha"_s});
+    QCOMPARE(Desk::Names(other), QStringList{u"Far"_s});
+    desk.Show(u"Other"_s);
     // A closed tree takes its pending move along.
     ChooseNext(u"mnuMove"_s);
     QTest::mouseClick(&other, Qt::RightButton, {}, Desk::Label(other, 0));

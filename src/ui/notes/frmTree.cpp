@@ -17,6 +17,7 @@ frmTree::frmTree(AppState& state, const TreeServices& services, const QString& s
     setWindowTitle(QStringLiteral("Tree"));
     // The panel keeps the focus until the user works in the tree.
     setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_AlwaysShowToolTips);
     RegisterTreeAccessibility();
     desk_.TreeOf = [this](int index) { return ControlOf(index); };
     desk_.MoveChanged = [this] {

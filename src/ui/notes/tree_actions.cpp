@@ -79,7 +79,11 @@ void TreeActions::PressCanvas(PressButton button, const QPoint& place) {
     if (IsBusy())
         return;
     const BusyMark mark(desk_);
-    if (button == PressButton::Right)
+    const bool isEmpty = tree_.Model().Nodes().empty() && !tree_.Model().TreeName().isEmpty();
+    // A tree without rows has no other place for a node that is moved.
+    if (button == PressButton::Left && isEmpty && desk_.Transfer.Moving)
+        ShowMoveMenu(-1, place);
+    else if (button == PressButton::Right)
         Refresh(place);
     else if (desk_.Services.Dialogs)
         desk_.Services.Dialogs->ShowTreeList(*tree_.window(), place);

@@ -302,7 +302,7 @@ void ucTree::paintEvent(QPaintEvent*) {
 
 // An empty tree says how to begin; a tool tip alone would have to be found.
 QString ucTree::Hint(const QRect& room) const {
-    if (model_.TreeName().isEmpty())
+    if (treeIndex_ == 0)
         return QStringLiteral("Click here to choose a tree");
     const QString tip = model_.CanvasTip();
     const QRect taken = fontMetrics().boundingRect(room, Qt::TextWordWrap, tip);
