@@ -26,7 +26,13 @@ QColor ColourOf(const QString& hex) {
 }
 
 QString Printed(const QString& name) {
-    return u' ' + name + u' ';
+    QString printed = u' ' + name + u' ';
+    // What ends a line would hide the rest of the name.
+    for (QChar& c : printed) {
+        if (c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+            c = u' ';
+    }
+    return printed;
 }
 
 TextFont RowFont(const TreeLook& look) {
