@@ -153,7 +153,8 @@ void tst_tree_sharing::nothingIsLost() {
     other.closeWriteChannel();
     QVERIFY(other.waitForFinished());
     QCOMPARE(other.exitStatus(), QProcess::NormalExit);
-    QStringList told = QString::fromUtf8(other.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    QStringList told =
+        QString::fromUtf8(other.readAllStandardOutput()).remove(u'\r').split(u'\n', Qt::SkipEmptyParts);
     const int otherDone = told.takeFirst().toInt();
     const QStringList kept = worker.Kept + told.takeFirst().split(u' ');
     const QStringList view = worker.View();

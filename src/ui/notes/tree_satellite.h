@@ -16,7 +16,7 @@ class TreeSatellite : public QObject, public Satellites {
     Q_OBJECT
 
 public:
-    TreeSatellite(AppState& state, TreeServices services) : state_(state), services_(std::move(services)) {}
+    TreeSatellite(AppState& state, const TreeServices& services) : state_(state), services_(services) {}
 
     ~TreeSatellite() override;
 

@@ -22,7 +22,7 @@ tl::expected<SkinInstall, QString> SkinArchive::Open(const QString& path) {
     if (!bytes)
         return tl::make_unexpected(bytes.error().Text());
     auto buffer = std::make_unique<QBuffer>();
-    buffer->setData(std::move(*bytes));
+    buffer->setData(*bytes);
     if (!reader_.Open(std::move(buffer)))
         return tl::make_unexpected(QStringLiteral("It is not a zip file."));
     std::vector<PackedEntry> packed;
