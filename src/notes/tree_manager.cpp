@@ -132,17 +132,15 @@ QString SaveTree(const TreePlace& place, const TreeForm& form, const QString& ol
         return set.error();
     if (const FileResult made = MakeFolder(FindEntry(place.AppFolder, QStringLiteral("Setting2"))); !made)
         return made.error().Text();
-    if (!oldName.isEmpty()) {
-        if (const QString failure = RenameTreeFile(place.AppFolder, oldName, name); !failure.isEmpty())
-            return failure;
-    }
-    const DiskPath file = TreeIniFile(place.AppFolder, name);
+    // Under its old name first: when that fails, nothing has another name.
+    const DiskPath file = TreeIniFile(place.AppFolder, oldName.isEmpty() ? name : oldName);
     auto text = LoadIniFile(file);
     if (!text)
         return text.error().Text();
     std::ignore = SetForm(*text, form); // not too long, as above
-    const FileResult written = ReplaceFile(file, text->Bytes());
-    return written ? QString() : written.error().Text();
+    if (const FileResult written = ReplaceFile(file, text->Bytes()); !written)
+        return written.error().Text();
+    return oldName.isEmpty() ? QString() : RenameTreeFile(place.AppFolder, oldName, name);
 }
 
 FileResult RemoveTreeFile(const TreePlace& place, const QString& tree) {
